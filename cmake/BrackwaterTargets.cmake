@@ -1,0 +1,64 @@
+# One place for what every target of the project shares: language, warnings, sanitizers, and the three kinds of
+# target (a library a folder, a tool, a test program a folder).
+
+find_package(PkgConfig REQUIRED)
+# Earlier builds of libgsf 1.14.50 have known overflows in the compound-file reader; Debian's +deb12u1 mends them.
+pkg_check_modules(GSF REQUIRED IMPORTED_TARGET libgsf-1>=1.14.50)
+pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
+pkg_check_modules(XML2 REQUIRED IMPORTED_TARGET libxml-2.0)
+pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-i18n icu-uc)
+find_package(fmt REQUIRED)
+
+add_library(brackwater_settings INTERFACE)
+target_compile_features(brackwater_settings INTERFACE cxx_std_20)
+target_include_directories(brackwater_settings INTERFACE "${CMAKE_SOURCE_DIR}/src")
+target_compile_options(brackwater_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                       -Woverloaded-virtual -Wconversion -Wsign-conversion -Wold-style-cast -fno-fast-math)
+if(BRACKWATER_WERROR)
+  target_compile_options(brackwater_settings INTERFACE -Werror)
+endif()
+if(BRACKWATER_SANITIZE)
+  target_compile_options(brackwater_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                         -fno-omit-frame-pointer)
+  target_link_options(brackwater_settings INTERFACE -fsanitize=address,undefined)
+endif()
+if(BRACKWATER_COVERAGE)
+  target_compile_options(brackwater_settings INTERFACE --coverage)
+  target_link_options(brackwater_settings INTERFACE --coverage)
+endif()
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  # Hardening for the program that reads other people's files.
+  target_compile_options(brackwater_settings INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2 -fPIE
+                         -D_GLIBCXX_ASSERTIONS)
+  target_link_options(brackwater_settings INTERFACE -pie -Wl,-z,relro,-z,now)
+endif()
+
+# brackwater_library(NAME LINKS target...): the sources of the current folder (not of folders below it) as a library.
+# A folder links only what it may use, so that a dependency in the wrong direction does not build.
+function(brackwater_library name)
+  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  if(sources)
+    add_library(${name} STATIC ${sources} ${headers})
+    target_link_libraries(${name} PUBLIC brackwater_settings ${ARG_LINKS})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE brackwater_settings ${ARG_LINKS})
+  endif()
+endfunction()
+
+# brackwater_tests(NAME LINKS target...): the sources of the current folder as one GoogleTest program.
+function(brackwater_tests name)
+  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE brackwater_settings brackwater_test_support ${ARG_LINKS} GTest::gtest_main
+                        GTest::gmock)
+  target_compile_definitions(${name} PRIVATE BRACKWATER_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                             BRACKWATER_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+endfunction()

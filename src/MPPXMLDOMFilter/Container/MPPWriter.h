@@ -1,0 +1,54 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPData.h"
+#include "MPPXMLDOMFilter/Container/MPPFormatReader.h"
+#include "MPPXMLDOMFilter/Container/MPPFormatWriter.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace brackwater {
+
+struct MPPProject;
+
+inline constexpr std::string_view kWriteToStreamException = "WriteToStreamException";
+inline constexpr std::string_view kReadFromStreamException = "ReadFromStreamException";
+
+/// Writes one entry of the output. This base class is the copier: it takes the entry's bytes from the template. Stream
+/// writers derive from it.
+class MPPWriter {
+public:
+    /// Both are shared with the walk and held for the object's life.
+    MPPWriter(std::shared_ptr<MPPFormatWriter> writer, std::shared_ptr<MPPFormatReader> reader);
+    virtual ~MPPWriter();
+    MPPWriter(const MPPWriter&) = delete;
+    MPPWriter& operator=(const MPPWriter&) = delete;
+
+    /// Writes the entry; false on failure, and `failureReason` then tells why. `project` may be null: the copier does
+    /// not look at it, stream writers answer false.
+    virtual bool writeDataForProject(MPPProject* project);
+    /// Why the entry could not be written, for the log: "NAME: REASON" of an exception, or a sentence. Empty when all
+    /// went well.
+    [[nodiscard]] const std::string& failureReason() const noexcept { return _failureReason; }
+
+    /// Writes the bytes of a buffer and clears it, whatever the write returned.
+    static bool flushData(MPPData& data, MPPFormatWriter& writer);
+
+protected:
+    /// Copies one stream; false for a reader that is a storage, true at once for an empty stream.
+    bool writeStreamFromReader(MPPFormatReader& reader, MPPFormatWriter& writer);
+    /// Copies the named child stream of this entry; raises on failure.
+    void copyChildFromTemplate(const std::string& name);
+
+    [[nodiscard]] MPPFormatWriter& writer() const noexcept { return *_writer; }
+    [[nodiscard]] MPPFormatReader& reader() const noexcept { return *_reader; }
+    void setFailureReason(std::string reason);
+
+private:
+    std::shared_ptr<MPPFormatWriter> _writer;
+    std::shared_ptr<MPPFormatReader> _reader;
+    std::string _failureReason;
+};
+
+} // namespace brackwater

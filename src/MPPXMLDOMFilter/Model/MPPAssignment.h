@@ -1,0 +1,61 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Model/RecordReference.h"
+#include "Platform/Date.h"
+#include "Platform/Guid.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brackwater {
+
+struct MPPAssignmentBaseline {
+    double work = 0; ///< hours
+    std::optional<Date> start;
+    std::optional<Date> finish;
+};
+
+/// A stretch of an assignment's work; the mapping leaves an assignment's list of them empty.
+struct MPPAssignmentPhase {
+    std::uint32_t startShift = 0;
+    std::uint32_t finishShift = 0;
+    double work = 0;
+    double workPerDay = 8.0;
+};
+
+/// A resource's work on a task. Work is in hours; 100 % of units is 10000.0.
+struct MPPAssignment {
+    MPPAssignment() : _GUID(Guid::random()) {}
+
+    std::uint64_t ID = 0;
+    TaskReference task;
+    ResourceReference resource; ///< unset: work without a resource
+    std::optional<std::string> notes;
+    double work = 0;
+    double actualWork = 0;
+    double remainingWork = 0;
+    double assignmentUnits = 10000.0;
+    double cost = 0;
+    double actualCost = 0;
+    double remainingCost = 0;
+    std::optional<Date> creationDate;
+    std::optional<Date> startDate;
+    std::optional<Date> finishDate;
+    std::optional<Date> stopDate;
+    std::optional<Date> resumeDate;
+    std::vector<std::shared_ptr<MPPAssignmentBaseline>> baselines;
+    std::shared_ptr<MPPAssignmentBaseline> baseline0;
+    std::vector<MPPAssignmentPhase> assignmentPhases;
+
+    [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    [[nodiscard]] std::uint16_t getDelay() const { return 0; }
+    [[nodiscard]] std::string description() const;
+
+private:
+    Guid _GUID;
+};
+
+} // namespace brackwater

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Model/MPPCalendar.h"
+#include "MPPXMLDOMFilter/Model/MPPExtendedAttribute.h"
+#include "MPPXMLDOMFilter/Model/RecordReference.h"
+#include "Platform/Date.h"
+#include "Platform/Guid.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brackwater {
+
+struct MPPResourceBaseline {
+    double work = 0; ///< hours
+    double cost = 0;
+};
+
+/// A resource: work, material or cost. Accessors named `get...` and `has...` are what the streams are written in terms
+/// of; those without a field behind them give a value that the system does not model its one defined place.
+struct MPPResource {
+    /// A work resource with a random GUID.
+    MPPResource() : MPPResource(Guid::random()) {}
+    explicit MPPResource(const Guid& guid) : _GUID(guid) {}
+
+    std::uint64_t ID = 0; ///< 1 to n after preprocessing
+    std::optional<std::string> name;
+    std::optional<std::string> initials;
+    std::optional<std::string> group;
+    std::optional<std::string> code;
+    std::optional<std::string> emailAddress;
+    std::optional<std::string> notes;
+    std::vector<std::string> customFieldsText; ///< by position, as a task's customFieldValues
+    std::optional<Date> availableFromDate;
+    std::optional<Date> availableToDate;
+    double maxUnits = 100.0; ///< percent
+    double costPerUse = 0.0;
+    double standartRate = 0.0; ///< hourly
+    CalendarReference calendar;
+    std::vector<std::shared_ptr<MPPResourceBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
+    std::shared_ptr<MPPResourceBaseline> baseline0;              ///< the first baseline
+
+    /// Custom fields as the mapping found them; post-processing turns them into `customFieldsText`.
+    std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
+
+    [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    /// 0 work, 1 material or cost.
+    [[nodiscard]] std::uint64_t type() const noexcept { return _type; }
+    [[nodiscard]] bool isCostType() const noexcept { return _isCostType; }
+    [[nodiscard]] bool isCostResource() const noexcept { return _isCostType; }
+    void setResourceTypeWork() noexcept { setType(0, false); }
+    void setResourceTypeMaterial() noexcept { setType(1, false); }
+    void setResourceTypeCost() noexcept { setType(1, true); }
+
+    [[nodiscard]] std::optional<Date> getAvailableFrom() const { return availableFromDate; }
+    [[nodiscard]] std::optional<Date> getAvailableTo() const { return availableToDate; }
+    [[nodiscard]] std::uint32_t getResourceType() const { return static_cast<std::uint32_t>(_type); }
+    [[nodiscard]] std::uint16_t getStandartRateFormatType() const { return 2; } ///< an hour
+    [[nodiscard]] std::uint16_t getOvertimeRateFormatType() const { return 2; } ///< an hour
+    [[nodiscard]] std::uint16_t getAccrueAtType() const { return 3; }           ///< prorated
+    [[nodiscard]] double getStandartRate() const { return standartRate; }
+    [[nodiscard]] double getMaxUnits() const { return maxUnits * 100.0; }
+    [[nodiscard]] double getCostPerUse() const { return costPerUse * 100.0; }
+    [[nodiscard]] double getOverTimeRate() const { return 0.0; }
+    [[nodiscard]] double getWork() const { return 0.0; }
+    [[nodiscard]] double getActualWork() const { return 0.0; }
+    [[nodiscard]] double getOvertimeWork() const { return 0.0; }
+    [[nodiscard]] double getRemainingWork() const { return 0.0; }
+    [[nodiscard]] double getRegularWork() const { return 0.0; }
+    [[nodiscard]] double getActualOvertimeWork() const { return 0.0; }
+    [[nodiscard]] double getPeakUnits() const { return 0.0; }
+    [[nodiscard]] double getActualCost() const { return 0.0; }
+    [[nodiscard]] double getCost() const { return 0.0; }
+    [[nodiscard]] double getRemainingCost() const { return 0.0; }
+    [[nodiscard]] double getOvertimeCost() const { return 0.0; }
+    [[nodiscard]] double getActualOvertimeCost() const { return 0.0; }
+    [[nodiscard]] double getRemainingOvertimeCost() const { return 0.0; }
+    [[nodiscard]] bool getBudget() const { return false; }
+    /// Presence: an empty string counts.
+    [[nodiscard]] bool hasInitials() const { return initials.has_value(); }
+    [[nodiscard]] bool hasGroup() const { return group.has_value(); }
+    [[nodiscard]] bool hasCode() const { return code.has_value(); }
+    [[nodiscard]] bool hasNotes() const { return notes.has_value(); }
+    [[nodiscard]] bool hasEmailAddress() const { return emailAddress.has_value(); }
+    [[nodiscard]] bool hasWindowsAccount() const { return false; }
+    [[nodiscard]] bool hasMaterialLabel() const { return false; }
+    [[nodiscard]] bool hasBookingType() const { return false; }
+    /// True when the text field at a position, counted from 1, has a non-empty string.
+    [[nodiscard]] bool hasCustomFieldText(std::size_t position) const;
+
+    [[nodiscard]] std::string description() const;
+
+private:
+    void setType(std::uint64_t type, bool isCost) noexcept {
+        _type = type;
+        _isCostType = isCost;
+    }
+
+    Guid _GUID;
+    std::uint64_t _type = 0;
+    bool _isCostType = false;
+};
+
+} // namespace brackwater

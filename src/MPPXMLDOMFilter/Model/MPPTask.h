@@ -1,0 +1,123 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Model/MPPCalendar.h"
+#include "MPPXMLDOMFilter/Model/MPPExtendedAttribute.h"
+#include "MPPXMLDOMFilter/Model/RecordReference.h"
+#include "Platform/Date.h"
+#include "Platform/Guid.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brackwater {
+
+/// What a baseline holds of a task. A task without one reads as zeros and null dates.
+struct MPPTaskBaseline {
+    double duration = 0; ///< seconds
+    double cost = 0;
+    double work = 0; ///< hours
+    std::optional<Date> start;
+    std::optional<Date> finish;
+};
+
+/// A task. Work is in hours, durations in seconds, percentages are whole numbers.
+///
+/// The accessors named `get...` give every value that the system does not model one defined place; the streams are
+/// written in terms of them. Some answer null or 0 although a field of the same name exists: a stream that wants the
+/// field reads the field.
+struct MPPTask {
+    MPPTask() : _GUID(Guid::random()) {}
+    virtual ~MPPTask() = default;
+    MPPTask(const MPPTask&) = delete;
+    MPPTask& operator=(const MPPTask&) = delete;
+
+    std::optional<std::string> title;
+    std::uint64_t ID = 0;      ///< 0 for the project, 1 to n after preprocessing
+    MPPTask* parent = nullptr; ///< not owned
+    std::uint64_t outlineLevel = 0;
+    std::uint64_t priority = 500;
+    std::int32_t taskType = 0; ///< MSPDI task type number
+    std::optional<std::string> notes;
+    std::optional<Date> createDate;
+    std::optional<Date> startDate;
+    std::optional<Date> endDate;
+    std::optional<Date> actualStart;
+    std::optional<Date> stop;
+    std::optional<Date> resume;
+    std::optional<Date> constraintDate;
+    bool estimated = true;
+    bool ignoreResourceCalendar = false;
+    bool milestone = false;
+    bool levelingCanSplit = true;
+    double work = 0;
+    double remainingWork = 0;
+    double actualWork = 0;
+    double duration = 0;
+    double actualDuration = 0;
+    double remainingDuration = 0;
+    std::uint64_t percentageComplete = 0;
+    std::uint64_t percentageWorkComplete = 0;
+    std::vector<std::shared_ptr<MPPTaskBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
+    std::vector<std::string> customFieldValues; ///< by position: index 0 is text field 1; an empty string is unset
+    CalendarReference calendar;
+    std::int32_t constraintType = 0; ///< MSPDI constraint type number
+    double cost = 0;
+    double fixedCost = 0;
+    double actualCost = 0;
+    double remainingCost = 0;
+    std::shared_ptr<MPPTaskBaseline> baseline0; ///< the first baseline, apart from `baselines`
+
+    /// Custom fields as the mapping found them; post-processing turns them into `customFieldValues`.
+    std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
+
+    [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    /// `parent`'s ID; 0xFFFFFFFF without one.
+    [[nodiscard]] std::uint32_t parentTaskID() const;
+    /// `calendar`'s ID; 0xFFFFFFFF without one.
+    [[nodiscard]] std::uint32_t calendarID() const;
+
+    [[nodiscard]] std::optional<Date> getEarlyStart() const { return startDate; }
+    [[nodiscard]] std::optional<Date> getLateStart() const { return startDate; }
+    [[nodiscard]] std::optional<Date> getEarlyFinish() const { return endDate; }
+    [[nodiscard]] std::optional<Date> getLateFinish() const { return endDate; }
+    [[nodiscard]] std::optional<Date> getActualStart() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getActualFinish() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getBaselineStart() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getBaselineFinish() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getPreleveledStart() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getPreleveledFinish() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getDeadline() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getStop() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getResume() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getSummaryProgress() const { return std::nullopt; }
+    [[nodiscard]] double getFreeSlack() const { return 0.0; }
+    [[nodiscard]] double getStartSlack() const { return 0.0; }
+    [[nodiscard]] double getFinishSlack() const { return 0.0; }
+    [[nodiscard]] double getBaselineDuration() const { return 0.0; }
+    [[nodiscard]] double getLevelingDelay() const { return 0.0; }
+    [[nodiscard]] double getBaselineWork() const { return 0.0; }
+    [[nodiscard]] std::uint64_t getPercentageComplete() const { return 0; }
+    [[nodiscard]] std::uint64_t getPercentageWorkComplete() const { return 0; }
+    [[nodiscard]] std::uint16_t getFixedCostAccrual() const { return 3; }
+    [[nodiscard]] bool getRecurring() const { return false; }
+    [[nodiscard]] bool getMarked() const { return false; }
+    [[nodiscard]] virtual bool getSplits() const { return false; }
+    [[nodiscard]] bool getRollup() const { return false; }
+    [[nodiscard]] bool getHideBar() const { return false; }
+    [[nodiscard]] virtual bool getEffortDriven() const { return true; }
+    [[nodiscard]] bool getExpanded() const { return true; }
+    [[nodiscard]] bool getLevelAssignments() const { return true; }
+
+    [[nodiscard]] virtual std::string description() const;
+
+protected:
+    [[nodiscard]] std::string descriptionAs(const char* className) const;
+
+private:
+    Guid _GUID;
+};
+
+} // namespace brackwater

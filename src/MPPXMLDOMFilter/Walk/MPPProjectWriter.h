@@ -1,0 +1,31 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Container/MPPWriter.h"
+
+#include <memory>
+#include <string>
+
+namespace brackwater {
+
+/// Where and why a write stopped, for the driver's log line.
+struct MPPWriteFailure {
+    std::string entryPath; ///< "   112/TBkndCal", or the template's path where no entry was reached
+    std::string reason;
+};
+
+/// The walk: takes a template's tree entry by entry and has each entry written anew or copied.
+class MPPProjectWriter {
+public:
+    /// True when the whole file was written. On false `failure` (may be null) tells where and why, and the output
+    /// stands as far as it got.
+    static bool writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
+                             MPPWriteFailure* failure = nullptr);
+    static int getFormatVersionOfTemplateAtUrl(const FileURL& templateUrl);
+    static void preprocessProject(MPPProject& project);
+    /// Creates the child in the output and the writer that fits its name and its parent's; nothing when the child
+    /// cannot be created.
+    static std::unique_ptr<MPPWriter> createWriterForRootSonName(const std::string& name, MPPFormatWriter& parent,
+                                                                 std::shared_ptr<MPPFormatReader> reader);
+};
+
+} // namespace brackwater

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brackwater {
+
+inline constexpr std::string_view kXQueryErrorDomain = "lanthorn.TWMSPFilter.XQueryErrorDomain";
+inline constexpr std::string_view kGeneralErrorDomain = "lanthorn.TWMSPFilter.GeneralErrorDomain";
+
+/// What an optional item's absence is told by: code 0 means no error. Operations take it as an optional out parameter
+/// (`Error* error`, may be null) and leave it alone when all went well.
+struct Error {
+    std::string_view domain; ///< one of the two domains above
+    int code = 0;
+    std::string description;
+
+    /// True when an error was put here.
+    explicit operator bool() const noexcept { return code != 0; }
+};
+
+} // namespace brackwater

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace brackwater {
+
+/// Cuts a double towards zero to an integer type. A value that the type cannot hold gives its nearest limit, NaN gives
+/// 0. Every conversion of a double to an integer in the system goes through here.
+template <typename Integer>
+[[nodiscard]] Integer saturatingCut(double value) noexcept {
+    static_assert(std::is_integral_v<Integer>);
+    if (std::isnan(value))
+        return 0;
+    // The limits as doubles: the upper one is rounded up to a power of two where the type has more than 53 bits, so it
+    // is compared with >=.
+    constexpr double lowest = static_cast<double>(std::numeric_limits<Integer>::min());
+    constexpr double beyond = static_cast<double>(std::numeric_limits<Integer>::max() / 2 + 1) * 2.0;
+    if (value >= beyond)
+        return std::numeric_limits<Integer>::max();
+    if (value <= lowest)
+        return std::numeric_limits<Integer>::min();
+    return static_cast<Integer>(value);
+}
+
+} // namespace brackwater

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Platform/XMLElement.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace brackwater {
+
+/// An XML document in memory, and the owner of all its nodes.
+///
+/// The source is not trusted: no network, no entity is expanded, no external part is read, libxml2's limits on depth
+/// and text length stay on; a document that declares entities is refused, a DOCTYPE line without declarations is read
+/// over. A document that is not well-formed is read again in recovery mode, each repair logged as a line "WARNING: ..."
+/// that names file, line and fault; one that is empty, has no root or ends too early is refused.
+class XMLDocument {
+public:
+    /// Reads a file. Nothing where it gives no document; `reason` (may be null) then tells why.
+    [[nodiscard]] static std::unique_ptr<XMLDocument> readFile(const std::string& path, std::string* reason = nullptr);
+    /// The same for a text in memory; `name` stands for the file's path in log lines.
+    [[nodiscard]] static std::unique_ptr<XMLDocument> readText(std::string_view text, std::string_view name,
+                                                               std::string* reason = nullptr);
+    /// An empty document with a root element.
+    [[nodiscard]] static std::unique_ptr<XMLDocument> withRootElement(std::string_view name);
+
+    ~XMLDocument();
+    XMLDocument(const XMLDocument&) = delete;
+    XMLDocument& operator=(const XMLDocument&) = delete;
+
+    [[nodiscard]] XMLElement rootElement() const;
+    /// Pretty printed text with an XML declaration, empty elements compact.
+    [[nodiscard]] std::string serialized() const;
+
+private:
+    class Contents; ///< the library's document and the index by element name and id
+    explicit XMLDocument(std::unique_ptr<Contents> contents);
+    friend class XMLElement;
+
+    std::unique_ptr<Contents> _contents;
+};
+
+} // namespace brackwater

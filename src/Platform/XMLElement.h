@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Platform/Error.h"
+#include "Platform/XMLQuery.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct _xmlNode; // NOLINT: libxml2's own name; the library is included by this folder's sources only
+
+namespace brackwater {
+
+/// An element of an XML tree: a light handle that is copied freely and is valid as long as its XMLDocument. Names are
+/// local names.
+class XMLElement {
+public:
+    explicit XMLElement(_xmlNode* node) noexcept : _node(node) {}
+
+    [[nodiscard]] std::string_view name() const noexcept;
+    /// The text of the element and all elements below it.
+    [[nodiscard]] std::string stringValue() const;
+    [[nodiscard]] std::optional<std::string> attributeForName(std::string_view name) const;
+    [[nodiscard]] std::optional<XMLElement> parent() const noexcept;
+    /// The namespace URIs that this element declares, in document order.
+    [[nodiscard]] std::vector<std::string> namespaces() const;
+
+    /// The elements that the query finds relative to this one (from the root, where the query begins with "//"), in
+    /// document order. Queries for "task[@id='...']" and "//assignment[...]" go through an index that the document
+    /// builds once.
+    [[nodiscard]] std::vector<XMLElement> objectsForXQuery(const XMLQuery& query, Error* error = nullptr) const;
+    /// The number that objectsForXQuery would find and the last of them, without a list.
+    struct LastFound {
+        std::size_t count = 0;
+        std::optional<XMLElement> last;
+    };
+    [[nodiscard]] LastFound lastObjectForXQuery(const XMLQuery& query, Error* error = nullptr) const;
+
+    // Building. A document that is being changed must not have been queried by id before: the index is not updated.
+    void setAttribute(std::string_view name, std::string_view value);
+    XMLElement addChild(std::string_view name);
+    XMLElement insertChild(std::string_view name, int index);
+    void setStringValue(std::string_view text);
+    void addComment(std::string_view text);
+    void insertComment(std::string_view text, int index);
+
+    /// The handle's node, for this folder's sources.
+    [[nodiscard]] _xmlNode* node() const noexcept { return _node; }
+    friend bool operator==(const XMLElement&, const XMLElement&) = default;
+
+private:
+    _xmlNode* _node;
+};
+
+} // namespace brackwater

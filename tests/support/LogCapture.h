@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Platform/Log.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brackwater::test {
+
+/// Collects what is logged while it lives, one entry a message, without time stamps.
+class LogCapture : public LogSink {
+public:
+    void receive(std::string_view text) override { _lines.emplace_back(text); }
+    [[nodiscard]] const std::vector<std::string>& lines() const { return _lines; }
+    [[nodiscard]] std::string joined() const;
+    [[nodiscard]] bool contains(std::string_view text) const;
+
+private:
+    std::vector<std::string> _lines;
+};
+
+} // namespace brackwater::test
