@@ -56,6 +56,7 @@ function(brackwater_tests name)
     return()
   endif()
   add_executable(${name} ${sources})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
   target_link_libraries(${name} PRIVATE brackwater_settings brackwater_test_support ${ARG_LINKS} GTest::gtest_main
                         GTest::gmock)
   target_compile_definitions(${name} PRIVATE BRACKWATER_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
