@@ -19,6 +19,7 @@ public:
     void writeNextElementMetaWithID(std::uint64_t id, std::uint64_t type);
 
 private:
+    void requireElementLeft() const;
     void writeRecord(std::uint64_t id, std::uint64_t offset, std::uint64_t type);
 
     std::shared_ptr<const MPPVar2Data> _var2Data;

@@ -17,6 +17,7 @@ public:
     virtual void closeCurrentElement();
     void clearBuffer() override;
 
+    /// Elements begun so far; also the next element's index.
     [[nodiscard]] std::uint64_t elementsCount() const noexcept { return _elementOffsets.size(); }
     /// Bytes of the whole stream in front of the element.
     [[nodiscard]] std::uint64_t offsetOfElementAtIndex(std::uint64_t index) const;
@@ -25,6 +26,8 @@ protected:
     /// Offset of the open element in the present buffer.
     [[nodiscard]] std::size_t curElementOffset() const noexcept { return _curElementOffset; }
     [[nodiscard]] bool writingElement() const noexcept { return _writingElement; }
+    /// Raises when no element is open to be closed.
+    void requireOpenElement() const;
 
 private:
     std::vector<std::uint64_t> _elementOffsets;

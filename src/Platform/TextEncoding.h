@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace brackwater {
+
+/// Appends a UTF-8 text as ASCII, one byte a character. False, and nothing appended, when a character lies outside
+/// ASCII.
+[[nodiscard]] bool appendAsASCII(std::vector<std::uint8_t>& bytes, std::string_view text);
+
+/// Appends a UTF-8 text as UTF-16, little-endian, without byte-order mark. False, and nothing appended, when the text
+/// is not well-formed UTF-8.
+[[nodiscard]] bool appendAsUTF16LE(std::vector<std::uint8_t>& bytes, std::string_view text);
+
+} // namespace brackwater
