@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Platform/DateComponents.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace brackwater {
+
+/// Which fields of a date an operation read or wrote: a set of the bits below, or NSNotFound for a failure.
+using UnitMask = std::uint64_t;
+
+inline constexpr UnitMask kYearUnit = 4;
+inline constexpr UnitMask kMonthUnit = 8;
+inline constexpr UnitMask kDayUnit = 16;
+inline constexpr UnitMask kHourUnit = 32;
+inline constexpr UnitMask kMinuteUnit = 64;
+inline constexpr UnitMask kSecondUnit = 128;
+inline constexpr UnitMask kDateUnits = kYearUnit | kMonthUnit | kDayUnit;
+inline constexpr UnitMask kTimeUnits = kHourUnit | kMinuteUnit | kSecondUnit;
+inline constexpr UnitMask MSPCTimeZoneHourUnit = 0x200000;   ///< the zone's hours were given
+inline constexpr UnitMask MSPCTimeZoneMinuteUnit = 0x400000; ///< the zone's minutes were given
+inline constexpr UnitMask MSPCTimeZoneUTCUnit = 0x800000;    ///< the zone was given as UTC
+inline constexpr UnitMask MSPCTimeZoneMask = MSPCTimeZoneHourUnit | MSPCTimeZoneMinuteUnit | MSPCTimeZoneUTCUnit;
+inline constexpr UnitMask MSPCAllUnits = kDateUnits | kTimeUnits | MSPCTimeZoneMask;
+/// In place of a mask: failure.
+inline constexpr UnitMask NSNotFound = 0x7FFFFFFFFFFFFFFF;
+
+/// A broken-down date-time together with the zone in which its fields are to be read: UTC, or an offset from GMT in
+/// hours and minutes that both carry the offset's sign. New components count as UTC until told otherwise.
+class MSPCDateComponents : public DateComponents {
+public:
+    MSPCDateComponents() = default;
+    explicit MSPCDateComponents(const DateComponents& components) : DateComponents(components) {}
+
+    // Plain accessors; `fixUTC` brings isUTC in step with the offset.
+    [[nodiscard]] bool isUTC() const noexcept { return _isUTC; }
+    void setIsUTC(bool isUTC) noexcept { _isUTC = isUTC; }
+    [[nodiscard]] std::int64_t timeZoneHour() const noexcept { return _timeZoneHour; }
+    void setTimeZoneHour(std::int64_t hour) noexcept { _timeZoneHour = hour; }
+    [[nodiscard]] std::int64_t timeZoneMinute() const noexcept { return _timeZoneMinute; }
+    void setTimeZoneMinute(std::int64_t minute) noexcept { _timeZoneMinute = minute; }
+
+    /// Sets isUTC to whether both parts of the offset are 0.
+    void fixUTC() noexcept;
+    /// The offset that the two zone fields tell, in seconds east of Greenwich, isUTC aside; saturated.
+    [[nodiscard]] std::int64_t secondsFromGMT() const noexcept;
+
+    /// Writes the system zone's offset at `date` into the zone fields and leaves the wall clock alone; without a date
+    /// the offset is that of the fields as the system zone reads them. For a date in daylight time seen from a present
+    /// outside it, the offset is the present one plus the daylight time. `now` is the present. Answers MSPCAllUnits.
+    UnitMask forceSystemTimezoneforDate(std::optional<Date> date, Date now = Date::now());
+
+    // Moves of the wall clock to another zone. They answer MSPCAllUnits, or NSNotFound where the fields make no
+    // instant, and then leave the components as they were.
+
+    UnitMask convertToUTC();
+    /// The target is the system zone's offset at the instant that the fields mean in the system zone, whatever the
+    /// zone fields say: near a clock change that differs from the offset at the components' own instant.
+    UnitMask convertToSystemTimezone();
+    UnitMask convertToTimeZoneForSecondsFromGMT(std::int64_t seconds);
+
+    [[nodiscard]] std::string componentsDescription() const;
+    [[nodiscard]] std::string description() const;
+
+    friend bool operator==(const MSPCDateComponents&, const MSPCDateComponents&) = default;
+
+private:
+    bool _isUTC = true;
+    std::int64_t _timeZoneHour = 0;
+    std::int64_t _timeZoneMinute = 0;
+};
+
+} // namespace brackwater
