@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 struct _GsfInfile; // NOLINT: libgsf's own name; the library is included by this folder's sources only
 struct _GsfInput;  // NOLINT
@@ -36,10 +38,17 @@ public:
     [[nodiscard]] std::int64_t getDataSize() const;
     /// Reads the whole stream into a buffer of its size; a stream can be read once through one reader.
     bool getData(std::span<std::uint8_t> buffer);
+    /// The same into a buffer of its own. Nothing when the stream cannot be read, or claims more bytes than the file
+    /// has: a damaged file must not make the export ask for memory that no stream needs.
+    [[nodiscard]] std::optional<std::vector<std::uint8_t>> readAll();
 
 private:
+    MPPFormatReader(_GsfInput* node, std::int64_t fileSize);
+    [[nodiscard]] std::unique_ptr<MPPFormatReader> readerOfChild(_GsfInput* child) const;
+
     FileURL _mppFilePath;
     _GsfInput* _root = nullptr; ///< shared reference; null until opened
+    std::int64_t _fileSize;     ///< bytes of the whole file, the most that a stream of it can have
 };
 
 } // namespace brackwater

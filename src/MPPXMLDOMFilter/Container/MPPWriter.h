@@ -46,6 +46,8 @@ protected:
     void setFailureReason(std::string reason);
 
 private:
+    bool copyStreamsOfStorage();
+
     std::shared_ptr<MPPFormatWriter> _writer;
     std::shared_ptr<MPPFormatReader> _reader;
     std::string _failureReason;

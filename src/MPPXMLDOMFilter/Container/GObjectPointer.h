@@ -1,0 +1,23 @@
+#pragma once
+
+#include <gsf/gsf.h>
+
+#include <memory>
+
+namespace brackwater {
+
+struct GObjectRelease {
+    void operator()(gpointer object) const noexcept { g_object_unref(object); }
+};
+
+/// Owns one reference of an object of the compound-file library. Included by this folder's sources only.
+template <typename Object>
+using GObjectPointer = std::unique_ptr<Object, GObjectRelease>;
+
+/// A further reference of an object that someone else owns.
+template <typename Object>
+[[nodiscard]] GObjectPointer<Object> shareGObject(Object* object) {
+    return GObjectPointer<Object>(static_cast<Object*>(g_object_ref(object)));
+}
+
+} // namespace brackwater
