@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Platform/Date.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace brackwater {
+
+/// A time zone: a named one with its rules, or a fixed offset. Copies are cheap; two of the same zone share its rules.
+class TimeZone {
+public:
+    /// The system zone: from TZ (a zone's name, the path of its file, or a POSIX rule), or the machine's setting where
+    /// TZ is not set. Follows a changed TZ. A TZ that names no zone is UTC, as it is for the C library.
+    [[nodiscard]] static TimeZone system();
+    [[nodiscard]] static TimeZone forSecondsFromGMT(std::int64_t seconds);
+    [[nodiscard]] static std::optional<TimeZone> withName(const std::string& name);
+
+    [[nodiscard]] std::string name() const;
+    /// Offset east of Greenwich in seconds, daylight time included: now, and at an instant.
+    [[nodiscard]] std::int64_t secondsFromGMT() const;
+    [[nodiscard]] std::int64_t secondsFromGMT(Date date) const;
+    [[nodiscard]] bool isDaylightSavingTime() const;
+    [[nodiscard]] bool isDaylightSavingTime(Date date) const;
+    /// Seconds that daylight time adds at that instant; 0 outside it.
+    [[nodiscard]] double daylightSavingTimeOffset(Date date) const;
+
+    class Rules;
+    explicit TimeZone(std::shared_ptr<const Rules> rules);
+    [[nodiscard]] const Rules& rules() const { return *_rules; }
+
+private:
+    std::shared_ptr<const Rules> _rules;
+};
+
+} // namespace brackwater
