@@ -13,6 +13,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace brackwater {
@@ -57,12 +58,16 @@ struct MPPProject : MPPTask {
     [[nodiscard]] const std::unordered_set<std::uint32_t>& assignmentIDsSet() const;
     [[nodiscard]] const std::unordered_map<std::uint32_t, MPPAssignment*>& idToAssignmentMap() const;
 
+    /// Keeps a record that was taken out of a list alive, since others may still point at it.
+    void keepRemovedRecord(std::shared_ptr<const void> record) { _removedRecords.push_back(std::move(record)); }
+
     [[nodiscard]] bool getSplits() const override { return true; }
     [[nodiscard]] bool getEffortDriven() const override { return false; }
     [[nodiscard]] std::string description() const override;
 
 private:
     std::shared_ptr<MPPResource> _defaultResource;
+    std::vector<std::shared_ptr<const void>> _removedRecords;
     mutable std::optional<std::unordered_set<std::uint32_t>> _assignmentIDsSet;
     mutable std::optional<std::unordered_map<std::uint32_t, MPPAssignment*>> _idToAssignmentMap;
 };

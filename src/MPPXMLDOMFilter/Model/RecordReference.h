@@ -27,7 +27,8 @@ public:
     [[nodiscard]] Record* record() const {
         if (isUnset())
             return nullptr;
-        assertThat(!isProxy(), "Unresolved reference to the record with UID '{}'.", isProxy() ? proxyText() : "");
+        if (isProxy())
+            failAssertion("Unresolved reference to the record with UID '" + proxyText() + "'.");
         return &*std::get<Pointer>(_value);
     }
     /// The pointer itself; null when unset or a proxy.

@@ -1,0 +1,125 @@
+#include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
+
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "Platform/Exception.h"
+
+#include <array>
+#include <string>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::string_view kTooManyRangesException = "TooManyRangesException";
+constexpr std::size_t kMaxRanges = 5;
+constexpr std::size_t kRangesBlockSize = 58;
+constexpr std::uint32_t kMinutesPerDay = 24 * 60;
+constexpr std::uint32_t kTenths = 10;
+
+std::uint32_t minutesOf(const std::optional<MPPCalendarTime>& time) {
+    return time ? std::uint32_t{time->hours()} * 60 + time->minutes() : 0;
+}
+
+// An end of 00:00 is the end of the day; a range that ends before it begins has no length.
+std::uint32_t lengthInMinutes(std::uint32_t start, std::uint32_t end) {
+    if (start < end)
+        return end - start;
+    return end == 0 ? kMinutesPerDay - start : 0;
+}
+
+void writeRanges(MPPData& data, const MPPRangeList& ranges) {
+    if (ranges.empty()) {
+        data.writeZeroesBlockOfSize(kRangesBlockSize);
+        return;
+    }
+    if (ranges.size() > kMaxRanges)
+        throw Exception(kTooManyRangesException, "Not more than 5 time ranges can be written to a calendar");
+
+    // Tenths of a minute; zeros past the last range.
+    std::array<std::uint32_t, kMaxRanges> starts{};
+    std::array<std::uint32_t, kMaxRanges> lengths{};
+    std::array<std::uint32_t, kMaxRanges> runningTotals{};
+    std::uint32_t total = 0;
+    for (std::size_t i = 0; i < ranges.size(); ++i) {
+        const std::uint32_t start = minutesOf(ranges[i]->start);
+        starts[i] = start * kTenths;
+        lengths[i] = lengthInMinutes(start, minutesOf(ranges[i]->end)) * kTenths;
+        total += lengths[i];
+        runningTotals[i] = total;
+    }
+
+    RowBuilder<kRangesBlockSize> block;
+    block.at(0).lowWord(ranges.size());
+    block.at(2).integer(total);
+    for (std::size_t i = 0; i < kMaxRanges; ++i)
+        block.at(6 + 2 * i).lowWord(starts[i]);
+    block.at(16).word(0);
+    for (std::size_t i = 0; i < kMaxRanges; ++i)
+        block.at(18 + 4 * i).integer(lengths[i]);
+    for (std::size_t i = 0; i < kMaxRanges; ++i)
+        block.at(38 + 4 * i).integer(runningTotals[i]);
+    block.end(data);
+}
+
+// 60 bytes. A day without a list of its own takes its hours from the base calendar.
+void writeWorkingDay(MPPData& data, const MPPRangeList* ranges) {
+    static const MPPRangeList kNoRanges;
+    data.write2ByteInteger(ranges ? 0 : 1);
+    writeRanges(data, ranges ? *ranges : kNoRanges);
+}
+
+// Seven days, Sunday first.
+void writeWeek(MPPData& data, const MPPCalendarWorkWeek& week) {
+    for (const MPPDayRanges* day : week.days())
+        writeWorkingDay(data, day->get());
+}
+
+// A length in bytes, then the text and its terminator; no text is a length of 0 alone.
+void writeAlignedName(MPPData& data, const std::optional<std::string>& name) {
+    const std::size_t lengthOffset = data.dataSize();
+    data.writeInteger(0);
+    if (!name)
+        return;
+    const std::size_t begin = data.dataSize();
+    data.writeString(*name, MPPEncoding::Unicode);
+    const std::size_t length = data.dataSize() - begin;
+    data.writeIntegerAtOffset(static_cast<std::uint32_t>(length), lengthOffset);
+    data.writeZeroesBlockOfSize(length % 4);
+}
+
+void writeCalendarException(MPPData& data, const MPPCalendarException& exception) {
+    data.writeDaysFromDate(exception.startDate);
+    data.writeDaysFromDate(exception.endDate);
+    data.write2ByteInteger(2);
+    data.writeZeroesBlockOfSize(8);
+    writeRanges(data, exception.workRanges);
+    data.writeInteger(1);
+    data.writeInteger(0);
+    data.writeInteger(1);
+    data.writeInteger(0);
+    writeAlignedName(data, exception.name);
+}
+
+void writeWorkWeek(MPPData& data, const MPPCalendarWorkWeek& week, std::uint32_t number) {
+    writeWeek(data, week);
+    data.writeDaysFromDate(week.startDate);
+    data.writeDaysFromDate(week.endDate);
+    data.writeInteger(number);
+    data.writeInteger(0);
+    writeAlignedName(data, week.name);
+}
+
+} // namespace
+
+void writeCalendarBlock(MPPData& data, const MPPCalendar& calendar, std::uint32_t& workWeekCounter) {
+    static const MPPCalendarWorkWeek kNothingSaid;
+    writeWeek(data, calendar.defaultWorkWeek ? *calendar.defaultWorkWeek : kNothingSaid);
+    data.writeInteger(static_cast<std::uint32_t>(calendar.exceptions.size()));
+    for (const auto& exception : calendar.exceptions)
+        writeCalendarException(data, *exception);
+    data.writeInteger(static_cast<std::uint32_t>(calendar.workWeeks.size()));
+    for (const auto& week : calendar.workWeeks)
+        writeWorkWeek(data, *week, workWeekCounter++);
+}
+
+} // namespace brackwater

@@ -1,0 +1,366 @@
+#include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
+
+#include "MPPXMLDOMFilter/Streams/PlannedWork.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
+#include "Platform/Log.h"
+
+#include <algorithm>
+#include <array>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::string_view kTooManyBaselines = "It is not permitted to write more than 10 baselines";
+
+constexpr std::uint16_t kDescriptionEnding = 3904; // 0x0F40
+constexpr std::size_t kFixedRowSize = 142;
+constexpr std::size_t kFixedMetaSize = 34;
+constexpr std::size_t kFixed2RowSize = 48;
+constexpr std::size_t kFixed2MetaSize = 53;
+
+// Types of elements in "Var2Data".
+constexpr std::uint64_t kPlannedWorkType = 49;
+constexpr std::uint64_t kCompleteWorkType = 50;
+constexpr std::uint64_t kNotesType = 71;
+constexpr std::uint64_t kMomentOfWritingType = 634;
+constexpr std::uint64_t kType665 = 665; // meaning unknown: 16 zero bytes, as 667
+constexpr std::uint64_t kType667 = 667;
+constexpr std::array<std::uint16_t, 10> kBaselineWorkTypes = {289, 298, 307, 316, 325, 334, 343, 352, 361, 370};
+constexpr std::array<std::uint16_t, 10> kBaselineStartTypes = {295, 304, 313, 322, 331, 340, 349, 358, 367, 376};
+constexpr std::array<std::uint16_t, 10> kBaselineFinishTypes = {296, 305, 314, 323, 332, 341, 350, 359, 368, 377};
+
+// What stands for the resource of work without one. The GUID differs from the default resource's in its first byte.
+constexpr std::uint32_t kNoResourceID = 0xFFFF0001;
+constexpr Guid kNoResourceGuid{
+    Guid::Bytes{0x78, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xFF}};
+
+std::uint16_t baselineType(const std::array<std::uint16_t, 10>& types, std::size_t index) {
+    if (index < 1 || index > types.size())
+        throw Exception(kTooManyBaselinesException, std::string(kTooManyBaselines));
+    return types[index - 1];
+}
+
+// An assignment without a first baseline shows no work and no dates.
+MPPAssignmentBaseline firstBaselineOf(const MPPAssignment& assignment) {
+    return assignment.baseline0 ? *assignment.baseline0 : MPPAssignmentBaseline{};
+}
+
+bool hasActualWork(const MPPAssignment& assignment) { return assignment.actualWork > 0; }
+
+const MPPTask& taskOf(const MPPAssignment& assignment) {
+    const MPPTask* task = assignment.task.record();
+    assertThat(task != nullptr, "Assignment {} has no task.", assignment.ID);
+    return *task;
+}
+
+} // namespace
+
+std::uint16_t MPP12AssignmentWriter::getaselineWorkTypeForIndex(std::size_t index) {
+    return baselineType(kBaselineWorkTypes, index);
+}
+
+std::uint16_t MPP12AssignmentWriter::getaselineStartTypeForIndex(std::size_t index) {
+    return baselineType(kBaselineStartTypes, index);
+}
+
+std::uint16_t MPP12AssignmentWriter::getaselineFinishTypeForIndex(std::size_t index) {
+    return baselineType(kBaselineFinishTypes, index);
+}
+
+void MPP12AssignmentWriter::writeSteps() {
+    writeVar2Data();
+    writeVarMeta();
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+    copyChildFromTemplate("Props");
+}
+
+// "Var2Data" and its index.
+
+void MPP12AssignmentWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data");
+    const Date momentOfWriting = Date::now();
+    for (const auto& assignment : project().assignments) {
+        writeAssignmentVar2Data(*assignment, momentOfWriting);
+        stream.flush(*_var2Data);
+    }
+    stream.finish(*_var2Data);
+}
+
+void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignment, Date momentOfWriting) {
+    MPPVar2Data& data = *_var2Data;
+    const auto element = [&](std::uint64_t type, auto writePayload) {
+        data.startNewElementWithType(type, assignment.ID);
+        writePayload();
+        data.closeCurrentElement();
+    };
+    const auto date = [&](const std::optional<Date>& value) { data.writeInteger(_dates(value).bytes); };
+
+    element(kPlannedWorkType, [&] { writePlannedWork(data, assignment); });
+    if (hasActualWork(assignment))
+        element(kCompleteWorkType, [&] { writeCompleteWork(data, assignment); });
+    if (hasText(assignment.notes))
+        element(kNotesType, [&] { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
+    for (std::size_t i = 0; i < assignment.baselines.size(); ++i) {
+        const MPPAssignmentBaseline& baseline = *assignment.baselines[i];
+        element(getaselineWorkTypeForIndex(i + 1), [&] { data.writeDouble(thousandthsOfMinute(baseline.work)); });
+        element(getaselineStartTypeForIndex(i + 1), [&] { date(baseline.start); });
+        element(getaselineFinishTypeForIndex(i + 1), [&] { date(baseline.finish); });
+    }
+    element(kMomentOfWritingType, [&] { date(momentOfWriting); });
+    element(kType665, [&] { data.writeZeroesBlockOfSize(16); });
+    element(kType667, [&] { data.writeZeroesBlockOfSize(16); });
+}
+
+namespace {
+
+void writeMetaForAssignment(MPP12VarMeta& varMeta, const MPPAssignment& assignment) {
+    const auto record = [&](std::uint64_t type) { varMeta.writeElementMetaWithType(type, assignment.ID); };
+    record(kPlannedWorkType);
+    if (hasActualWork(assignment))
+        record(kCompleteWorkType);
+    if (hasText(assignment.notes))
+        record(kNotesType);
+    for (std::size_t i = 0; i < assignment.baselines.size(); ++i) {
+        record(MPP12AssignmentWriter::getaselineWorkTypeForIndex(i + 1));
+        record(MPP12AssignmentWriter::getaselineStartTypeForIndex(i + 1));
+        record(MPP12AssignmentWriter::getaselineFinishTypeForIndex(i + 1));
+    }
+    record(kMomentOfWritingType);
+    record(kType665);
+    record(kType667);
+}
+
+} // namespace
+
+void MPP12AssignmentWriter::writeVarMeta() {
+    StreamOutput stream(writer(), "VarMeta");
+    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    varMeta.writeMetaHeader();
+    for (const auto& assignment : project().assignments) {
+        writeMetaForAssignment(varMeta, *assignment);
+        stream.flush(varMeta);
+    }
+    stream.finish(varMeta);
+}
+
+// "FixedData" and its index: a row for each ID up to the last. After preprocessing every ID has its assignment.
+
+std::uint64_t MPP12AssignmentWriter::lastID() const {
+    return project().assignments.empty() ? 0 : project().assignments.back()->ID;
+}
+
+const MPPAssignment* MPP12AssignmentWriter::assignmentWithID(std::uint64_t id) const {
+    const auto& assignments = project().assignments;
+    if (id <= assignments.size() && assignments[id - 1]->ID == id) // always so after preprocessing
+        return assignments[id - 1].get();
+    const auto found = project().idToAssignmentMap().find(static_cast<std::uint32_t>(id));
+    return found == project().idToAssignmentMap().end() ? nullptr : found->second;
+}
+
+void MPP12AssignmentWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData");
+    const std::uint64_t last = lastID();
+    for (std::uint64_t id = 1; id <= last; ++id) {
+        if (const MPPAssignment* assignment = assignmentWithID(id))
+            writeAssignmentFixedData(*assignment);
+        else
+            writeHoleFixedData(id);
+        stream.flush(*_fixedData);
+    }
+    stream.finish(*_fixedData);
+}
+
+void MPP12AssignmentWriter::writeHoleFixedData(std::uint64_t id) {
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(id);
+    row.at(4).zeroes(138);
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+namespace {
+
+// Units and work of a row, as the kind of resource shows them. Work is in thousandths of a minute.
+struct Amounts {
+    double units;
+    double work;
+    double actualWork;
+    double remainingWork;
+};
+
+Amounts amountsOfWork(const MPPAssignment& assignment) {
+    return {assignment.assignmentUnits, thousandthsOfMinute(assignment.work),
+            thousandthsOfMinute(assignment.actualWork), thousandthsOfMinute(assignment.remainingWork)};
+}
+
+// Material and cost: the units are the quantity, and the part of the work that is done is the part that is used.
+Amounts amountsOfMaterial(const MPPAssignment& assignment) {
+    const double units = assignment.assignmentUnits / 10000.0;
+    const double quantity = thousandthsOfMinute(units);
+    const double done = assignment.work == 0 ? 0.0 : (assignment.work - assignment.remainingWork) / assignment.work;
+    return {units, quantity, done * quantity, (1.0 - done) * quantity};
+}
+
+void logAssignment(const MPPAssignment& assignment) {
+    logLine("+++ curAssignment: <MPPAssignment>, work: {:f} resource: {}", assignment.work,
+            assignment.resource.record() ? "<MPPResource>" : "(null)");
+}
+
+} // namespace
+
+void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assignment) {
+    logAssignment(assignment);
+    const MPPResource* resource = assignment.resource.record();
+    const bool isMaterial = resource && resource->getResourceType() != 0;
+    const Amounts amounts = isMaterial ? amountsOfMaterial(assignment) : amountsOfWork(assignment);
+    const MPPAssignmentBaseline baseline = firstBaselineOf(assignment);
+
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(assignment.ID);
+    row.at(4).lowInteger(taskOf(assignment).ID);
+    row.at(8).lowInteger(resource ? resource->ID : kNoResourceID);
+    row.at(12).date(_dates(assignment.startDate));
+    row.at(16).date(_dates(assignment.finishDate));
+    row.at(20).date(_dates(assignment.resumeDate));
+    row.at(24).word(assignment.getDelay());
+    row.at(26).integer(0x00070000);
+    row.at(30).zeroes(6);
+    row.at(36).date(_dates(baseline.start));
+    row.at(40).date(_dates(baseline.finish));
+    row.at(44).date(_dates(assignment.stopDate));
+    row.at(48).integer(1);
+    row.at(52).word(0);
+    row.at(54).real(amounts.units);
+    row.at(62).real(amounts.work);
+    row.at(70).real(amounts.actualWork);
+    row.at(78).real(amounts.work); // regular work
+    row.at(86).real(amounts.remainingWork);
+    row.at(94).real(thousandthsOfMinute(baseline.work));
+    row.at(102).real(assignment.cost);
+    row.at(110).real(assignment.actualCost);
+    row.at(118).real(assignment.remainingCost);
+    row.at(126).zeroes(16);
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+namespace {
+
+void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment, std::uint64_t elements) {
+    const bool actual = hasActualWork(assignment);
+    const bool notes = hasText(assignment.notes);
+    fixedMeta.writeNextElementStartWithInt(static_cast<std::uint32_t>(elements << 16));
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).word(static_cast<std::uint16_t>((actual ? 0x3021 : 0x3001) | (notes ? 0x8000 : 0)));
+    record.at(10).integer(0x7FFFFFD0);
+    record.at(14).word(static_cast<std::uint16_t>((actual ? 0xA0 : 0x20) | (notes ? 0x10 : 0)));
+    record.at(16).zeroes(18);
+    record.end(fixedMeta);
+}
+
+void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
+    fixedMeta.writeNextElementStartWithInt(2);
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).integer(1);
+    record.at(12).zeroes(22);
+    record.end(fixedMeta);
+}
+
+} // namespace
+
+void MPP12AssignmentWriter::writeFixedMeta() {
+    StreamOutput stream(writer(), "FixedMeta");
+    MPPFixedMeta fixedMeta(_fixedData);
+    fixedMeta.writeMetaHeader();
+    const std::uint64_t last = lastID();
+    for (std::uint64_t id = 1; id <= last; ++id) {
+        if (const MPPAssignment* assignment = assignmentWithID(id))
+            writeAssignmentFixedMeta(fixedMeta, *assignment, _var2Data->numberOfElementsForID(assignment->ID));
+        else
+            writeHoleFixedMeta(fixedMeta);
+        stream.flush(fixedMeta);
+    }
+    stream.finish(fixedMeta);
+}
+
+// "Fixed2Data" and its index.
+
+void MPP12AssignmentWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data");
+    for (const auto& assignment : project().assignments) {
+        const MPPResource* resource = assignment->resource.record();
+        _fixed2Data->startNewElement();
+        RowBuilder<kFixed2RowSize> row;
+        row.at(0).guid(assignment->GUID());
+        row.at(16).guid(taskOf(*assignment).GUID());
+        row.at(32).guid(resource ? resource->GUID() : kNoResourceGuid);
+        row.end(*_fixed2Data);
+        _fixed2Data->closeCurrentElement();
+        stream.flush(*_fixed2Data);
+    }
+    stream.finish(*_fixed2Data);
+}
+
+namespace {
+
+// Meaning of the bits unknown, beyond that they tell which baselines there are.
+std::array<std::uint8_t, 17> presenceOfBaselines(std::size_t baselines) {
+    std::array<std::uint8_t, 17> block{};
+    for (std::size_t i = 0; i < baselines; ++i) {
+        block[i / 2] |= static_cast<std::uint8_t>(i % 2 == 1 ? 0x03 : 0x30);
+        block[i + 5] = 0xFD;
+    }
+    block[15] = 0x40;
+    block[16] = 1;
+    block[baselines + 5] |= 1;
+    return block;
+}
+
+} // namespace
+
+void MPP12AssignmentWriter::writeFixed2Meta() {
+    StreamOutput stream(writer(), "Fixed2Meta");
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    fixed2Meta.writeMetaHeader();
+    for (const auto& assignment : project().assignments) {
+        fixed2Meta.writeNextElementStartWithInt(0);
+        MetaRecordBuilder<kFixed2MetaSize> record;
+        record.at(8).integer(123);
+        record.at(12).zeroes(20);
+        record.at(32).integer(0x00800000);
+        record.at(36).bytes(presenceOfBaselines(assignment->baselines.size()));
+        record.end(fixed2Meta);
+        stream.flush(fixed2Meta);
+    }
+    stream.finish(fixed2Meta);
+}
+
+void MPP12AssignmentWriter::preprocessProject(MPPProject& project) {
+    std::vector<std::shared_ptr<MPPAssignment>> kept;
+    kept.reserve(project.assignments.size());
+    for (auto& assignment : project.assignments) {
+        if (assignment->task.record())
+            kept.push_back(std::move(assignment));
+        else
+            project.keepRemovedRecord(std::move(assignment));
+    }
+    project.assignments = std::move(kept);
+
+    std::stable_sort(project.assignments.begin(), project.assignments.end(),
+                     [](const auto& left, const auto& right) { return left->ID < right->ID; });
+    std::uint64_t nextID = 1;
+    for (const auto& assignment : project.assignments) {
+        assignment->ID = nextID++;
+        moveFirstBaselineOut(*assignment);
+    }
+}
+
+} // namespace brackwater

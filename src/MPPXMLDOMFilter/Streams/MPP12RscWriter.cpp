@@ -1,0 +1,422 @@
+#include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
+
+#include "MPPXMLDOMFilter/Buffers/MPPProps.h"
+#include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::string_view kUnknownBaselineWorkException = "UnknownBaselineWorkException";
+constexpr std::string_view kUnknownBaselineCostException = "UnknownBaselineCostException";
+
+constexpr std::uint16_t kDescriptionEnding = 3136; // 0x0C40
+constexpr std::size_t kFixedRowSize = 188;
+constexpr std::size_t kFixedMetaSize = 37;
+constexpr std::size_t kFixed2RowSize = 40;
+constexpr std::size_t kFixed2MetaSize = 49;
+
+// Types of elements in "Var2Data".
+constexpr std::uint64_t kHeaderType = 739; // meaning unknown: 16 zero bytes
+constexpr std::uint64_t kHeaderOwnerID = 0;
+constexpr std::uint64_t kNameType = 1;
+constexpr std::uint64_t kInitialsType = 2;
+constexpr std::uint64_t kGroupType = 3;
+constexpr std::uint64_t kCodeType = 10;
+constexpr std::uint64_t kNotesType = 20;
+constexpr std::uint64_t kEmailAddressType = 35;
+constexpr std::uint64_t kType85 = 85; // meaning unknown: always 2
+constexpr std::uint64_t kBookingTypeType = 699;
+constexpr std::uint64_t kMaterialLabelType = 299;
+constexpr std::uint64_t kWindowsAccountType = 311;
+constexpr std::array<std::uint16_t, 30> kTextFieldTypes = {8,   9,   30,  31,  32,  97,  98,  99,  100, 101,
+                                                           225, 226, 227, 228, 229, 230, 231, 232, 233, 234,
+                                                           235, 236, 237, 238, 239, 240, 241, 242, 243, 244};
+constexpr std::array<std::uint16_t, 10> kWorkBaselineTypes = {342, 352, 362, 372, 382, 392, 402, 412, 422, 432};
+constexpr std::array<std::uint16_t, 10> kCostBaselineTypes = {343, 353, 363, 373, 383, 393, 403, 413, 423, 433};
+
+// The format's units: thousandths of a minute and hundredths of money.
+constexpr double kWorkScale = 60000.0;
+constexpr double kMoneyScale = 100.0;
+
+// A resource without a first baseline shows zeros.
+MPPResourceBaseline firstBaselineOf(const MPPResource& resource) {
+    return resource.baseline0 ? *resource.baseline0 : MPPResourceBaseline{};
+}
+
+} // namespace
+
+std::uint16_t MPP12RscWriter::getTextFieldTypeForIndex(std::size_t index) {
+    return typeForIndex(kTextFieldTypes, index, kUnknownTextFieldException, kTextFieldTypeUnknown);
+}
+
+std::uint16_t MPP12RscWriter::getWorkBaselineTypeForIndex(std::size_t index) {
+    return typeForIndex(kWorkBaselineTypes, index, kUnknownBaselineWorkException,
+                        "Baseline work type is unknown for index");
+}
+
+std::uint16_t MPP12RscWriter::getCostBaselineTypeForIndex(std::size_t index) {
+    return typeForIndex(kCostBaselineTypes, index, kUnknownBaselineCostException,
+                        "Baseline cost type is unknown for index");
+}
+
+std::uint32_t MPP12RscWriter::calculateResourcePositionInResourceSheet(std::int32_t n) {
+    constexpr std::int32_t kLastPlace = 0x3FFFF;
+    if (n > kLastPlace)
+        return 0;
+    return static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(static_cast<double>(n) + 1.0) >> 32);
+}
+
+void MPP12RscWriter::writeSteps() {
+    writeVar2Data();
+    writeVarMeta();
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+    writeProps();
+}
+
+// "Var2Data" and its index, whose order is another one.
+
+void MPP12RscWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data");
+    writeHeaderElementsToVar2DataWithID(kHeaderOwnerID);
+    for (const auto& resource : project().resources)
+        writeRscVar2Data(*resource);
+    stream.finish(*_var2Data);
+}
+
+void MPP12RscWriter::writeHeaderElementsToVar2DataWithID(std::uint64_t id) {
+    _var2Data->startNewElementWithType(kHeaderType, id);
+    for (int i = 0; i < 4; ++i)
+        _var2Data->writeInteger(0);
+    _var2Data->closeCurrentElement();
+}
+
+void MPP12RscWriter::writeRscVar2Data(const MPPResource& resource) {
+    MPPVar2Data& data = *_var2Data;
+    const auto element = [&](std::uint64_t type, auto writePayload) {
+        data.startNewElementWithType(type, resource.ID);
+        writePayload();
+        data.closeCurrentElement();
+    };
+    const auto text = [&](std::uint64_t type, std::string_view value) {
+        element(type, [&] { data.writeString(value, MPPEncoding::Unicode); });
+    };
+
+    writeHeaderElementsToVar2DataWithID(resource.ID);
+    text(kNameType, textOf(resource.name));
+    element(kType85, [&] { data.writeInteger(2); });
+    if (resource.hasInitials())
+        text(kInitialsType, *resource.initials);
+    if (resource.hasGroup())
+        text(kGroupType, *resource.group);
+    for (std::size_t i = 0; i < resource.customFieldsText.size(); ++i)
+        if (!resource.customFieldsText[i].empty())
+            text(getTextFieldTypeForIndex(i + 1), resource.customFieldsText[i]);
+    for (std::size_t i = 0; i < resource.baselines.size(); ++i) {
+        const MPPResourceBaseline& baseline = *resource.baselines[i];
+        element(getWorkBaselineTypeForIndex(i + 1), [&] { data.writeDouble(baseline.work * kWorkScale); });
+        element(getCostBaselineTypeForIndex(i + 1), [&] {
+            data.writeDouble(baseline.cost * kMoneyScale);
+            data.writeInteger(0);
+        });
+    }
+    if (resource.hasCode())
+        text(kCodeType, *resource.code);
+    if (resource.hasEmailAddress())
+        text(kEmailAddressType, *resource.emailAddress);
+    if (resource.hasNotes())
+        element(kNotesType, [&] { data.writeRtfString(*resource.notes, MPPEncoding::ASCII); });
+}
+
+namespace {
+
+void writeMetaForResource(MPP12VarMeta& varMeta, const MPPResource& resource) {
+    const auto record = [&](std::uint64_t type) { varMeta.writeElementMetaWithType(type, resource.ID); };
+    const auto recordIf = [&](bool present, std::uint64_t type) {
+        if (present)
+            record(type);
+    };
+    record(kNameType);
+    recordIf(resource.hasInitials(), kInitialsType);
+    recordIf(resource.hasGroup(), kGroupType);
+    for (std::size_t i = 0; i < resource.customFieldsText.size(); ++i)
+        if (!resource.customFieldsText[i].empty())
+            record(MPP12RscWriter::getTextFieldTypeForIndex(i + 1));
+    for (std::size_t i = 0; i < resource.baselines.size(); ++i) {
+        record(MPP12RscWriter::getWorkBaselineTypeForIndex(i + 1));
+        record(MPP12RscWriter::getCostBaselineTypeForIndex(i + 1));
+    }
+    recordIf(resource.hasCode(), kCodeType);
+    recordIf(resource.hasNotes(), kNotesType);
+    recordIf(resource.hasEmailAddress(), kEmailAddressType);
+    record(kType85);
+    recordIf(resource.hasWindowsAccount(), kWindowsAccountType);
+    recordIf(resource.hasMaterialLabel(), kMaterialLabelType);
+    recordIf(resource.hasBookingType(), kBookingTypeType);
+    record(kHeaderType);
+}
+
+} // namespace
+
+void MPP12RscWriter::writeVarMeta() {
+    StreamOutput stream(writer(), "VarMeta");
+    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    varMeta.writeMetaHeader();
+    varMeta.writeElementMetaWithType(kHeaderType, kHeaderOwnerID);
+    for (const auto& resource : project().resources)
+        writeMetaForResource(varMeta, *resource);
+    stream.finish(varMeta);
+}
+
+// "FixedData" and its index.
+
+void MPP12RscWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData");
+    writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
+    writeDefaultFixedData();
+    for (const auto& resource : project().resources)
+        writeRscFixedData(*resource);
+    stream.finish(*_fixedData);
+}
+
+void MPP12RscWriter::writeDefaultFixedData() {
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).integer(0);
+    row.at(4).integer(0);
+    row.at(8).word(2);
+    row.at(10).word(2);
+    row.at(12).word(3);
+    row.at(14).word(0);
+    row.at(16).integer(2);
+    row.at(20).date(_dates(std::nullopt));
+    row.at(24).date(_dates(std::nullopt));
+    row.at(28).real(0.0);
+    row.at(36).real(0.0);
+    row.at(44).real(10000.0);
+    row.at(52).zeroes(136);
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
+    const MPPResourceBaseline baseline = firstBaselineOf(resource);
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(resource.ID);
+    row.at(4).lowInteger(resource.ID);
+    row.at(8).word(resource.getStandartRateFormatType());
+    row.at(10).word(resource.getOvertimeRateFormatType());
+    row.at(12).word(resource.getAccrueAtType());
+    row.at(14).lowWord(resource.getResourceType());
+    row.at(16).lowInteger(resource.ID + 3);
+    row.at(20).date(_dates(resource.getAvailableFrom()));
+    row.at(24).date(_dates(resource.getAvailableTo()));
+    row.at(28).real(resource.getStandartRate());
+    row.at(36).real(resource.getOverTimeRate());
+    row.at(44).real(resource.getMaxUnits());
+    row.at(52).real(resource.getWork());
+    row.at(60).real(resource.getActualWork());
+    row.at(68).real(baseline.work * kWorkScale);
+    row.at(76).real(resource.getOvertimeWork());
+    row.at(84).real(resource.getCostPerUse());
+    row.at(92).real(resource.getRemainingWork());
+    row.at(100).real(resource.getRegularWork());
+    row.at(108).real(resource.getActualOvertimeWork());
+    row.at(116).real(0.0);
+    row.at(124).real(resource.getPeakUnits());
+    row.at(132).real(resource.getActualCost());
+    row.at(140).real(resource.getCost());
+    row.at(148).real(baseline.cost * kMoneyScale);
+    row.at(156).real(resource.getRemainingCost());
+    row.at(164).real(resource.getOvertimeCost());
+    row.at(172).real(resource.getActualOvertimeCost());
+    row.at(180).real(resource.getRemainingOvertimeCost());
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+namespace {
+
+// Does not count the elements one by one: the list of texts and the list of baselines each set bits of their own.
+std::uint32_t startValueOf(const MPPResource& resource) {
+    return 0x00040000U | (resource.customFieldsText.empty() ? 0 : 0x00010000U) |
+           (resource.baselines.empty() ? 0 : 0x000A0000U);
+}
+
+std::uint8_t kindOf(const MPPResource& resource, bool isFirst) {
+    const int notes = resource.hasNotes() ? 0x04 : 0;
+    if (resource.getResourceType() != 0)
+        return static_cast<std::uint8_t>(0xA0 | notes);
+    return static_cast<std::uint8_t>((isFirst ? 0x12 : 0x92) | notes);
+}
+
+std::uint8_t groupAndCode(const MPPResource& resource) {
+    return static_cast<std::uint8_t>(0x3F | (resource.hasGroup() ? 0x40 : 0) | (resource.hasCode() ? 0x80 : 0));
+}
+
+// A bit for each of the `count` text fields from a position on, beginning with `firstBit`.
+std::uint8_t presenceOfTexts(const MPPResource& resource, std::size_t firstPosition, std::size_t count,
+                             std::size_t firstBit = 0) {
+    unsigned bits = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        if (resource.hasCustomFieldText(firstPosition + i))
+            bits |= 1U << (firstBit + i);
+    return static_cast<std::uint8_t>(bits);
+}
+
+void writeDefaultFixedMeta(MPPFixedMeta& fixedMeta) {
+    fixedMeta.writeNextElementStartWithInt(0x00010000);
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).word(0x3203);
+    record.at(10).word(0xFFFF);
+    record.at(12).word(0x07FF);
+    record.at(14).word(0);
+    record.at(16).zeroes(21);
+    record.end(fixedMeta);
+}
+
+void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, bool isFirst) {
+    const int code = resource.hasCode() ? 0x01 : 0;
+    fixedMeta.writeNextElementStartWithInt(startValueOf(resource));
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).byte(3);
+    record.at(9).byte(kindOf(resource, isFirst));
+    record.at(10).word(0xFFFF);
+    record.at(12).byte(0xFF);
+    record.at(13).byte(groupAndCode(resource));
+    record.at(14).byte(static_cast<std::uint8_t>(code | presenceOfTexts(resource, 1, 4, 4)));
+    record.at(15).byte(presenceOfTexts(resource, 5, 8));
+    record.at(16).byte(presenceOfTexts(resource, 13, 8));
+    record.at(17).byte(presenceOfTexts(resource, 21, 8));
+    record.at(18).byte(presenceOfTexts(resource, 29, 2));
+    record.at(19).byte(0);
+    record.at(20).integer(0);
+    record.at(24).integer(0);
+    record.at(28).integer(0);
+    record.at(32).byte(0);
+    record.at(33).byte(resource.hasNotes() ? 0x40 : 0);
+    record.at(34).zeroes(3);
+    record.end(fixedMeta);
+}
+
+} // namespace
+
+void MPP12RscWriter::writeFixedMeta() {
+    StreamOutput stream(writer(), "FixedMeta");
+    MPPFixedMeta fixedMeta(_fixedData);
+    fixedMeta.writeMetaHeader();
+    writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
+    writeDefaultFixedMeta(fixedMeta);
+    bool isFirst = true;
+    for (const auto& resource : project().resources) {
+        writeRscFixedMeta(fixedMeta, *resource, isFirst);
+        isFirst = false;
+    }
+    stream.finish(fixedMeta);
+}
+
+// "Fixed2Data" and its index.
+
+void MPP12RscWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data");
+    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
+    std::int32_t place = 0;
+    writeRscFixed2Data(*project().defaultResource(), place);
+    for (const auto& resource : project().resources)
+        writeRscFixed2Data(*resource, ++place);
+    stream.finish(*_fixed2Data);
+}
+
+void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_t place) {
+    _fixed2Data->startNewElement();
+    RowBuilder<kFixed2RowSize> row;
+    row.at(0).guid(resource.GUID());
+    row.at(16).integer(0); // the lower half of the double whose upper half follows
+    row.at(20).integer(calculateResourcePositionInResourceSheet(place));
+    row.at(24).guid(resource.GUID());
+    row.end(*_fixed2Data);
+    _fixed2Data->closeCurrentElement();
+}
+
+namespace {
+
+void writeDefaultFixed2Meta(MPPFixedMeta& fixed2Meta) {
+    fixed2Meta.writeNextElementStartWithInt(0);
+    MetaRecordBuilder<kFixed2MetaSize> record;
+    record.at(8).integer(0x43);
+    record.at(12).zeroes(25);
+    record.at(37).integer(2);
+    record.at(41).zeroes(8);
+    record.end(fixed2Meta);
+}
+
+void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
+    const int kind = (resource.getResourceType() == 0 ? 0x47 : 0x43) | (resource.isCostResource() ? 0x10 : 0) |
+                     (resource.getBudget() ? 0x20 : 0);
+    const std::uint8_t baselines = resource.baselines.empty() ? 0 : 0xCC;
+    fixed2Meta.writeNextElementStartWithInt(0);
+    MetaRecordBuilder<kFixed2MetaSize> record;
+    record.at(8).byte(static_cast<std::uint8_t>(kind));
+    record.at(9).zeroes(28);
+    record.at(37).integer(2);
+    record.at(41).word(0);
+    for (std::size_t offset = 43; offset < 48; ++offset)
+        record.at(offset).byte(baselines);
+    record.at(48).byte(0);
+    record.end(fixed2Meta);
+}
+
+} // namespace
+
+void MPP12RscWriter::writeFixed2Meta() {
+    StreamOutput stream(writer(), "Fixed2Meta");
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    fixed2Meta.writeMetaHeader();
+    writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
+    writeDefaultFixed2Meta(fixed2Meta);
+    for (const auto& resource : project().resources)
+        writeRscFixed2Meta(fixed2Meta, *resource);
+    stream.finish(fixed2Meta);
+}
+
+// "Props": the template's, unless the project names text fields.
+
+void MPP12RscWriter::writeProps() {
+    if (project().customResourceFieldNames.empty()) {
+        copyChildFromTemplate("Props");
+        return;
+    }
+    StreamOutput stream(writer(), "Props");
+    MPPProps props;
+    props.open();
+    writeFieldAliasesElement(props, project().customResourceFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
+    props.close();
+    stream.finish(props);
+}
+
+void MPP12RscWriter::preprocessProject(MPPProject& project) {
+    const auto inDefaultPlace = std::find_if(project.resources.begin(), project.resources.end(),
+                                             [](const auto& resource) { return resource->ID == 0; });
+    if (inDefaultPlace != project.resources.end()) {
+        project.keepRemovedRecord(*inDefaultPlace);
+        project.resources.erase(inDefaultPlace);
+    }
+    std::uint64_t nextID = 1;
+    for (const auto& resource : project.resources) {
+        resource->ID = nextID++;
+        moveFirstBaselineOut(*resource);
+    }
+}
+
+} // namespace brackwater

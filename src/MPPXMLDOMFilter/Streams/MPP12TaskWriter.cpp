@@ -1,0 +1,481 @@
+#include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
+
+#include "MPPXMLDOMFilter/Buffers/MPPProps.h"
+#include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::uint16_t kDescriptionEnding = 2880; // 0x0B40
+constexpr std::size_t kFixedRowSize = 264;
+constexpr std::size_t kFixedMetaSize = 47;
+constexpr std::size_t kFixed2RowSize = 54;
+constexpr std::size_t kFixed2MetaSize = 86;
+
+// Types of elements in "Var2Data".
+constexpr std::uint16_t kTitleType = 14;
+constexpr std::uint16_t kNotesType = 15;
+constexpr std::uint16_t kProjectType = 1252; // meaning unknown: 1 and 1 where a project has tasks
+constexpr std::uint64_t kProjectOwnerID = 0;
+constexpr std::array<std::uint16_t, 30> kTextFieldTypes = {51,  54,  57,  60,  63,  66,  67,  68,  69,  70,
+                                                           317, 318, 319, 320, 321, 322, 323, 324, 325, 326,
+                                                           327, 328, 329, 330, 331, 332, 333, 334, 335, 336};
+
+// Each baseline has six elements, whose types are these distances from the baseline's first type.
+constexpr std::size_t kMaxBaselines = 10;
+constexpr std::array<std::uint16_t, kMaxBaselines> kBaselineTypes = {482, 493, 504, 515, 526, 544, 555, 566, 577, 588};
+constexpr std::array<std::uint16_t, 6> kBaselineElements = {0, 1, 2, 3, 5, 6};
+constexpr std::uint16_t kBaselineEnding = 53; // meaning unknown
+
+// Units of a duration.
+constexpr std::uint16_t kDays = 7;
+constexpr std::uint16_t kProjectUnits = 21;
+constexpr std::uint16_t kEstimated = 0x20;
+
+std::size_t countOfTexts(const std::vector<std::string>& values) {
+    return static_cast<std::size_t>(
+        std::count_if(values.begin(), values.end(), [](const std::string& value) { return !value.empty(); }));
+}
+
+// A task without a first baseline shows zeros and no dates.
+const MPPTaskBaseline& firstBaselineOf(const MPPTask& task) {
+    static const MPPTaskBaseline kNone;
+    return task.baseline0 ? *task.baseline0 : kNone;
+}
+
+} // namespace
+
+std::uint16_t MPP12TaskWriter::getTextFieldTypeForIndex(std::size_t index) {
+    return typeForIndex(kTextFieldTypes, index, kUnknownTextFieldException, kTextFieldTypeUnknown);
+}
+
+void MPP12TaskWriter::writeSteps() {
+    writeVar2Data();
+    writeVarMeta();
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+    writeProps();
+}
+
+// "Var2Data" and its index. The elements of a task are found by their order, not by type: a text or baseline past the
+// format's limits is met when its index record is written, behind the whole of "Var2Data".
+
+void MPP12TaskWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data");
+    _var2Data->startNewElement();
+    _var2Data->writeString(textOf(project().title), MPPEncoding::Unicode);
+    _var2Data->closeCurrentElement();
+    if (!project().tasks.empty()) {
+        _var2Data->startNewElement();
+        _var2Data->writeInteger(1);
+        _var2Data->writeInteger(1);
+        _var2Data->closeCurrentElement();
+    }
+    for (const auto& task : project().tasks) {
+        writeTaskVar2Data(*task);
+        stream.flush(*_var2Data);
+    }
+    stream.finish(*_var2Data);
+}
+
+void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
+    MPPVar2Data& data = *_var2Data;
+    const auto element = [&data](auto writePayload) {
+        data.startNewElement();
+        writePayload();
+        data.closeCurrentElement();
+    };
+    element([&] { data.writeString(textOf(task.title), MPPEncoding::Unicode); });
+    if (hasText(task.notes))
+        element([&] { data.writeRtfString(*task.notes, MPPEncoding::ASCII); });
+    for (const std::string& value : task.customFieldValues)
+        if (!value.empty())
+            element([&] { data.writeString(value, MPPEncoding::Unicode); });
+    for (const auto& baseline : task.baselines) {
+        element([&] { data.writeDate(baseline->start); });
+        element([&] { data.writeDate(baseline->finish); });
+        element([&] { data.writeDouble(baseline->cost); });
+        element([&] { data.writeDouble(thousandthsOfMinute(baseline->work)); });
+        element([&] { data.writeDuration(baseline->duration, kDays); });
+        element([&] { data.write2ByteInteger(kBaselineEnding); });
+    }
+}
+
+namespace {
+
+void writeMetaForBaseline(MPP12VarMeta& varMeta, std::size_t index, std::uint64_t taskID) {
+    if (index < 1 || index > kMaxBaselines)
+        throw Exception(kTooManyBaselinesException, "Limit for 10 baselines exceeded");
+    for (const std::uint16_t distance : kBaselineElements)
+        varMeta.writeNextElementMetaWithID(taskID, std::uint64_t{kBaselineTypes[index - 1]} + distance);
+}
+
+void writeMetaForTask(MPP12VarMeta& varMeta, const MPPTask& task, std::uint64_t taskID) {
+    varMeta.writeNextElementMetaWithID(taskID, kTitleType);
+    if (hasText(task.notes))
+        varMeta.writeNextElementMetaWithID(taskID, kNotesType);
+    for (std::size_t i = 0; i < task.customFieldValues.size(); ++i)
+        if (!task.customFieldValues[i].empty())
+            varMeta.writeNextElementMetaWithID(taskID, MPP12TaskWriter::getTextFieldTypeForIndex(i + 1));
+    for (std::size_t i = 0; i < task.baselines.size(); ++i)
+        writeMetaForBaseline(varMeta, i + 1, taskID);
+}
+
+} // namespace
+
+void MPP12TaskWriter::writeVarMeta() {
+    StreamOutput stream(writer(), "VarMeta");
+    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    varMeta.writeMetaHeader();
+    varMeta.writeNextElementMetaWithID(kProjectOwnerID, kTitleType);
+    if (!project().tasks.empty())
+        varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
+    std::uint64_t taskID = 0;
+    for (const auto& task : project().tasks) {
+        writeMetaForTask(varMeta, *task, ++taskID);
+        stream.flush(varMeta);
+    }
+    stream.finish(varMeta);
+}
+
+// "FixedData" and its index.
+
+void MPP12TaskWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData");
+    writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
+    writeTaskFixedData(project());
+    for (const auto& task : project().tasks) {
+        writeTaskFixedData(*task);
+        stream.flush(*_fixedData);
+    }
+    stream.finish(*_fixedData);
+}
+
+void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
+    const MPPTaskBaseline& baseline = firstBaselineOf(task);
+    const int unitsValue = (isProject(task) ? kProjectUnits : kDays) | (task.estimated ? kEstimated : 0);
+    const auto units = static_cast<std::uint16_t>(unitsValue);
+
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(task.ID);
+    row.at(4).lowInteger(task.ID);
+    row.at(8).date(_dates(task.getEarlyFinish()));
+    row.at(12).date(_dates(task.getLateStart()));
+    row.at(16).date(_dates(task.stop));
+    row.at(20).date(_dates(task.resume));
+    row.at(24).duration(task.getFreeSlack());
+    row.at(28).duration(task.getStartSlack());
+    row.at(32).duration(task.getFinishSlack());
+    row.at(36).integer(task.parentTaskID());
+    row.at(40).lowWord(task.outlineLevel);
+    row.at(42).zeroes(18);
+    row.at(60).duration(task.duration);
+    row.at(64).word(units);
+    row.at(66).duration(task.actualDuration);
+    row.at(70).duration(task.remainingDuration);
+    row.at(74).duration(baseline.duration);
+    row.at(78).word(units);
+    row.at(80).lowWord(static_cast<std::uint32_t>(task.constraintType));
+    row.at(82).duration(task.getLevelingDelay());
+    row.at(86).word(8); // units of the leveling delay: elapsed days
+    row.at(88).date(_dates(task.getEarlyStart()));
+    row.at(92).date(_dates(task.getEarlyFinish()));
+    row.at(96).date(_dates(task.actualStart));
+    row.at(100).date(_dates(task.getActualFinish()));
+    row.at(104).date(_dates(baseline.start));
+    row.at(108).date(_dates(baseline.finish));
+    row.at(112).date(_dates(task.constraintDate));
+    row.at(116).date(_dates(task.resume));
+    row.at(120).lowWord(task.priority);
+    row.at(122).lowWord(task.percentageComplete);
+    row.at(124).lowWord(task.percentageWorkComplete);
+    row.at(126).lowWord(static_cast<std::uint32_t>(task.taskType));
+    row.at(128).word(task.getFixedCostAccrual());
+    row.at(130).date(_dates(task.createDate));
+    row.at(134).word(task.getRecurring() ? 1 : 0);
+    row.at(136).date(_dates(task.getPreleveledStart()));
+    row.at(140).date(_dates(task.getPreleveledFinish()));
+    row.at(144).integer(task.percentageComplete != 0 ? 0x00009080 : 0x00000080);
+    row.at(148).date(_dates(task.getEarlyStart()));
+    row.at(152).date(_dates(task.getLateFinish()));
+    row.at(156).date(_dates(task.getSummaryProgress()));
+    row.at(160).integer(task.calendarID());
+    row.at(164).date(_dates(task.getDeadline()));
+    row.at(168).real(thousandthsOfMinute(task.work));
+    row.at(176).real(thousandthsOfMinute(baseline.work));
+    row.at(184).real(thousandthsOfMinute(task.actualWork));
+    row.at(192).real(thousandthsOfMinute(task.remainingWork));
+    row.at(200).real(task.cost);
+    row.at(208).real(task.fixedCost);
+    row.at(216).real(task.actualCost);
+    row.at(224).real(task.remainingCost);
+    row.at(232).real(baseline.cost);
+    row.at(240).zeroes(24);
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+void MPP12TaskWriter::writeFixedMeta() {
+    StreamOutput stream(writer(), "FixedMeta");
+    MPPFixedMeta fixedMeta(_fixedData);
+    fixedMeta.writeMetaHeader();
+    writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
+    writeTaskFixedMeta(project(), fixedMeta);
+    for (const auto& task : project().tasks) {
+        writeTaskFixedMeta(*task, fixedMeta);
+        stream.flush(fixedMeta);
+    }
+    stream.finish(fixedMeta);
+}
+
+namespace {
+
+std::uint32_t elementsOfTask(const MPPTask& task) {
+    const std::size_t elements = 1 + (hasText(task.notes) ? 1 : 0) + countOfTexts(task.customFieldValues) +
+                                 kBaselineElements.size() * task.baselines.size();
+    return static_cast<std::uint32_t>(elements);
+}
+
+std::uint8_t flags1(const MPPTask& task, bool isProject) {
+    return static_cast<std::uint8_t>((isProject ? 0x07 : 0x02) | (task.getSplits() ? 0 : 0x80) |
+                                     (task.getMarked() ? 0x40 : 0));
+}
+
+std::uint8_t flags2(const MPPTask& task, bool isProject) {
+    return static_cast<std::uint8_t>((isProject ? 0x10 : 0) | (task.ignoreResourceCalendar ? 0x02 : 0) |
+                                     (task.getRollup() ? 0x08 : 0) | (task.getHideBar() ? 0x80 : 0));
+}
+
+std::uint8_t flags3(const MPPTask& task, bool isProject) {
+    return static_cast<std::uint8_t>((task.getEffortDriven() ? 0x10 : 0) | (isProject ? 0 : 0x80));
+}
+
+std::uint8_t flags4(const MPPTask& task) {
+    return static_cast<std::uint8_t>((task.getExpanded() ? 0x01 : 0x03) | (hasText(task.notes) ? 0x10 : 0));
+}
+
+std::uint8_t flags5(const MPPTask& task) {
+    return static_cast<std::uint8_t>(0xC0 | (task.levelingCanSplit ? 0x02 : 0) |
+                                     (task.getLevelAssignments() ? 0x04 : 0));
+}
+
+// One bit for each text field that has a value.
+std::array<std::uint8_t, 13> presenceOfTextFields(const MPPTask& task) {
+    // Text fields by position: the bytes that hold their bits, in order, and the bit of each byte's first position.
+    struct Span {
+        std::size_t firstPosition;
+        std::size_t lastPosition;
+        std::size_t byte;
+        std::size_t firstBit;
+    };
+    static constexpr std::array<Span, 5> kSpans = {
+        {{1, 2, 0, 6}, {3, 10, 1, 0}, {11, 16, 10, 2}, {17, 24, 11, 0}, {25, 30, 12, 0}}};
+
+    std::array<std::uint8_t, 13> presence{0x08};
+    for (const Span& span : kSpans)
+        for (std::size_t position = span.firstPosition; position <= span.lastPosition; ++position)
+            if (position <= task.customFieldValues.size() && !task.customFieldValues[position - 1].empty())
+                presence[span.byte] |= static_cast<std::uint8_t>(1U << (span.firstBit + position - span.firstPosition));
+    return presence;
+}
+
+} // namespace
+
+void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const {
+    const bool isProjectRow = isProject(task);
+    fixedMeta.writeNextElementStartWithInt(isProjectRow ? 0x00020000 : elementsOfTask(task) << 16);
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).byte(task.milestone ? 0x63 : 0x43);
+    record.at(9).byte(flags1(task, isProjectRow));
+    record.at(10).byte(flags2(task, isProjectRow));
+    record.at(11).byte(flags3(task, isProjectRow));
+    record.at(12).byte(flags4(task));
+    record.at(13).byte(flags5(task));
+    record.at(14).integer(0xFFFFFFFF);
+    record.at(18).integer(0x01FFFFFF);
+    record.at(22).bytes(presenceOfTextFields(task));
+    record.at(35).zeroes(8);
+    record.at(43).word(hasText(task.notes) ? 0x0100 : 0);
+    record.at(45).word(0);
+    record.end(fixedMeta);
+}
+
+// "Fixed2Data" and its index.
+
+void MPP12TaskWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data");
+    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
+    writeTaskFixed2Data(project());
+    for (const auto& task : project().tasks) {
+        writeTaskFixed2Data(*task);
+        stream.flush(*_fixed2Data);
+    }
+    stream.finish(*_fixed2Data);
+}
+
+void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
+    const bool isProjectRow = isProject(task);
+    _fixed2Data->startNewElement();
+    RowBuilder<kFixed2RowSize> row;
+    row.at(0).guid(task.GUID());
+    // The place in the sheet, a double: 1.0 for the project, 2.0 for every task.
+    row.at(16).integer(0);
+    row.at(20).integer(isProjectRow ? 0x3FF00000 : 0x40000000);
+    row.at(24).guid(task.parent ? task.parent->GUID() : Guid());
+    row.at(40).integer(0);
+    row.at(44).integer(isProjectRow ? 0x00400003 : 0x00040003);
+    row.at(48).word(0);
+    row.at(50).date(_dates(isProjectRow ? std::nullopt : task.getEarlyStart()));
+    row.end(*_fixed2Data);
+    _fixed2Data->closeCurrentElement();
+}
+
+void MPP12TaskWriter::writeFixed2Meta() {
+    StreamOutput stream(writer(), "Fixed2Meta");
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    fixed2Meta.writeMetaHeader();
+    writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
+    writeTaskFixed2Meta(project(), fixed2Meta);
+    for (const auto& task : project().tasks) {
+        writeTaskFixed2Meta(*task, fixed2Meta);
+        stream.flush(fixed2Meta);
+    }
+    stream.finish(fixed2Meta);
+}
+
+namespace {
+
+// Two arrays of bits, bit 0 in bit 0 of the first word, that tell which baselines a task has.
+struct BaselineBits {
+    std::array<std::uint32_t, 4> first{0x7F};
+    std::array<std::uint32_t, 3> second{};
+};
+
+template <std::size_t Words>
+void setBit(std::array<std::uint32_t, Words>& words, std::size_t bit) {
+    words[bit / 32] |= std::uint32_t{1} << (bit % 32);
+}
+
+BaselineBits bitsOfBaselines(std::size_t baselines) {
+    static constexpr std::array<std::size_t, 9> kFirstDistances = {0, 1, 2, 3, 4, 5, 6, 8, 9};
+    static constexpr std::size_t kSecondCount = 5;
+
+    BaselineBits bits;
+    for (std::size_t i = 0; i < std::min(baselines, kMaxBaselines); ++i) {
+        for (const std::size_t distance : kFirstDistances)
+            setBit(bits.first, 8 + 10 * i + distance);
+        for (std::size_t distance = 0; distance < kSecondCount; ++distance)
+            setBit(bits.second, 15 + 7 * i + distance);
+    }
+    return bits;
+}
+
+} // namespace
+
+void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
+    BaselineBits bits = bitsOfBaselines(task.baselines.size());
+    if (isProject(task))
+        setBit(bits.second, 2 * 32 + 28);
+
+    fixed2Meta.writeNextElementStartWithInt(0);
+    MetaRecordBuilder<kFixed2MetaSize> record;
+    record.at(8).integer(bits.first[0]);
+    record.at(12).integer(bits.first[1]);
+    record.at(16).integer(bits.first[2]);
+    record.at(20).integer(bits.first[3]);
+    record.at(24).zeroes(50);
+    record.at(74).integer(bits.second[0]);
+    record.at(78).integer(bits.second[1]);
+    record.at(82).integer(bits.second[2]);
+    record.end(fixed2Meta);
+}
+
+// "Props": the template's, unless the project names text fields.
+
+void MPP12TaskWriter::writeProps() {
+    if (project().customTaskFieldNames.empty()) {
+        copyChildFromTemplate("Props");
+        return;
+    }
+    StreamOutput stream(writer(), "Props");
+    MPPProps props;
+    props.open();
+    props.startNewElementForType(0x04400000, 2);
+    props.write2ByteInteger(0);
+    props.closeCurrentElement();
+    writeFieldAliasesElement(props, project().customTaskFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
+    props.close();
+    stream.finish(props);
+}
+
+// Preprocessing.
+
+namespace {
+
+// The only task without a parent; null where there is none or more than one.
+std::shared_ptr<MPPTask> singleTopTask(const std::vector<std::shared_ptr<MPPTask>>& tasks) {
+    std::shared_ptr<MPPTask> top;
+    for (const auto& task : tasks) {
+        if (task->parent)
+            continue;
+        if (top)
+            return nullptr;
+        top = task;
+    }
+    return top;
+}
+
+// The project stands in for its single top task, of which dates and duration survive.
+void absorbRoot(MPPProject& project, const std::shared_ptr<MPPTask>& root) {
+    project.tasks.erase(std::find(project.tasks.begin(), project.tasks.end(), root));
+    project.keepRemovedRecord(root);
+    project.startDate = root->startDate;
+    project.endDate = root->endDate;
+    project.duration = root->duration;
+}
+
+} // namespace
+
+void MPP12TaskWriter::preprocessProject(MPPProject& project) {
+    const std::shared_ptr<MPPTask> root = singleTopTask(project.tasks);
+    if (root)
+        absorbRoot(project, root);
+
+    std::stable_sort(project.tasks.begin(), project.tasks.end(),
+                     [](const auto& left, const auto& right) { return left->ID < right->ID; });
+    project.ID = 0;
+    std::uint64_t nextID = 1;
+    for (const auto& task : project.tasks) {
+        task->ID = nextID++;
+        if (!task->parent || task->parent == root.get())
+            task->parent = &project;
+        task->cost += task->fixedCost;
+    }
+
+    // Without a root this takes the references that name no task.
+    const auto replaceRoot = [&](TaskReference& reference) {
+        if (reference.record() == root.get())
+            reference.setRecord(&project);
+    };
+    for (const auto& assignment : project.assignments)
+        replaceRoot(assignment->task);
+    for (const auto& constraint : project.constraints) {
+        replaceRoot(constraint->task1);
+        replaceRoot(constraint->task2);
+    }
+
+    for (const auto& task : project.tasks)
+        moveFirstBaselineOut(*task);
+}
+
+} // namespace brackwater

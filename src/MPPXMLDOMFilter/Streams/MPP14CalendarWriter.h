@@ -1,0 +1,23 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Streams/MPPCalendarStreamWriter.h"
+
+namespace brackwater {
+
+/// Writes "TBkndCal" of the 2010 layout, the folder "   114". The standard calendar's own hours do not reach this
+/// layout, and the storage has no "Props".
+class MPP14CalendarWriter : public MPPCalendarStreamWriter {
+public:
+    using MPPCalendarStreamWriter::MPPCalendarStreamWriter;
+
+    [[nodiscard]] static bool calendarDataShouldBeWritten(const MPPCalendar& calendar);
+
+protected:
+    [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
+        return calendarDataShouldBeWritten(calendar);
+    }
+    [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0; }
+    [[nodiscard]] std::uint32_t& workWeekCounter() const override;
+};
+
+} // namespace brackwater

@@ -1,0 +1,229 @@
+#include "MPPXMLDOMFilter/Streams/MPPCalendarStreamWriter.h"
+
+#include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::uint16_t kDescriptionEnding = 3392; // 0x0D40
+constexpr std::size_t kFixedRowSize = 12;
+constexpr std::size_t kFixedMetaSize = 10;
+constexpr std::size_t kFixed2RowSize = 48;
+constexpr std::size_t kFixed2MetaSize = 9;
+constexpr std::uint64_t kNameType = 1;
+constexpr std::uint64_t kBlockType = 8;
+constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+// A record that preprocessing leaves behind; a project that was not preprocessed may lack it.
+const MPPCalendar& present(const MPPCalendar* calendar) {
+    assertThat(calendar != nullptr, "A calendar of the project is missing.");
+    return *calendar;
+}
+
+const MPPCalendar& standardCalendar(const MPPProject& project) { return present(project.standardCalendar.get()); }
+const MPPCalendar& calendarOf(const MPPResource& resource) { return present(resource.calendar.record()); }
+
+std::uint64_t baseCalendarID(const MPPCalendar& calendar) {
+    const MPPCalendar* base = calendar.baseCalendar.record();
+    return base ? base->ID : 0;
+}
+
+Guid baseCalendarGuid(const MPPCalendar& calendar) {
+    const MPPCalendar* base = calendar.baseCalendar.record();
+    return base ? base->GUID() : Guid();
+}
+
+} // namespace
+
+bool MPPCalendarStreamWriter::definesAnything(const MPPCalendar& calendar) {
+    return (calendar.defaultWorkWeek && calendar.defaultWorkWeek->definesAnyDay()) || !calendar.exceptions.empty() ||
+           !calendar.workWeeks.empty();
+}
+
+void MPPCalendarStreamWriter::writeSteps() {
+    writeVar2Data();
+    writeVarMeta();
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+}
+
+// "Var2Data" and its index. The default resource's calendar has no elements.
+
+void MPPCalendarStreamWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data");
+    writeCalendarVar2Data(standardCalendar(project()));
+    for (const auto& calendar : project().baseCalendars) {
+        writeCalendarVar2Data(*calendar);
+        stream.flush(*_var2Data);
+    }
+    for (const auto& resource : project().resources) {
+        writeCalendarVar2Data(calendarOf(*resource));
+        stream.flush(*_var2Data);
+    }
+    stream.finish(*_var2Data);
+}
+
+void MPPCalendarStreamWriter::writeCalendarVar2Data(const MPPCalendar& calendar) {
+    if (hasText(calendar.name)) {
+        _var2Data->startNewElementWithType(kNameType, calendar.ID);
+        _var2Data->writeString(*calendar.name, MPPEncoding::Unicode);
+        _var2Data->closeCurrentElement();
+    }
+    if (hasBlock(calendar)) {
+        _var2Data->startNewElementWithType(kBlockType, calendar.ID);
+        writeCalendarBlock(*_var2Data, calendar, workWeekCounter());
+        _var2Data->closeCurrentElement();
+    }
+}
+
+void MPPCalendarStreamWriter::writeVarMeta() {
+    StreamOutput stream(writer(), "VarMeta");
+    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    varMeta.writeMetaHeader();
+    writeCalendarVarMeta(varMeta, standardCalendar(project()));
+    for (const auto& calendar : project().baseCalendars)
+        writeCalendarVarMeta(varMeta, *calendar);
+    for (const auto& resource : project().resources)
+        writeCalendarVarMeta(varMeta, calendarOf(*resource));
+    stream.finish(varMeta);
+}
+
+void MPPCalendarStreamWriter::writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const {
+    if (hasText(calendar.name))
+        varMeta.writeNextElementMetaWithID(calendar.ID, kNameType);
+    if (hasBlock(calendar))
+        varMeta.writeNextElementMetaWithID(calendar.ID, kBlockType);
+}
+
+// "FixedData" and its index.
+
+namespace {
+
+void writeCalendarFixedData(MPPFixedData& fixedData, std::uint64_t id, std::uint64_t baseID, std::uint64_t resourceID) {
+    fixedData.startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(id);
+    row.at(4).lowInteger(baseID);
+    row.at(8).lowInteger(resourceID);
+    row.end(fixedData);
+    fixedData.closeCurrentElement();
+}
+
+void writeResourceCalendarFixedData(MPPFixedData& fixedData, const MPPResource& resource) {
+    const MPPCalendar& calendar = calendarOf(resource);
+    writeCalendarFixedData(fixedData, calendar.ID, baseCalendarID(calendar), resource.ID);
+}
+
+} // namespace
+
+void MPPCalendarStreamWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData");
+    writeFixedDataHeaderRows(*_fixedData, kCalendarHeaderRows);
+    writeCalendarFixedData(*_fixedData, standardCalendar(project()).ID, kNone, kNone);
+    writeResourceCalendarFixedData(*_fixedData, *project().defaultResource());
+    for (const auto& calendar : project().baseCalendars) {
+        writeCalendarFixedData(*_fixedData, calendar->ID, kNone, kNone);
+        stream.flush(*_fixedData);
+    }
+    for (const auto& resource : project().resources) {
+        writeResourceCalendarFixedData(*_fixedData, *resource);
+        stream.flush(*_fixedData);
+    }
+    stream.finish(*_fixedData);
+}
+
+namespace {
+
+// A row's record of 10 bytes.
+void writeCalendarFixedMeta(MPPFixedMeta& fixedMeta, std::uint32_t start, std::uint16_t flags) {
+    fixedMeta.writeNextElementStartWithInt(start);
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).word(flags);
+    record.end(fixedMeta);
+}
+
+} // namespace
+
+void MPPCalendarStreamWriter::writeNamedCalendarFixedMeta(MPPFixedMeta& fixedMeta, const MPPCalendar& calendar,
+                                                          std::uint64_t start) const {
+    writeCalendarFixedMeta(fixedMeta, static_cast<std::uint32_t>(start << 16), hasBlock(calendar) ? 335 : 79);
+}
+
+void MPPCalendarStreamWriter::writeFixedMeta() {
+    StreamOutput stream(writer(), "FixedMeta");
+    MPPFixedMeta fixedMeta(_fixedData);
+    fixedMeta.writeMetaHeader();
+    writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
+    writeNamedCalendarFixedMeta(fixedMeta, standardCalendar(project()), standardCalendar(project()).ID);
+    writeCalendarFixedMeta(fixedMeta, 0, 7);
+    for (const auto& calendar : project().baseCalendars) {
+        writeNamedCalendarFixedMeta(fixedMeta, *calendar, calendar->ID - 1);
+        stream.flush(fixedMeta);
+    }
+    for (const auto& resource : project().resources) {
+        if (hasBlock(calendarOf(*resource)))
+            writeCalendarFixedMeta(fixedMeta, startValueOfResourceBlock(), 263);
+        else
+            writeCalendarFixedMeta(fixedMeta, 0, 7);
+        stream.flush(fixedMeta);
+    }
+    stream.finish(fixedMeta);
+}
+
+// "Fixed2Data" and its index.
+
+namespace {
+
+void writeCalendarFixed2Data(MPPFixedData& fixed2Data, const Guid& first, const Guid& second, const Guid& third) {
+    fixed2Data.startNewElement();
+    RowBuilder<kFixed2RowSize> row;
+    row.at(0).guid(first);
+    row.at(16).guid(second);
+    row.at(32).guid(third);
+    row.end(fixed2Data);
+    fixed2Data.closeCurrentElement();
+}
+
+} // namespace
+
+void MPPCalendarStreamWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data");
+    writeZeroHeaderRows(*_fixed2Data, kCalendarHeaderRows, kFixed2RowSize);
+    writeCalendarFixed2Data(*_fixed2Data, standardCalendar(project()).GUID(), Guid(), Guid());
+    const MPPCalendar& defaultCalendar = calendarOf(*project().defaultResource());
+    writeCalendarFixed2Data(*_fixed2Data, defaultCalendar.GUID(), defaultCalendar.GUID(),
+                            baseCalendarGuid(defaultCalendar));
+    for (const auto& calendar : project().baseCalendars)
+        writeCalendarFixed2Data(*_fixed2Data, calendar->GUID(), Guid(), Guid());
+    // Here it is the resource's GUID, not its calendar's.
+    for (const auto& resource : project().resources)
+        writeCalendarFixed2Data(*_fixed2Data, resource->GUID(), resource->GUID(),
+                                baseCalendarGuid(calendarOf(*resource)));
+    stream.finish(*_fixed2Data);
+}
+
+void MPPCalendarStreamWriter::writeFixed2Meta() {
+    constexpr std::uint8_t kStandardRow = 23;
+    constexpr std::uint8_t kOtherRow = 7;
+    StreamOutput stream(writer(), "Fixed2Meta");
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    fixed2Meta.writeMetaHeader();
+    writeMetaHeaderRows(fixed2Meta, kCalendarHeaderRows, kFixed2MetaSize, 0, 0);
+    const auto record = [&](std::uint8_t flags) {
+        fixed2Meta.writeNextElementStartWithInt(0);
+        fixed2Meta.write1ByteInteger(flags);
+    };
+    record(kStandardRow);
+    record(kOtherRow);
+    for (std::size_t i = 0; i < project().baseCalendars.size() + project().resources.size(); ++i)
+        record(kOtherRow);
+    stream.finish(fixed2Meta);
+}
+
+} // namespace brackwater

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
+#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
+#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
+#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace brackwater {
+
+/// What the 2007 and the 2010 layout of "TBkndCal" share: every calendar of the project in one order (standard, the
+/// default resource's, base, of resources) in six streams.
+class MPPCalendarStreamWriter : public MPPStreamWriter {
+public:
+    using MPPStreamWriter::MPPStreamWriter;
+
+protected:
+    /// The six streams.
+    void writeSteps() override;
+
+    /// Whether the calendar has a block of its own beside its name.
+    [[nodiscard]] virtual bool hasBlock(const MPPCalendar& calendar) const = 0;
+    /// Start value in "FixedMeta" of a resource's calendar that has a block.
+    [[nodiscard]] virtual std::uint32_t startValueOfResourceBlock() const = 0;
+    /// The number that the next dated work week gets; outlives the writer.
+    [[nodiscard]] virtual std::uint32_t& workWeekCounter() const = 0;
+
+    /// True when the calendar has hours, exceptions or dated weeks of its own.
+    [[nodiscard]] static bool definesAnything(const MPPCalendar& calendar);
+
+private:
+    void writeVar2Data();
+    void writeVarMeta();
+    void writeFixedData();
+    void writeFixedMeta();
+    void writeFixed2Data();
+    void writeFixed2Meta();
+
+    void writeCalendarVar2Data(const MPPCalendar& calendar);
+    void writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const;
+    void writeNamedCalendarFixedMeta(MPPFixedMeta& fixedMeta, const MPPCalendar& calendar, std::uint64_t start) const;
+
+    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
+    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
+    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
+};
+
+} // namespace brackwater

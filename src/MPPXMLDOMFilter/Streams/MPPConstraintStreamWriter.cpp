@@ -1,0 +1,103 @@
+#include "MPPXMLDOMFilter/Streams/MPPConstraintStreamWriter.h"
+
+#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::size_t kFixedRowSize = 20;
+constexpr std::size_t kFixedMetaSize = 10;
+constexpr std::size_t kFixed2RowSize = 48;
+constexpr std::size_t kFixed2MetaSize = 9;
+
+// Units of a lag.
+constexpr std::uint16_t kDays = 7;
+constexpr std::uint16_t kPercent = 19;
+
+// A link whose task was never found shows ID 0 and no GUID.
+std::uint64_t idOf(const TaskReference& task) { return task.record() ? task.record()->ID : 0; }
+Guid guidOf(const TaskReference& task) { return task.record() ? task.record()->GUID() : Guid(); }
+
+} // namespace
+
+void MPPConstraintStreamWriter::writeSteps() {
+    copyChildFromTemplate("VarMeta");
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+}
+
+void MPPConstraintStreamWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData");
+    for (const auto& constraint : project().constraints) {
+        writeConstraintFixedData(*constraint);
+        stream.flush(*_fixedData);
+    }
+    stream.finish(*_fixedData);
+}
+
+void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& constraint) {
+    _fixedData->startNewElement();
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(constraint.ID);
+    row.at(4).lowInteger(idOf(constraint.task1));
+    row.at(8).lowInteger(idOf(constraint.task2));
+    row.at(12).lowWord(static_cast<std::uint32_t>(constraint.constraintType));
+    row.at(14).word(constraint.isPercentage ? kPercent : kDays);
+    row.at(16);
+    if (constraint.isPercentage)
+        row.integer(static_cast<std::uint32_t>(saturatingCut<std::int32_t>(constraint.lag)));
+    else
+        row.duration(lagInSeconds(constraint.lag));
+    row.end(*_fixedData);
+    _fixedData->closeCurrentElement();
+}
+
+void MPPConstraintStreamWriter::writeFixedMeta() {
+    StreamOutput stream(writer(), "FixedMeta");
+    MPPFixedMeta fixedMeta(_fixedData);
+    fixedMeta.writeMetaHeader();
+    for (std::size_t i = 0; i < project().constraints.size(); ++i) {
+        fixedMeta.writeNextElementStartWithInt(0);
+        MetaRecordBuilder<kFixedMetaSize> record;
+        record.at(8).word(249);
+        record.end(fixedMeta);
+        stream.flush(fixedMeta);
+    }
+    stream.finish(fixedMeta);
+}
+
+void MPPConstraintStreamWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data");
+    for (const auto& constraint : project().constraints) {
+        _fixed2Data->startNewElement();
+        RowBuilder<kFixed2RowSize> row;
+        row.at(0).guid(constraint->GUID());
+        row.at(16).guid(guidOf(constraint->task1));
+        row.at(32).guid(guidOf(constraint->task2));
+        row.end(*_fixed2Data);
+        _fixed2Data->closeCurrentElement();
+        stream.flush(*_fixed2Data);
+    }
+    stream.finish(*_fixed2Data);
+}
+
+void MPPConstraintStreamWriter::writeFixed2Meta() {
+    StreamOutput stream(writer(), "Fixed2Meta");
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    fixed2Meta.writeMetaHeader();
+    for (std::size_t i = 0; i < project().constraints.size(); ++i) {
+        fixed2Meta.writeNextElementStartWithInt(0);
+        MetaRecordBuilder<kFixed2MetaSize> record;
+        record.at(8).byte(7);
+        record.end(fixed2Meta);
+        stream.flush(fixed2Meta);
+    }
+    stream.finish(fixed2Meta);
+}
+
+} // namespace brackwater

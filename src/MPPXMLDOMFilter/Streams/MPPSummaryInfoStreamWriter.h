@@ -1,0 +1,50 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPOffsetMarkedData.h"
+#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPSummaryInfoData.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brackwater {
+
+/// The values of a property set's section, one element a property, and the ids that belong to them.
+class SummaryProperties {
+public:
+    void addShort(std::uint32_t id, std::uint32_t value);
+    void addInteger(std::uint32_t id, std::uint32_t value);
+    /// ASCII; a text that is not becomes an empty one.
+    void addText(std::uint32_t id, std::string_view text);
+    /// Adds nothing when there is no text; an empty text is one.
+    void addText(std::uint32_t id, const std::optional<std::string>& text);
+    /// A text whose bytes stand as they are, without terminator.
+    void addTextBytes(std::uint32_t id, std::span<const std::uint8_t> bytes);
+
+    [[nodiscard]] const MPPOffsetMarkedData& values() const noexcept { return _values; }
+    /// By element of `values`.
+    [[nodiscard]] const std::vector<std::uint32_t>& ids() const noexcept { return _ids; }
+
+private:
+    void start(std::uint32_t id, std::uint32_t form);
+
+    MPPOffsetMarkedData _values;
+    std::vector<std::uint32_t> _ids;
+};
+
+/// What the two summary streams share. The template's versions are not read.
+class MPPSummaryInfoStreamWriter : public MPPStreamWriter {
+public:
+    using MPPStreamWriter::MPPStreamWriter;
+
+protected:
+    void writeSteps() override;
+
+    virtual void openData(MPPSummaryInfoData& data) const = 0;
+    virtual void createFieldAliasesData(SummaryProperties& properties, const MPPSummaryInformation& info) const = 0;
+};
+
+} // namespace brackwater

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPData.h"
+#include "MPPXMLDOMFilter/Model/MPPAssignment.h"
+
+namespace brackwater {
+
+/// Append the two work blocks of an assignment's "Var2Data" elements: how the work that remains, and the work that is
+/// done, is spread over time.
+void writePlannedWork(MPPData& data, const MPPAssignment& assignment);
+void writeCompleteWork(MPPData& data, const MPPAssignment& assignment);
+
+} // namespace brackwater

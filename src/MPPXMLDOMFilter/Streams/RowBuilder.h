@@ -1,0 +1,84 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPData.h"
+#include "MPPXMLDOMFilter/Streams/EncodedDates.h"
+#include "Platform/Guid.h"
+#include "Platform/Saturating.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace brackwater {
+
+/// Raises the failure of a row whose fields do not stand where they should.
+[[noreturn]] void failRowOffset(std::size_t expected, std::size_t reached, std::size_t size);
+
+/// A row or index record of fixed size, composed field by field in the order of the format's table:
+///
+///     RowBuilder<20> row;
+///     row.at(0).integer(link.ID);
+///     row.at(4).integer(task1ID);
+///     ...
+///     row.end(data);
+///
+/// `at` states the field's offset and fails when the fields so far do not reach exactly to it; `end` fails when they do
+/// not fill the row, and appends it. All numbers are little-endian. `Start` is the offset of the first field, for
+/// records whose first bytes are written by someone else.
+template <std::size_t Size, std::size_t Start = 0>
+class RowBuilder {
+public:
+    RowBuilder& at(std::size_t offset) {
+        if (offset != _reached) [[unlikely]]
+            failRowOffset(offset, _reached, Size);
+        return *this;
+    }
+    void byte(std::uint8_t value) { store<1>(value); }
+    void word(std::uint16_t value) { store<2>(value); }
+    void integer(std::uint32_t value) { store<4>(value); }
+    /// An ID or another number of the records, of which the format holds the low 32 or 16 bits.
+    void lowInteger(std::uint64_t value) { store<4>(value); }
+    void lowWord(std::uint64_t value) { store<2>(value); }
+    void real(double value) { store<8>(std::bit_cast<std::uint64_t>(value)); }
+    /// Seconds in; tenths of a minute in the row.
+    void duration(double seconds) { integer(std::bit_cast<std::uint32_t>(saturatingCut<std::int32_t>(seconds / 6.0))); }
+    void date(EncodedDate date) { integer(date.bytes); }
+    void guid(const Guid& guid) { bytes(guid.bytes()); }
+    void zeroes(std::size_t count) { static_cast<void>(reserve(count)); }
+    void bytes(std::span<const std::uint8_t> values) {
+        std::copy(values.begin(), values.end(), reserve(values.size()));
+    }
+
+    /// Appends the finished row.
+    void end(MPPData& data) {
+        at(Size);
+        data.writeData(_bytes);
+    }
+
+private:
+    std::uint8_t* reserve(std::size_t count) {
+        if (count > Size - _reached) [[unlikely]]
+            failRowOffset(_reached + count, _reached, Size);
+        std::uint8_t* field = _bytes.data() + (_reached - Start);
+        _reached += count;
+        return field;
+    }
+    template <std::size_t Count>
+    void store(std::uint64_t value) {
+        std::uint8_t* field = reserve(Count);
+        for (std::size_t i = 0; i < Count; ++i)
+            field[i] = static_cast<std::uint8_t>(value >> (8 * i));
+    }
+
+    std::array<std::uint8_t, Size - Start> _bytes{};
+    std::size_t _reached = Start;
+};
+
+/// The part of an index record behind the 8 bytes that `MPPFixedMeta::writeNextElementStartWithInt` writes.
+template <std::size_t Size>
+using MetaRecordBuilder = RowBuilder<Size, 8>;
+
+} // namespace brackwater

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
+#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "Platform/Exception.h"
+
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// What the streams of several storages have in common.
+namespace brackwater {
+
+/// Rows of header elements in front of a storage's own rows.
+inline constexpr std::size_t kHeaderRows = 3;
+inline constexpr std::size_t kCalendarHeaderRows = 4;
+
+/// Header rows of "FixedData", 16 bytes each.
+void writeFixedDataHeaderRows(MPPFixedData& data, std::size_t rows);
+/// Header rows of "Fixed2Data": zeros.
+void writeZeroHeaderRows(MPPFixedData& data, std::size_t rows, std::size_t rowSize);
+/// Records of header rows: the start value, the row's offset, the number `value`, then zeros up to `recordSize`.
+void writeMetaHeaderRows(MPPFixedMeta& meta, std::size_t rows, std::size_t recordSize, std::uint32_t start,
+                         std::uint8_t value);
+
+/// The text, or an empty one when there is none.
+[[nodiscard]] inline std::string_view textOf(const std::optional<std::string>& text) {
+    return text ? std::string_view(*text) : std::string_view();
+}
+[[nodiscard]] inline bool hasText(const std::optional<std::string>& text) { return text && !text->empty(); }
+
+/// The format holds work in thousandths of a minute. Two products, not one by 60000: they differ in the last bit.
+[[nodiscard]] inline double thousandthsOfMinute(double hours) { return hours * 60.0 * 1000.0; }
+
+/// `types[index - 1]`; outside of 1 to the table's size a failure of the given name, `reason` followed by the index.
+[[nodiscard]] inline std::uint16_t typeForIndex(std::span<const std::uint16_t> types, std::size_t index,
+                                                std::string_view name, std::string_view reason) {
+    if (index < 1 || index > types.size())
+        throw Exception(name, fmt::format("{} {}", reason, index));
+    return types[index - 1];
+}
+
+inline constexpr std::string_view kUnknownTextFieldException = "UnknownTextFieldException";
+inline constexpr std::string_view kTextFieldTypeUnknown = "Text field type is unknown for index";
+inline constexpr std::string_view kTooManyBaselinesException = "TooManyBaselinesException";
+
+/// The file holds the first baseline apart from the others: a record without one takes it out of its list.
+template <typename Record>
+void moveFirstBaselineOut(Record& record) {
+    if (record.baseline0 || record.baselines.empty())
+        return;
+    record.baseline0 = record.baselines.front();
+    record.baselines.erase(record.baselines.begin());
+}
+
+} // namespace brackwater
