@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brackwater {
+
+/// The whole of a text file in UTF-8, without a byte order mark at its start. Nothing where the file cannot be read, is
+/// a folder, holds a zero byte or is not valid UTF-8.
+[[nodiscard]] std::optional<std::string> stringWithContentsOfFile(const std::string& path);
+
+/// The pieces between newline characters: line feed, vertical tab, form feed, carriage return, next line (U+0085), line
+/// and paragraph separator (U+2028, U+2029). Each of them separates on its own, so that a CR LF pair has an empty piece
+/// in its middle; an empty text is one empty piece. The pieces are views of `text`.
+[[nodiscard]] std::vector<std::string_view> componentsSeparatedByNewlines(std::string_view text);
+
+} // namespace brackwater
