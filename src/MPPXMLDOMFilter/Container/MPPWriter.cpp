@@ -27,6 +27,13 @@ bool MPPWriter::writeDataForProject(MPPProject* /*project*/) {
     return _reader->isDirectory() ? copyStreamsOfStorage() : writeStreamFromReader(*_reader, *_writer);
 }
 
+bool MPPWriter::finish() {
+    if (_writer->close())
+        return true;
+    setFailureReason(sentence("the entry cannot be finished", *_writer));
+    return false;
+}
+
 bool MPPWriter::copyStreamsOfStorage() {
     const std::int32_t count = _reader->numberOfChildren();
     for (std::int32_t index = 0; index < count; ++index) {

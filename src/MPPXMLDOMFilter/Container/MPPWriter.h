@@ -28,6 +28,8 @@ public:
     /// Writes the entry; false on failure, and `failureReason` then tells why. `project` may be null: the copier does
     /// not look at it, stream writers answer false.
     virtual bool writeDataForProject(MPPProject* project);
+    /// Closes the entry's node of the output; false, with a `failureReason`, when the library could not finish it.
+    bool finish();
     /// Why the entry could not be written, for the log: "NAME: REASON" of an exception, or a sentence. Empty when all
     /// went well.
     [[nodiscard]] const std::string& failureReason() const noexcept { return _failureReason; }

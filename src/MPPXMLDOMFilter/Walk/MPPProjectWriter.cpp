@@ -1,0 +1,99 @@
+#include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
+
+#include "MPPXMLDOMFilter/Container/MPPTemplateFormat.h"
+#include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
+#include "MPPXMLDOMFilter/Walk/EntryTable.h"
+#include "MPPXMLDOMFilter/Walk/TemplateWalk.h"
+#include "Platform/Log.h"
+
+#include <fmt/core.h>
+
+#include <utility>
+
+namespace brackwater {
+
+namespace {
+
+constexpr int kFormat2007 = 2;
+
+std::string reasonOfRefusal(int formatVersion) {
+    if (formatVersion == 0)
+        return "the template cannot be read, or names no known format";
+    return fmt::format("a template of format version {} cannot be written, only one of version {}", formatVersion,
+                       kFormat2007);
+}
+
+/// Opens the output, walks the template into it and closes it. A failed walk leaves the output as far as it got.
+bool writeEntriesToUrl(MPPProject* project, const MPPFormatReader& templateRoot, const FileURL& outputUrl,
+                       MPPWriteFailure& failure) {
+    MPPFormatWriter output(outputUrl);
+    if (!output.open()) {
+        failure.reason = fmt::format("the output cannot be created: {}", output.failureText());
+        return false;
+    }
+    const bool written = TemplateWalk(project, failure).writeEntries(templateRoot, output);
+    const bool closed = output.close();
+    if (written && !closed)
+        failure.reason = fmt::format("the output cannot be finished: {}", output.failureText());
+    return written && closed;
+}
+
+/// The write between its two log lines.
+bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const FileURL& outputUrl,
+                        MPPWriteFailure& failure) {
+    logLine("writeProject started\n");
+    MPPFormatReader templateRoot(templateUrl);
+    bool written = false;
+    if (templateRoot.open())
+        written = writeEntriesToUrl(project, templateRoot, outputUrl, failure);
+    else
+        failure.reason = "the template cannot be opened";
+    logLine("writeProject finished\n");
+    return written;
+}
+
+} // namespace
+
+bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
+                                    MPPWriteFailure* failure) {
+    MPPWriteFailure found;
+    bool written = false;
+    if (const int version = getFormatVersionOfTemplateAtUrl(templateUrl); version != kFormat2007) {
+        found.reason = reasonOfRefusal(version);
+    } else {
+        if (project != nullptr)
+            preprocessProject(*project);
+        written = writeTemplateToUrl(project, templateUrl, outputUrl, found);
+    }
+    if (!written && failure != nullptr) {
+        if (found.entryPath.empty())
+            found.entryPath = templateUrl.path();
+        *failure = std::move(found);
+    }
+    return written;
+}
+
+int MPPProjectWriter::getFormatVersionOfTemplateAtUrl(const FileURL& templateUrl) {
+    return formatVersionOfTemplateAtUrl(templateUrl);
+}
+
+void MPPProjectWriter::preprocessProject(MPPProject& project) {
+    MPP12TaskWriter::preprocessProject(project);
+    MPP12RscWriter::preprocessProject(project);
+    MPP12AssignmentWriter::preprocessProject(project);
+    MPP12CalendarWriter::preprocessProject(project);
+}
+
+std::unique_ptr<MPPWriter> MPPProjectWriter::createWriterForRootSonName(const std::string& name,
+                                                                        MPPFormatWriter& parent,
+                                                                        std::shared_ptr<MPPFormatReader> reader) {
+    std::shared_ptr<MPPFormatWriter> child = parent.createChildWithName(name, reader->isDirectory());
+    if (!child)
+        return nullptr;
+    return newWriterForEntry(name, parent.getName(), std::move(child), std::move(reader));
+}
+
+} // namespace brackwater

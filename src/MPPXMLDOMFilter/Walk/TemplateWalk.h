@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
+
+namespace brackwater {
+
+/// One pass over the two outer levels of a template. Each entry is finished and closed before the next one is begun;
+/// the first failure ends the walk.
+class TemplateWalk {
+public:
+    /// `project` goes to the writers as it is. `failure` is filled in when the walk fails.
+    TemplateWalk(MPPProject* project, MPPWriteFailure& failure) : _project(project), _failure(failure) {}
+
+    /// Writes all entries of the template into the root of the output; the caller closes the root.
+    [[nodiscard]] bool writeEntries(const MPPFormatReader& templateRoot, MPPFormatWriter& outputRoot);
+
+private:
+    using Reader = std::shared_ptr<MPPFormatReader>;
+
+    bool writeStorage(const MPPFormatReader& reader, MPPFormatWriter& parent);
+    bool writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader);
+    bool closeNode(const std::string& path, MPPFormatWriter& node);
+    bool fail(std::string path, std::string reason);
+
+    MPPProject* _project;
+    MPPWriteFailure& _failure;
+};
+
+} // namespace brackwater
