@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ByteBuilder.h"
+
+namespace brackwater::layout {
+
+// What the template's own empty project holds. An export replaces all of it.
+
+inline constexpr std::uint32_t kNoDate = 0xFFFFFFFF;
+/// Monday 2007-01-01 at 8:00: 8402 days since 1983-12-31 in the upper half, tenths of a minute in the lower.
+inline constexpr std::uint32_t kProjectStart = 8402U << 16 | 4800U;
+
+inline constexpr std::string_view kStandardCalendarName = "Standard";
+
+/// GUIDs need only differ from one another.
+constexpr GuidBytes guidNumber(std::uint8_t n) {
+    return {0x42, 0x72, 0x61, 0x63, 0x6B, 0x77, 0x47, 0x74, 0x80, 0x65, 0x72, 0x00, 0x00, 0x00, 0x00, n};
+}
+inline constexpr GuidBytes kProjectGuid = guidNumber(1);
+inline constexpr GuidBytes kStandardCalendarGuid = guidNumber(2);
+inline constexpr GuidBytes kDefaultResourceGuid = guidNumber(3);
+inline constexpr GuidBytes kNoGuid{};
+
+} // namespace brackwater::layout
