@@ -31,10 +31,7 @@ public:
     /// builds once.
     [[nodiscard]] std::vector<XMLElement> objectsForXQuery(const XMLQuery& query, Error* error = nullptr) const;
     /// The number that objectsForXQuery would find and the last of them, without a list.
-    struct LastFound {
-        std::size_t count = 0;
-        std::optional<XMLElement> last;
-    };
+    struct LastFound;
     [[nodiscard]] LastFound lastObjectForXQuery(const XMLQuery& query, Error* error = nullptr) const;
 
     // Building. A document that is being changed must not have been queried by id before: the index is not updated.
@@ -51,6 +48,11 @@ public:
 
 private:
     _xmlNode* _node;
+};
+
+struct XMLElement::LastFound {
+    std::size_t count = 0;
+    std::optional<XMLElement> last;
 };
 
 } // namespace brackwater
