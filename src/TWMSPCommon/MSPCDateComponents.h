@@ -38,9 +38,9 @@ public:
     [[nodiscard]] bool isUTC() const noexcept { return _isUTC; }
     void setIsUTC(bool isUTC) noexcept { _isUTC = isUTC; }
     [[nodiscard]] std::int64_t timeZoneHour() const noexcept { return _timeZoneHour; }
-    void setTimeZoneHour(std::int64_t hour) noexcept { _timeZoneHour = hour; }
+    void setTimeZoneHour(std::int64_t hours) noexcept { _timeZoneHour = hours; }
     [[nodiscard]] std::int64_t timeZoneMinute() const noexcept { return _timeZoneMinute; }
-    void setTimeZoneMinute(std::int64_t minute) noexcept { _timeZoneMinute = minute; }
+    void setTimeZoneMinute(std::int64_t minutes) noexcept { _timeZoneMinute = minutes; }
 
     /// Sets isUTC to whether both parts of the offset are 0.
     void fixUTC() noexcept;

@@ -1,0 +1,78 @@
+#include "TWMSPCommon/MSPCDateComponents.h"
+
+#include "Platform/GregorianCalendar.h"
+#include "Platform/Saturating.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace brackwater {
+namespace {
+
+// Far more than a date can be moved by, far less than 64 bits hold once it is counted in seconds.
+constexpr std::int64_t kLargestZoneField = 1'000'000'000'000'000;
+
+std::int64_t offsetOf(const TimeZone& zone, std::optional<Date> date, Date now) {
+    if (!date)
+        return zone.secondsFromGMT(now);
+    if (!zone.isDaylightSavingTime(now) && zone.isDaylightSavingTime(*date))
+        return zone.secondsFromGMT(now) + saturatingCut<std::int64_t>(zone.daylightSavingTimeOffset(*date));
+    return zone.secondsFromGMT(*date);
+}
+
+} // namespace
+
+void MSPCDateComponents::fixUTC() noexcept { _isUTC = _timeZoneHour == 0 && _timeZoneMinute == 0; }
+
+std::int64_t MSPCDateComponents::secondsFromGMT() const noexcept {
+    return std::clamp(_timeZoneHour, -kLargestZoneField, kLargestZoneField) * 3600 +
+           std::clamp(_timeZoneMinute, -kLargestZoneField, kLargestZoneField) * 60;
+}
+
+UnitMask MSPCDateComponents::forceSystemTimezoneforDate(std::optional<Date> date, Date now) {
+    const TimeZone zone = TimeZone::system();
+    if (!date)
+        date = GregorianCalendar(zone).dateFromFields(civilTime());
+    const std::int64_t minutes = offsetOf(zone, date, now) / 60;
+    _timeZoneMinute = minutes % 60;
+    _timeZoneHour = minutes / 60;
+    fixUTC();
+    return MSPCAllUnits;
+}
+
+UnitMask MSPCDateComponents::convertToUTC() { return _isUTC ? MSPCAllUnits : convertToTimeZoneForSecondsFromGMT(0); }
+
+UnitMask MSPCDateComponents::convertToSystemTimezone() {
+    const TimeZone zone = TimeZone::system();
+    const auto date = GregorianCalendar(zone).dateFromFields(civilTime());
+    return date ? convertToTimeZoneForSecondsFromGMT(zone.secondsFromGMT(*date)) : NSNotFound;
+}
+
+UnitMask MSPCDateComponents::convertToTimeZoneForSecondsFromGMT(std::int64_t seconds) {
+    const auto date = GregorianCalendar::dateFromFields(civilTime(), _isUTC ? 0 : secondsFromGMT());
+    if (!date)
+        return NSNotFound;
+    const auto moved = DateComponents::fromCivilTime(GregorianCalendar::fieldsOfDate(*date, seconds));
+    year = moved.year;
+    month = moved.month;
+    day = moved.day;
+    hour = moved.hour;
+    minute = moved.minute;
+    second = moved.second;
+    _timeZoneHour = seconds / 3600;
+    _timeZoneMinute = seconds / 60 % 60;
+    fixUTC();
+    return MSPCAllUnits;
+}
+
+std::string MSPCDateComponents::componentsDescription() const {
+    return fmt::format("\n  isUTC={}\n  timeZoneHour={}\n  timeZoneMinute={}", _isUTC ? 1 : 0, _timeZoneHour,
+                       _timeZoneMinute);
+}
+
+std::string MSPCDateComponents::description() const {
+    return "MSPCDateComponents:" + DateComponents::componentsDescription() + componentsDescription();
+}
+
+} // namespace brackwater
