@@ -1,5 +1,6 @@
 #include "MPPXMLDOMFilter/Container/MPPFormatReader.h"
 
+#include "MPPXMLDOMFilter/Container/DirectoryBound.h"
 #include "MPPXMLDOMFilter/Container/GObjectPointer.h"
 #include "MPPXMLDOMFilter/Container/TemplateInput.h"
 #include "Platform/Log.h"
@@ -37,7 +38,7 @@ bool MPPFormatReader::open() {
         return true;
     logLine("opening a file at path {}", _mppFilePath.path());
     const auto input = openTemplateInput(_mppFilePath.path());
-    if (!input)
+    if (!input || !hasSensibleDirectory(input.get()))
         return false;
     _fileSize = gsf_input_size(input.get());
     GsfInfile* infile = gsf_infile_msole_new(input.get(), nullptr);

@@ -18,7 +18,7 @@ namespace brackwater {
 namespace {
 
 /// What a wrapped template may unpack to. A few kilobytes can unpack to gigabytes; real templates have some megabytes.
-constexpr std::size_t kLargestUnpacked = std::size_t{256} << 20;
+constexpr std::size_t kLargestUnpacked = std::size_t{128} << 20;
 /// Wrappings inside one another. An archive can be made that unpacks to itself.
 constexpr int kMostWrappings = 4;
 constexpr std::size_t kPiece = std::size_t{64} << 10;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "support/TempFolder.h"
+
+#include <cstddef>
+#include <string>
+#include <sys/resource.h>
+
+namespace brackwater::test {
+
+/// A folder in which only so many bytes find room while the object lives: a file system of its own where the process
+/// may mount one, else a limit on the size of every file that the process writes.
+class SmallDisk {
+public:
+    explicit SmallDisk(std::size_t bytes);
+    ~SmallDisk();
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    [[nodiscard]] std::string path(std::string_view entry) const { return _folder.path(entry); }
+
+private:
+    TempFolder _folder;
+    bool _mounted;
+    rlimit _limitBefore{};
+    void (*_signalBefore)(int) = nullptr;
+};
+
+} // namespace brackwater::test

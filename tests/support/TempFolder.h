@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brackwater::test {
+
+/// A fresh folder that is removed with all it holds at the end of the object's life.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    /// The folder itself, without a slash at the end.
+    [[nodiscard]] const std::string& path() const noexcept { return _path; }
+    /// The path of an entry, which need not exist.
+    [[nodiscard]] std::string path(std::string_view entry) const;
+    /// Writes a file, with the folders above it, and gives its path.
+    std::string write(std::string_view entry, std::string_view bytes) const;
+    /// Makes a folder and gives its path.
+    std::string makeFolder(std::string_view entry) const;
+    [[nodiscard]] bool has(std::string_view entry) const;
+    [[nodiscard]] std::string read(std::string_view entry) const;
+
+private:
+    std::string _path;
+};
+
+} // namespace brackwater::test
