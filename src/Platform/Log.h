@@ -7,17 +7,20 @@
 namespace brackwater {
 
 /// The log facility. One message becomes one line on standard error, `YYYY-MM-DD HH:MM:SS.mmm Brackwater[pid] text`
-/// with the local wall clock; line ends inside a message stay as they are. Output is buffered, and nothing logged is
-/// lost when the process ends or dies by an uncaught exception.
+/// with the local wall clock; line ends inside a message stay as they are. Output is buffered, unless standard error is
+/// a terminal, and nothing logged is lost when the process ends, dies by an uncaught exception or by a signal.
 void logLine(std::string_view text);
+
+/// Formats and logs one message, whatever its arguments' number and kinds.
+void logFormatted(fmt::string_view text, fmt::format_args arguments);
 
 /// Formats and logs one message.
 template <typename... Args>
 requires(sizeof...(Args) > 0) void logLine(fmt::format_string<Args...> text, Args&&... args) {
-    logLine(std::string_view(fmt::format(text, std::forward<Args>(args)...)));
+    logFormatted(text, fmt::make_format_args(args...));
 }
 
-/// Writes out what is buffered.
+/// Writes out what is buffered. May be called from a signal handler.
 void flushLog();
 
 /// Where log lines go while the object lives instead of standard error: each message, without time stamp and process,

@@ -17,8 +17,11 @@ namespace brackwater {
 [[nodiscard]] std::string stringByDeletingLastPathComponent(std::string_view path);
 [[nodiscard]] std::string stringByAppendingPathComponent(std::string_view path, std::string_view component);
 [[nodiscard]] std::string stringByAppendingPathExtension(std::string_view path, std::string_view extension);
+/// The user's home folder: HOME, or what the machine knows of the user.
+[[nodiscard]] std::string homeFolder();
 /// Expands a leading tilde, removes "." components, a trailing slash and repeated slashes, and takes ".." components
-/// out of absolute paths (in a relative path they stay, since what they leave is not known).
+/// out of absolute paths (in a relative path they stay, since what they leave is not known). A path of "." components
+/// only gives ".".
 [[nodiscard]] std::string stringByStandardizingPath(std::string_view path);
 /// ASCII and Unicode letters folded to lower case.
 [[nodiscard]] std::string lowercaseString(std::string_view text);

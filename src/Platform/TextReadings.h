@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -7,8 +8,9 @@
 namespace brackwater {
 
 /// Prefix readings of a text, as the platform's `integerValue` and its relatives do them: leading blanks are skipped,
-/// what follows the value is ignored, a value that the type cannot hold gives its nearest limit, and a text that does
-/// not begin with a value gives 0, 0.0 or false.
+/// what follows the value is ignored, a value that the type cannot hold gives its nearest limit (for a double
+/// infinity, or 0.0 for one too small), and a text that does not begin with a value gives 0, 0.0 or false. Blanks are
+/// the ASCII ones: space, tab, line feed, vertical tab, form feed, carriage return.
 [[nodiscard]] std::int64_t integerValue(std::string_view text) noexcept;
 [[nodiscard]] std::int32_t intValue(std::string_view text) noexcept;
 /// Decimal point is "." whatever the locale.

@@ -6,14 +6,20 @@
 #include <string>
 #include <string_view>
 
+struct _xmlDoc; // NOLINT: libxml2's own name
+
 namespace brackwater {
+
+class XMLIndex;
 
 /// An XML document in memory, and the owner of all its nodes.
 ///
 /// The source is not trusted: no network, no entity is expanded, no external part is read, libxml2's limits on depth
 /// and text length stay on; a document that declares entities is refused, a DOCTYPE line without declarations is read
-/// over. A document that is not well-formed is read again in recovery mode, each repair logged as a line "WARNING: ..."
-/// that names file, line and fault; one that is empty, has no root or ends too early is refused.
+/// over; default values of attributes, which a short text can multiply without bound, are refused as well. A document
+/// that is not well-formed is repaired, each repair logged as a line "WARNING: ..." that names file, line and fault;
+/// one that is empty, has no root, ends too early (elements still open) or goes on with markup behind its root is
+/// refused. Line ends and indents between elements are not part of the tree.
 class XMLDocument {
 public:
     /// Reads a file. Nothing where it gives no document; `reason` (may be null) then tells why.
@@ -33,11 +39,10 @@ public:
     [[nodiscard]] std::string serialized() const;
 
 private:
-    class Contents; ///< the library's document and the index by element name and id
-    explicit XMLDocument(std::unique_ptr<Contents> contents);
-    friend class XMLElement;
+    explicit XMLDocument(_xmlDoc* document);
 
-    std::unique_ptr<Contents> _contents;
+    _xmlDoc* _document;
+    std::unique_ptr<XMLIndex> _index;
 };
 
 } // namespace brackwater

@@ -3,6 +3,7 @@
 #include "Platform/Error.h"
 #include "Platform/XMLQuery.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,8 +22,18 @@ public:
     [[nodiscard]] std::string_view name() const noexcept;
     /// The text of the element and all elements below it.
     [[nodiscard]] std::string stringValue() const;
+    /// The same without a copy where the text stands in one piece, as it nearly always does: a view into the tree,
+    /// otherwise into `storage`. Valid as long as both are left alone.
+    [[nodiscard]] std::string_view textView(std::string& storage) const;
     [[nodiscard]] std::optional<std::string> attributeForName(std::string_view name) const;
+    /// The same without a copy, as `textView`.
+    [[nodiscard]] std::optional<std::string_view> attributeView(std::string_view name, std::string& storage) const;
     [[nodiscard]] std::optional<XMLElement> parent() const noexcept;
+    /// The elements below this one in document order: a reader that needs many children walks them once.
+    [[nodiscard]] std::optional<XMLElement> firstChildElement() const noexcept;
+    [[nodiscard]] std::optional<XMLElement> nextSiblingElement() const noexcept;
+    /// The element as XML on one line, cut after some hundred bytes, for messages.
+    [[nodiscard]] std::string description() const;
     /// The namespace URIs that this element declares, in document order.
     [[nodiscard]] std::vector<std::string> namespaces() const;
 
@@ -34,7 +45,8 @@ public:
     struct LastFound;
     [[nodiscard]] LastFound lastObjectForXQuery(const XMLQuery& query, Error* error = nullptr) const;
 
-    // Building. A document that is being changed must not have been queried by id before: the index is not updated.
+    // Building. A change drops the document's indexes; the next query that needs one builds it anew. An index counts
+    // the nodes below this element; one outside them raises NSRangeException.
     void setAttribute(std::string_view name, std::string_view value);
     XMLElement addChild(std::string_view name);
     XMLElement insertChild(std::string_view name, int index);

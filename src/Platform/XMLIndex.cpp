@@ -1,0 +1,168 @@
+#include "Platform/XMLIndex.h"
+
+#include "Platform/XMLNodes.h"
+
+#include <bit>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace brackwater {
+
+using namespace xmlnodes;
+
+// A hash table from a value (or a value and a parent's value) to the elements that carry it. An entry is an element;
+// the first element of a value heads the chain of all that share it and is the one that hangs in a bucket.
+class XMLIndex::Table {
+public:
+    Table(const XMLQuery& query, const _xmlDoc* document)
+        : _form(query.form()), _name(query.name()), _attribute(query.attribute()),
+          _parentAttribute(query.parentAttribute()) {
+        if (xmlNode* root = xmlDocGetRootElement(document))
+            collect(root);
+        _buckets.resize(std::bit_ceil(_entries.size() + 1), kNone);
+        for (std::uint32_t index = 0; index < _entries.size(); ++index)
+            insert(index);
+    }
+
+    [[nodiscard]] bool answers(const XMLQuery& query) const {
+        return query.form() == _form && query.name() == _name && query.attribute() == _attribute &&
+               query.parentAttribute() == _parentAttribute;
+    }
+
+    [[nodiscard]] LastFound lastFound(const XMLQuery& query) {
+        const std::uint32_t head = headOf({query.value(), query.parentValue()});
+        if (head == kNone)
+            return {};
+        return {_entries[head].count, _entries[_entries[head].lastOfValue].element};
+    }
+
+    [[nodiscard]] std::vector<_xmlNode*> allFound(const XMLQuery& query) {
+        std::vector<_xmlNode*> found;
+        for (std::uint32_t index = headOf({query.value(), query.parentValue()}); index != kNone;
+             index = _entries[index].nextOfValue)
+            found.push_back(_entries[index].element);
+        return found;
+    }
+
+private:
+    static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+
+    struct Key {
+        std::string_view value;
+        std::string_view parentValue;
+
+        friend bool operator==(const Key&, const Key&) = default;
+
+        [[nodiscard]] std::uint32_t hash() const {
+            const std::size_t own = std::hash<std::string_view>()(value);
+            const std::size_t both = own * 31 + std::hash<std::string_view>()(parentValue);
+            return static_cast<std::uint32_t>(both ^ (both >> 32));
+        }
+    };
+
+    struct Entry {
+        _xmlNode* element;
+        std::uint32_t hash;
+        std::uint32_t nextInBucket = kNone;
+        std::uint32_t nextOfValue = kNone;
+        std::uint32_t lastOfValue = kNone; // of a head only, as is the count
+        std::uint32_t count = 1;
+    };
+
+    void collect(xmlNode* root) {
+        if (_form == XMLQuery::Form::ChildWithValue) {
+            for (xmlNode* node = root->children; node != nullptr; node = node->next)
+                collectElement(node);
+            return;
+        }
+        for (xmlNode* node = root; node != nullptr; node = nextBelow(node, root))
+            collectElement(node);
+    }
+
+    void collectElement(xmlNode* node) {
+        if (node->type != XML_ELEMENT_NODE || !isNamed(node->name, _name))
+            return;
+        if (const auto key = keyOf(node, _ownStorage))
+            _entries.push_back({node, key->hash()});
+    }
+
+    // Room for values that do not stand in one piece in the tree.
+    struct Storage {
+        std::string value;
+        std::string parentValue;
+    };
+
+    // Nothing where an attribute is missing.
+    std::optional<Key> keyOf(const xmlNode* element, Storage& storage) const {
+        const xmlAttr* own = attributeOf(element, _attribute);
+        if (own == nullptr)
+            return std::nullopt;
+        const std::string_view value = textOf(own->children, storage.value);
+        if (_form == XMLQuery::Form::ChildWithValue)
+            return Key{value, {}};
+        const xmlNode* parent = element->parent;
+        if (parent == nullptr || parent->type != XML_ELEMENT_NODE)
+            return std::nullopt;
+        const xmlAttr* parents = attributeOf(parent, _parentAttribute);
+        if (parents == nullptr)
+            return std::nullopt;
+        return Key{value, textOf(parents->children, storage.parentValue)};
+    }
+
+    std::uint32_t& bucketOf(std::uint32_t hash) { return _buckets[hash & (_buckets.size() - 1)]; }
+
+    std::uint32_t headOf(const Key& key) {
+        const std::uint32_t hash = key.hash();
+        std::uint32_t index = bucketOf(hash);
+        while (index != kNone &&
+               !(_entries[index].hash == hash && keyOf(_entries[index].element, _othersStorage) == key))
+            index = _entries[index].nextInBucket;
+        return index;
+    }
+
+    void insert(std::uint32_t index) {
+        Entry& entry = _entries[index];
+        const std::uint32_t head = headOf(*keyOf(entry.element, _ownStorage));
+        if (head == kNone) {
+            std::uint32_t& bucket = bucketOf(entry.hash);
+            entry.nextInBucket = bucket;
+            entry.lastOfValue = index;
+            bucket = index;
+            return;
+        }
+        _entries[_entries[head].lastOfValue].nextOfValue = index;
+        _entries[head].lastOfValue = index;
+        ++_entries[head].count;
+    }
+
+    XMLQuery::Form _form;
+    std::string _name;
+    std::string _attribute;
+    std::string _parentAttribute;
+    std::vector<Entry> _entries;
+    std::vector<std::uint32_t> _buckets;
+    Storage _ownStorage;    // of the element that is being added
+    Storage _othersStorage; // of the elements that a key is compared with
+};
+
+XMLIndex::XMLIndex(_xmlDoc* document) : _document(document) {}
+
+XMLIndex::~XMLIndex() = default;
+
+XMLIndex::LastFound XMLIndex::lastFound(const XMLQuery& query) { return tableFor(query).lastFound(query); }
+
+std::vector<_xmlNode*> XMLIndex::allFound(const XMLQuery& query) { return tableFor(query).allFound(query); }
+
+void XMLIndex::clear() { _tables.clear(); }
+
+XMLIndex::Table& XMLIndex::tableFor(const XMLQuery& query) {
+    for (const auto& table : _tables)
+        if (table->answers(query))
+            return *table;
+    return *_tables.emplace_back(std::make_unique<Table>(query, _document));
+}
+
+} // namespace brackwater
