@@ -16,15 +16,15 @@ MemoryWriter::MemoryWriter(std::shared_ptr<MemoryOutput> output, std::string pat
 MemoryWriter::~MemoryWriter() { markClosed(); }
 
 std::unique_ptr<MPPFormatWriter> MemoryWriter::createChildWithName(const std::string& name, bool isDir) {
-    if (!_output->nextCallSucceeds())
-        return nullptr;
     const std::string path = _path.empty() ? name : _path + "/" + name;
+    if (!_output->nextCallSucceeds(path))
+        return nullptr;
     _output->created.push_back(path);
     return std::make_unique<MemoryWriter>(_output, path, !isDir);
 }
 
 bool MemoryWriter::writeBytes(std::span<const std::uint8_t> bytes) {
-    if (!_output->nextCallSucceeds())
+    if (!_output->nextCallSucceeds(_path))
         return false;
     Bytes& stream = _output->streams[_path];
     stream.insert(stream.end(), bytes.begin(), bytes.end());
@@ -40,7 +40,7 @@ bool MemoryWriter::close() {
     if (_closed)
         return true;
     markClosed();
-    return _output->nextCallSucceeds();
+    return _output->nextCallSucceeds(_path);
 }
 
 void MemoryWriter::markClosed() {

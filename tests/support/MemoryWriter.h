@@ -23,8 +23,15 @@ struct MemoryOutput {
     int openStreams = 0;
     int mostOpenStreams = 0; ///< the library that writes real files bears one
 
-    /// Counts a call; false for the one that is to fail.
-    bool nextCallSucceeds() { return calls++ != failingCall; }
+    std::string failedPath; ///< of the stream whose call failed
+
+    /// Counts a call that concerns a stream or storage; false for the one that is to fail.
+    bool nextCallSucceeds(const std::string& path) {
+        if (calls++ != failingCall)
+            return true;
+        failedPath = path;
+        return false;
+    }
 };
 
 /// A sink in memory in place of a compound file. Fails once at a call that the output names.

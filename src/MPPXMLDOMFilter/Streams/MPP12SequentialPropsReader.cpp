@@ -25,13 +25,10 @@ std::uint32_t integerAt(std::span<const std::uint8_t> data, std::size_t offset) 
 }
 
 std::vector<std::uint8_t> wholeStream(MPPFormatReader& reader) {
-    const std::int64_t size = reader.getDataSize();
-    if (size <= 0)
-        return {};
-    std::vector<std::uint8_t> data(static_cast<std::size_t>(size));
-    if (!reader.getData(data))
+    auto data = reader.readAll();
+    if (!data)
         throw Exception(kReadFromStreamException, fmt::format("Attempt to read {} stream failed", reader.getName()));
-    return data;
+    return std::move(*data);
 }
 
 } // namespace

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Platform/Guid.h"
+#include "support/MemoryWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brackwater::test {
+
+/// Expected bytes of a row or stream: zeros of a size, then values at offsets.
+class ByteImage {
+public:
+    explicit ByteImage(std::size_t size) : _bytes(size) {}
+
+    ByteImage& byte(std::size_t offset, std::uint8_t value) { return put(offset, value, 1); }
+    ByteImage& word(std::size_t offset, std::uint16_t value) { return put(offset, value, 2); }
+    ByteImage& integer(std::size_t offset, std::uint32_t value) { return put(offset, value, 4); }
+    ByteImage& real(std::size_t offset, double value);
+    /// Tenths of a minute and days.
+    ByteImage& date(std::size_t offset, std::uint16_t tenths, std::uint16_t days) {
+        return word(offset, tenths).word(offset + 2, days);
+    }
+    ByteImage& noDate(std::size_t offset) { return integer(offset, 0xFFFFFFFF); }
+    ByteImage& guid(std::size_t offset, const Guid& guid);
+    /// UTF-16 of an ASCII text, without terminator.
+    ByteImage& text(std::size_t offset, std::string_view text);
+
+    [[nodiscard]] const Bytes& bytes() const { return _bytes; }
+
+private:
+    ByteImage& put(std::size_t offset, std::uint64_t value, std::size_t count);
+
+    Bytes _bytes;
+};
+
+/// `size` bytes of a stream; a failure and what there is when the stream is shorter.
+[[nodiscard]] Bytes slice(const Bytes& stream, std::size_t offset, std::size_t size);
+[[nodiscard]] std::uint16_t wordAt(const Bytes& stream, std::size_t offset);
+[[nodiscard]] std::uint32_t integerAt(const Bytes& stream, std::size_t offset);
+[[nodiscard]] double realAt(const Bytes& stream, std::size_t offset);
+
+/// Equal bytes; otherwise lists the offsets that differ.
+[[nodiscard]] testing::AssertionResult sameBytes(const Bytes& actual, const Bytes& expected);
+[[nodiscard]] inline testing::AssertionResult sameBytes(const Bytes& actual, const ByteImage& expected) {
+    return sameBytes(actual, expected.bytes());
+}
+
+} // namespace brackwater::test
