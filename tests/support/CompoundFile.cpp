@@ -52,6 +52,14 @@ CompoundTree entriesOf(GsfInfile* parent) {
     return tree;
 }
 
+Owned<GsfInfile> rootOf(const Bytes& bytes) {
+    const Owned<GsfInput> input(gsf_input_memory_new_clone(bytes.data(), static_cast<gsf_off_t>(bytes.size())));
+    Owned<GsfInfile> root(gsf_infile_msole_new(input.get(), nullptr));
+    if (!root)
+        throw std::runtime_error("no compound file");
+    return root;
+}
+
 void appendLength(Bytes& bytes, std::size_t length) {
     for (int shift = 0; shift < 32; shift += 8)
         bytes.push_back(static_cast<std::uint8_t>(length >> shift & 0xFF));
@@ -117,14 +125,11 @@ void writeCompoundFile(const std::string& path, const CompoundTree& tree) {
     writeFile(path, bytesOfCompoundFile(tree));
 }
 
-CompoundTree readCompoundFile(const std::string& path) {
-    const Bytes bytes = readFile(path);
-    const Owned<GsfInput> input(gsf_input_memory_new_clone(bytes.data(), static_cast<gsf_off_t>(bytes.size())));
-    const Owned<GsfInfile> root(gsf_infile_msole_new(input.get(), nullptr));
-    if (!root)
-        throw std::runtime_error("no compound file: " + path);
-    return entriesOf(root.get());
+std::shared_ptr<MPPFormatReader> readerOfCompoundFile(const CompoundTree& tree) {
+    return std::make_shared<MPPFormatReader>(reinterpret_cast<GsfInput*>(rootOf(bytesOfCompoundFile(tree)).get()));
 }
+
+CompoundTree readCompoundFile(const std::string& path) { return entriesOf(rootOf(readFile(path)).get()); }
 
 const CompoundEntry* entryAt(const CompoundTree& tree, const std::string& path) {
     const std::size_t slash = path.find('/');

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Container/MPPFormatReader.h"
 #include "support/MemoryWriter.h"
 
 #include <optional>
@@ -35,6 +36,9 @@ void writeFile(const std::string& path, const Bytes& bytes);
 [[nodiscard]] Bytes readFile(const std::string& path);
 /// Writes a compound file with this tree.
 void writeCompoundFile(const std::string& path, const CompoundTree& tree);
+
+/// A compound file with this tree, in memory, as an open reader of its root.
+[[nodiscard]] std::shared_ptr<MPPFormatReader> readerOfCompoundFile(const CompoundTree& tree);
 
 /// Reads a compound file back, in the library's order of entries; throws when it does not open or a stream cannot be
 /// read.

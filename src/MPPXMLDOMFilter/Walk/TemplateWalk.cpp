@@ -35,7 +35,7 @@ bool TemplateWalk::writeStorage(const MPPFormatReader& reader, MPPFormatWriter& 
         if (!writeEntry(path, *storage, std::move(child)))
             return false;
     }
-    return closeNode(name, *storage);
+    return storage->close() || fail(name, "the storage cannot be finished: " + storage->failureText());
 }
 
 bool TemplateWalk::writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader) {
@@ -48,10 +48,6 @@ bool TemplateWalk::writeEntry(const std::string& path, MPPFormatWriter& parent, 
     if (!writer->finish())
         return fail(path, writer->failureReason());
     return true;
-}
-
-bool TemplateWalk::closeNode(const std::string& path, MPPFormatWriter& node) {
-    return node.close() || fail(path, node.failureText());
 }
 
 bool TemplateWalk::fail(std::string path, std::string reason) {

@@ -19,7 +19,6 @@ private:
 
     bool writeStorage(const MPPFormatReader& reader, MPPFormatWriter& parent);
     bool writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader);
-    bool closeNode(const std::string& path, MPPFormatWriter& node);
     bool fail(std::string path, std::string reason);
 
     MPPProject* _project;

@@ -1,0 +1,129 @@
+#include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
+#include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
+#include "support/CompoundFile.h"
+#include "support/LogCapture.h"
+#include "support/SmallDisk.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+namespace brackwater::test {
+namespace {
+
+FileURL urlOf(const std::string& path) { return FileURL::fileURLWithPath(path, false); }
+
+class ProjectWriter : public testing::Test {
+protected:
+    /// Writes into `output` from a template of these bytes.
+    bool write(const Bytes& templateBytes, const std::string& output) {
+        writeFile(_template, templateBytes);
+        _failure = {};
+        return MPPProjectWriter::writeProject(nullptr, urlOf(output), urlOf(_template), &_failure);
+    }
+    bool write(const CompoundTree& tree) { return write(bytesOfCompoundFile(tree), _output); }
+
+    CompoundFileLibrary _library;
+    TempFolder _folder;
+    LogCapture _log;
+    std::string _template = _folder.path("Template.mpp");
+    std::string _output = _folder.path("Out.mpp");
+    MPPWriteFailure _failure;
+};
+
+const CompoundTree kCopied = {
+    stream("Large", patternBytes(100000)),
+    compObj2007(),
+    storage("Empty", {}),
+    storage("Folder", {stream("Nothing", {}), storage("EmptyToo", {}),
+                       storage("Store", {stream("A", patternBytes(4096)), stream("B", patternBytes(4095))})}),
+};
+
+TEST_F(ProjectWriter, UnknownEntriesComeOutAsTheyWere) {
+    ASSERT_TRUE(write(kCopied)) << _failure.entryPath << ": " << _failure.reason;
+    EXPECT_EQ(readCompoundFile(_output), readCompoundFile(_template));
+    EXPECT_EQ(_log.lines(), (std::vector<std::string>{"opening a file at path " + _template, "writeProject started\n",
+                                                      "opening a file at path " + _template,
+                                                      "opening a file at path " + _output, "writeProject finished\n"}));
+}
+
+TEST_F(ProjectWriter, OutputOfAnOutputIsTheSameFile) {
+    ASSERT_TRUE(write(kCopied));
+    const Bytes first = readFile(_output);
+    ASSERT_TRUE(write(first, _output));
+    EXPECT_EQ(readFile(_output), first);
+}
+
+TEST_F(ProjectWriter, OtherFormatVersionsAreRefusedWithoutAWord) {
+    const CompoundTree refused[] = {
+        {compObj("Microsoft Project 11.0", "MSProject.MPP9")},
+        {compObj("Microsoft Project 14.0", "MSProject.MPP14")},
+        {compObj("Microsoft Project 4.0", "MSProject.MPP12")},
+        {stream("Other", patternBytes(10))},
+    };
+    for (const auto& tree : refused) {
+        LogCapture log;
+        EXPECT_FALSE(write(tree));
+        EXPECT_EQ(log.lines(), std::vector<std::string>{"opening a file at path " + _template});
+        EXPECT_FALSE(std::filesystem::exists(_output));
+        EXPECT_EQ(_failure.entryPath, _template);
+    }
+    EXPECT_EQ(_failure.reason, "the template cannot be read, or names no known format");
+    write(refused[1]);
+    EXPECT_EQ(_failure.reason, "a template of format version 3 cannot be written, only one of version 2");
+}
+
+TEST_F(ProjectWriter, OutputThatCannotBeCreatedEndsTheWrite) {
+    const std::string output = _folder.path("missing/Out.mpp");
+    EXPECT_FALSE(write(bytesOfCompoundFile(kCopied), output));
+    EXPECT_EQ(_failure.entryPath, _template);
+    EXPECT_TRUE(_log.contains("'" + output + "' error: "));
+    EXPECT_EQ(_log.lines().back(), "writeProject finished\n");
+    EXPECT_FALSE(std::filesystem::exists(_folder.path("missing")));
+}
+
+TEST_F(ProjectWriter, FailedEntryLeavesTheFileAsFarAsItGot) {
+    EXPECT_FALSE(write({compObj2007(), stream("Early", patternBytes(5000)),
+                        storage("Folder", {storage("Store", {stream("A", patternBytes(9)), storage("Deep", {})})}),
+                        stream("LastEntry", {})}));
+    EXPECT_EQ(_failure.entryPath, "Folder/Store");
+    EXPECT_EQ(_failure.reason, "the storage 'Deep' lies too deep for the copier");
+    const CompoundTree tree = readCompoundFile(_output);
+    EXPECT_EQ(entryAt(tree, "Early")->bytes, patternBytes(5000));
+    EXPECT_EQ(entryAt(tree, "Folder/Store/A")->bytes, patternBytes(9));
+    EXPECT_EQ(*entryAt(tree, "Folder/Store/Deep"), stream("Deep", {}));
+    EXPECT_FALSE(entryAt(tree, "LastEntry"));
+    EXPECT_EQ(_log.lines().back(), "writeProject finished\n");
+}
+
+TEST_F(ProjectWriter, FullDiskIsAFailedWriteAndLeavesNoFile) {
+    CompoundTree tree = {compObj2007()};
+    for (int i = 0; i < 30; ++i)
+        tree.push_back(stream("Stream" + std::to_string(i), patternBytes(20000)));
+    writeCompoundFile(_template, tree);
+    const SmallDisk disk(300 << 10);
+    const std::string output = disk.path("Out.mpp");
+    EXPECT_FALSE(MPPProjectWriter::writeProject(nullptr, urlOf(output), urlOf(_template), &_failure));
+    EXPECT_EQ(_failure.reason.rfind("the output cannot be finished: ", 0), 0U) << _failure.reason;
+    EXPECT_TRUE(std::filesystem::is_empty(disk.path("")));
+    EXPECT_EQ(_log.lines().back(), "writeProject finished\n");
+}
+
+TEST_F(ProjectWriter, DamagedTemplatesEndInAnAnswer) {
+    const Bytes whole = bytesOfCompoundFile(kCopied);
+    std::mt19937 random(12);
+    for (int round = 0; round < 150; ++round) {
+        Bytes damaged = whole;
+        if (round % 3 == 0)
+            damaged.resize(random() % damaged.size());
+        for (int flips = round % 5; flips > 0 && !damaged.empty(); --flips)
+            damaged[damaged.size() - 1 - random() % std::min<std::size_t>(damaged.size(), 4096)] =
+                static_cast<std::uint8_t>(random() % 256);
+        const bool written = write(damaged, _output);
+        EXPECT_EQ(written, _failure.reason.empty());
+    }
+}
+
+} // namespace
+} // namespace brackwater::test
