@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ByteView.h"
+#include "Complaints.h"
+
+namespace brackwater::inspect {
+
+/// The streams of one storage of rows, as far as the file has them.
+struct RowStreams {
+    std::optional<Bytes> varMeta, var2Data, fixedMeta, fixedData, fixed2Meta, fixed2Data, props;
+};
+
+/// The elements of Var2Data, found by owner and type. Holds views into the streams.
+class VarData {
+public:
+    VarData() = default;
+    VarData(const RowStreams& streams, const std::string& where, Complaints& complaints);
+
+    /// Empty without the element.
+    [[nodiscard]] ByteView find(std::uint32_t owner, std::uint16_t type) const;
+    [[nodiscard]] bool hasAny(std::uint32_t owner) const;
+    [[nodiscard]] std::size_t size() const noexcept { return _elements.size(); }
+    /// Complains of elements whose owner is not among the given ids, which must be sorted.
+    void checkOwners(const std::vector<std::uint32_t>& ids, const std::string& where, Complaints& complaints) const;
+
+private:
+    struct Element {
+        std::uint64_t key; ///< owner shifted left by 16, type
+        ByteView payload;
+    };
+    std::vector<Element> _elements; ///< sorted by key
+};
+
+/// One row: its bytes in both blocks and the bits of both its records. Views into the streams.
+struct RawRow {
+    std::size_t number = 0;         ///< among the rows of the storage, from 0
+    std::uint16_t marks = 0;        ///< first word of the record
+    std::uint16_t elementCount = 0; ///< second word: elements in Var2Data
+    ByteView first, second;
+    ByteView firstBits, secondBits;
+};
+
+/// Sizes of the records of a kind of row.
+struct RecordSizes {
+    std::size_t first, second;
+};
+
+/// The rows of a storage in the order of their records.
+[[nodiscard]] std::vector<RawRow> readRows(const RowStreams& streams, RecordSizes sizes, const std::string& where,
+                                           Complaints& complaints);
+
+} // namespace brackwater::inspect

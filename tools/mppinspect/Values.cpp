@@ -1,0 +1,117 @@
+#include "Values.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+
+namespace brackwater::inspect {
+
+namespace {
+
+constexpr std::uint32_t kNoDate = 0xFFFFFFFF;
+constexpr std::chrono::sys_days kDayZero = std::chrono::year(1983) / 12 / 31;
+constexpr std::uint16_t kEstimated = 0x20;
+constexpr unsigned kTenthsPerDay = 24 * 60 * 10;
+
+std::string oneOf(std::span<const std::string_view> names, std::uint16_t value) {
+    return value < names.size() ? std::string(names[value]) : fmt::format("type {}", value);
+}
+
+} // namespace
+
+std::optional<Date> dateFrom(std::uint32_t raw) {
+    if (raw == kNoDate)
+        return std::nullopt;
+    return Date{static_cast<std::uint16_t>(raw >> 16), static_cast<std::uint16_t>(raw & 0xFFFF)};
+}
+
+std::string dayText(std::uint16_t days) {
+    const std::chrono::year_month_day day(kDayZero + std::chrono::days(days));
+    return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                       static_cast<unsigned>(day.day()));
+}
+
+std::string timeText(std::uint32_t tenths) {
+    const std::uint32_t seconds = tenths % 10 * 6;
+    std::string text = fmt::format("{:02}:{:02}", tenths / 600, tenths / 10 % 60);
+    if (seconds != 0)
+        text += fmt::format(":{:02}", seconds);
+    return text;
+}
+
+std::string textOf(const Date& date) {
+    if (date.tenths >= kTenthsPerDay)
+        return fmt::format("{} +{} tenths of a minute", dayText(date.days), date.tenths);
+    return dayText(date.days) + ' ' + timeText(date.tenths);
+}
+
+std::string textOf(const std::optional<Date>& date) { return date ? textOf(*date) : std::string(); }
+
+std::string numberText(double value) {
+    if (!std::isfinite(value))
+        return fmt::format("{}", value);
+    std::string text = std::abs(value) < 1e15 ? fmt::format("{:.3f}", value) : fmt::format("{:g}", value);
+    if (const auto point = text.find('.'); point != std::string::npos && text.find('e') == std::string::npos) {
+        text.erase(text.find_last_not_of('0') + 1);
+        if (text.back() == '.')
+            text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
+}
+
+std::string textOf(const Duration& duration, const WorkingUnits& units) {
+    struct Unit {
+        std::uint16_t code;
+        const char* name;
+        double minutes;
+    };
+    const double day = units.minutesPerDay, week = units.minutesPerWeek, month = day * units.daysPerMonth;
+    constexpr double wholeDay = 24 * 60;
+    const std::array table{
+        Unit{3, "min", 1},      Unit{4, "emin", 1},
+        Unit{5, "h", 60},       Unit{6, "eh", 60},
+        Unit{7, "d", day},      Unit{8, "ed", wholeDay},
+        Unit{9, "w", week},     Unit{10, "ew", 7 * wholeDay},
+        Unit{11, "mon", month}, Unit{12, "emon", 30 * wholeDay},
+        Unit{21, "d", day}, // the unit that a project's own row has
+    };
+    const std::uint16_t code = duration.unitCode & static_cast<std::uint16_t>(~kEstimated);
+    const char* const mark = (duration.unitCode & kEstimated) != 0 ? "?" : "";
+    constexpr std::uint16_t percent = 19, elapsedPercent = 20;
+    if (code == percent || code == elapsedPercent)
+        return fmt::format("{}{}%{}", duration.tenths, code == elapsedPercent ? "e" : "", mark);
+    for (const Unit& unit : table)
+        if (unit.code == code && unit.minutes > 0)
+            return fmt::format("{}{}{}", numberText(duration.tenths / 10.0 / unit.minutes), unit.name, mark);
+    return fmt::format("{}min (unit {}){}", numberText(duration.tenths / 10.0), code, mark);
+}
+
+std::string workText(double thousandthsOfMinutes) { return numberText(thousandthsOfMinutes / 60000.0) + "h"; }
+
+std::string textOf(const Guid& guid) {
+    std::string text;
+    for (std::size_t i = 0; i < guid.size(); ++i)
+        text += fmt::format("{}{:02X}", i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "", guid.at(i));
+    return text;
+}
+
+std::string constraintText(std::uint16_t type) {
+    constexpr std::array<std::string_view, 8> names{"as soon as possible", "as late as possible", "must start on",
+                                                    "must finish on",      "start no earlier",    "start no later",
+                                                    "finish no earlier",   "finish no later"};
+    return oneOf(names, type);
+}
+
+std::string linkTypeText(std::uint16_t type) {
+    constexpr std::array<std::string_view, 4> names{"finish-finish", "finish-start", "start-finish", "start-start"};
+    return oneOf(names, type);
+}
+
+std::string taskTypeText(std::uint16_t type) {
+    constexpr std::array<std::string_view, 3> names{"fixed units", "fixed duration", "fixed work"};
+    return oneOf(names, type);
+}
+
+} // namespace brackwater::inspect
