@@ -46,6 +46,8 @@ public:
     [[nodiscard]] virtual bool hasMppDomObject() const noexcept { return false; }
     /// The class's name, as failures tell it.
     [[nodiscard]] virtual std::string_view className() const noexcept { return "MSPEXMLAdapter"; }
+    /// The same for a child that may be missing.
+    [[nodiscard]] static std::string_view classNameOf(const MSPEXMLAdapter* adapter) noexcept;
 
 protected:
     // An adapter cannot exist without its mapper: the element-making calls that lack one raise a failure.

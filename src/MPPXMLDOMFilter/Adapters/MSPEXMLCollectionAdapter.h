@@ -42,6 +42,15 @@ public:
     MSPEXMLCollectionAdapter(std::string_view name, MSPEMapper* mapper, std::shared_ptr<Collection> collection)
         : Base(name, mapper), _collection(std::move(collection)) {}
 
+    /// A collection named `name` on a list of the parent's record.
+    template <typename ParentRecord, typename ListOwner>
+    [[nodiscard]] static std::shared_ptr<MSPEXMLCollectionAdapter>
+    onListOf(const MSPEXMLRecordAdapter<ParentRecord>& parent, std::string_view name, Collection ListOwner::*list) {
+        const std::shared_ptr<ParentRecord>& record = parent.mppDomObject();
+        return std::make_shared<MSPEXMLCollectionAdapter>(name, parent.mapper(),
+                                                          std::shared_ptr<Collection>(record, &((*record).*list)));
+    }
+
     /// Takes an adapter with a record of this kind. One without a record adds nothing but stays alive.
     void addChild(const std::shared_ptr<MSPEXMLAdapter>& child) override {
         const auto* withRecord = dynamic_cast<const MSPEXMLRecordAdapter<std::remove_const_t<Record>>*>(child.get());

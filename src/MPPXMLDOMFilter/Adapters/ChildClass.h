@@ -1,0 +1,32 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLAdapter.h"
+#include "Platform/Exception.h"
+
+#include <fmt/format.h>
+
+namespace brackwater {
+
+/// A parent's check of a child that it was given: there must be one.
+inline const MSPEXMLAdapter& requireChild(const std::shared_ptr<MSPEXMLAdapter>& child) {
+    assertThat(child != nullptr, "Unexpected 'child' argument class: {}", MSPEXMLAdapter::classNameOf(child.get()));
+    return *child;
+}
+
+/// ... and it must be of the class that goes with its name.
+template <typename Concrete>
+const Concrete& requireChildClass(const MSPEXMLAdapter& child) {
+    const auto* concrete = dynamic_cast<const Concrete*>(&child);
+    assertThat(concrete != nullptr, "Unexpected 'child' argument class: {}", child.className());
+    return *concrete;
+}
+
+/// The same check as the calendar elements tell it.
+template <typename Concrete>
+const Concrete& requireReceivedClass(const MSPEXMLAdapter& child) {
+    const auto* concrete = dynamic_cast<const Concrete*>(&child);
+    assertThat(concrete != nullptr, "Received adapter of incorect class '{}'", child.className());
+    return *concrete;
+}
+
+} // namespace brackwater

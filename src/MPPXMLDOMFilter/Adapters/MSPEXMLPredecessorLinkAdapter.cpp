@@ -1,0 +1,45 @@
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLPredecessorLinkAdapter.h"
+
+#include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
+#include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
+#include "Platform/Exception.h"
+
+namespace brackwater {
+
+namespace {
+
+using namespace conversions;
+
+// Counts the links made by this process: it goes on from one export to the next.
+std::int64_t linkCounter = 0;
+
+constexpr std::int32_t kLagFormatPercent = 19;
+constexpr std::int32_t kLagFormatElapsedPercent = 20;
+
+void setIsPercentage(MPPConstraint& link, ElementText text) {
+    const std::int32_t format = int32(text);
+    assertThat(format == kLagFormatPercent || format == kLagFormatElapsedPercent, "Unexpected Lag Format: {}", format);
+    link.isPercentage = true;
+}
+
+constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPConstraint>>({
+    {"PredecessorUID", setProxy<&MPPConstraint::task1>},
+    {"LagFormat", setIsPercentage},
+    {"LinkLag", setField<&MPPConstraint::lag, number>},
+    {"Type", setField<&MPPConstraint::constraintType, int32>},
+}));
+
+} // namespace
+
+MSPEXMLPredecessorLinkAdapter::MSPEXMLPredecessorLinkAdapter(std::string_view name, MSPEMapper* mapper)
+    : MSPEXMLAdapterClass(name, mapper) {
+    mppDomObject()->ID = static_cast<std::uint64_t>(++linkCounter);
+}
+
+std::shared_ptr<MSPEXMLAdapter> MSPEXMLPredecessorLinkAdapter::addChildElementWithName(std::string_view name,
+                                                                                       ElementText stringValue) {
+    kVocabulary.store(*mppDomObject(), name, stringValue);
+    return nullptr;
+}
+
+} // namespace brackwater

@@ -1,0 +1,14 @@
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceBaselineAdapter.h"
+
+#include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
+
+namespace brackwater {
+
+std::shared_ptr<MSPEXMLAdapter> MSPEXMLResourceBaselineAdapter::addChildElementWithName(std::string_view name,
+                                                                                        ElementText stringValue) {
+    if (name == "Number")
+        setBaselineNumber(conversions::int32(stringValue));
+    return nullptr;
+}
+
+} // namespace brackwater
