@@ -38,6 +38,8 @@ public:
     [[nodiscard]] bool overtime() const noexcept { return _overtime; }
 
 private:
+    [[nodiscard]] const MSPEExceptionInfo* exceptionAt(std::int64_t index) const noexcept;
+
     std::optional<std::string> _calendarName;
     bool _overtime = false;
     std::vector<MSPEZelbEventInfo> _zelbEventInfos;

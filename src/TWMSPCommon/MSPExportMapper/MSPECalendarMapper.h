@@ -43,14 +43,12 @@ private:
 
     [[nodiscard]] std::shared_ptr<MSPEXMLCalendarAdapter>
     newCalendarFromZelbResource(XMLElement resource, std::optional<XMLElement> parent, std::int64_t& calendarUID);
-    void mapWeekDays(XMLElement schedule, MSPEScheduleInfo& info) const;
-    void mapExceptions(XMLElement schedule, MSPEScheduleInfo& info) const;
-
     void fixCalendarHierarchy();
     [[nodiscard]] ScheduleInfoPointer newFlatScheduleInfo(const MSPEScheduleInfo& info) const;
-    [[nodiscard]] const MSPEWorkingTimes& inheritedWorkingTimes(const MSPEScheduleInfo& info,
-                                                                std::int32_t dayType) const;
-    void inheritExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const;
+    /// The schedule's own, or else those of the nearest schedule above it.
+    [[nodiscard]] const MSPEWorkingTimes& resolvedWorkingTimes(const MSPEScheduleInfo& info,
+                                                               std::int32_t dayType) const;
+    void copyResolvedExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const;
 
     void mapScheduleInfo(const MSPEScheduleInfo& info) const;
     [[nodiscard]] std::int64_t baseCalendarUID(const MSPEScheduleInfo& info) const;

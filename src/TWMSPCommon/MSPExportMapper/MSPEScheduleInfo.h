@@ -71,8 +71,8 @@ public:
 private:
     using Day = std::optional<MSPEWorkingTimes>;
 
-    [[nodiscard]] Day& day(std::int32_t dayType);
-    [[nodiscard]] const Day& day(std::int32_t dayType) const;
+    /// The day type's place in the list; a failed assertion where it has none.
+    [[nodiscard]] static std::size_t place(std::int32_t dayType);
 
     std::optional<XMLElement> _zelbResource;
     std::optional<std::string> _parentKey;

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace brackwater {
+
+class MSPEScheduleInfo;
+class MSPEXMLCalendarAdapter;
+
+/// Adds a schedule's week days, exceptions and work weeks to its calendar; a schedule that says nothing adds nothing.
+void mapScheduleInfoToCalendar(const MSPEScheduleInfo& info, MSPEXMLCalendarAdapter& calendar);
+
+} // namespace brackwater
