@@ -1,0 +1,106 @@
+#include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
+
+#include "Platform/Exception.h"
+#include "Platform/Log.h"
+#include "TWMSPCommon/MSPCExtensions.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::string_view kTableOfContentsName = "__TOC.xml";
+
+/// `fault` names the file and what is wrong with it.
+[[noreturn]] void raiseLoadFailure(std::string fault) {
+    throw Exception(kMSPEXMLException, "MSPEXMLExporter.newXmlDocFromUrl: Failed to build XML DOM from source data.",
+                    std::move(fault));
+}
+
+std::shared_ptr<XMLDocument> newXmlDocFromUrl(const FileURL& url) {
+    std::string fault;
+    std::shared_ptr<XMLDocument> document = XMLDocument::readFile(url.path(), &fault);
+    if (!document)
+        raiseLoadFailure(std::move(fault));
+    return document;
+}
+
+/// The path below the bundle without "." and ".." components; nothing where it names the bundle itself or leaves it.
+/// Only the text is looked at: the components are taken back before the file system could follow a link on the way.
+std::optional<std::string> pathInsideBundle(std::string_view filename) {
+    if (filename.starts_with('/'))
+        return std::nullopt;
+    std::vector<std::string_view> components;
+    while (!filename.empty()) {
+        const std::size_t slash = filename.find('/');
+        const std::string_view component = filename.substr(0, slash);
+        filename.remove_prefix(slash == std::string_view::npos ? filename.size() : slash + 1);
+        if (component.empty() || component == ".")
+            continue;
+        if (component != "..") {
+            components.push_back(component);
+        } else if (components.empty()) {
+            return std::nullopt;
+        } else {
+            components.pop_back();
+        }
+    }
+    if (components.empty())
+        return std::nullopt;
+    return fmt::format("{}", fmt::join(components, "/"));
+}
+
+std::shared_ptr<XMLDocument> newXmlDocOfScenario(XMLElement scenario, const FileURL& bundleUrl) {
+    const std::string filename = scenario.attributeForName("filename").value_or("");
+    const auto path = pathInsideBundle(filename);
+    if (!path)
+        raiseLoadFailure(fmt::format("'{}' does not lie inside the bundle", filename));
+    return newXmlDocFromUrl(bundleUrl.urlByAppendingPathComponent(*path));
+}
+
+XMLElement projectOf(XMLElement root) {
+    const auto project = singleObjectForXQuery(root, XMLQuery("project"));
+    if (!project)
+        throw Exception(kTWMSPDIExporterException,
+                        "MSPEXMLExporter.exportZELBBundle: No 'project' element found in source document.");
+    return *project;
+}
+
+XMLElement frontWindowOf(XMLElement root) {
+    const auto windows = root.objectsForXQuery(XMLQuery("window"));
+    if (windows.empty())
+        throw Exception(kTWMSPDIExporterException,
+                        "MSPEXMLExporter.exportZELBBundle: No window elements found in source document.");
+    return windows.front();
+}
+
+} // namespace
+
+MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl) {
+    MSPESourceDocuments documents;
+    documents.tableOfContents = newXmlDocFromUrl(bundleUrl.urlByAppendingPathComponent(kTableOfContentsName));
+    const XMLElement root = documents.tableOfContents->rootElement();
+    const XMLElement project = projectOf(root);
+    const XMLElement window = frontWindowOf(root);
+    documents.editingScenarioId = stringValueForXQuery(window, XMLQuery("editing-scenario"));
+    const auto comparisonId = stringValueForXQuery(window, XMLQuery("comparison-scenario"));
+
+    for (const XMLElement scenario : project.objectsForXQuery(XMLQuery("scenario"))) {
+        const auto id = scenario.attributeForName("id");
+        if (id && id == documents.editingScenarioId) {
+            documents.mainDocument = newXmlDocOfScenario(scenario, bundleUrl);
+        } else if (id && id == comparisonId) {
+            documents.baselines.push_back(newXmlDocOfScenario(scenario, bundleUrl));
+        } else {
+            logLine("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in the "
+                    "front Tarnwick document window.",
+                    scenario.attributeForName("name").value_or("(null)"));
+        }
+    }
+    return documents;
+}
+
+} // namespace brackwater

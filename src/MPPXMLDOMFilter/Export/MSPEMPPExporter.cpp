@@ -1,0 +1,113 @@
+#include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
+
+#include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
+#include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
+#include "MPPXMLDOMFilter/Export/MappedProject.h"
+#include "MPPXMLDOMFilter/Model/MPPProject.h"
+#include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
+#include "Platform/Exception.h"
+#include "Platform/Log.h"
+#include "Platform/PathText.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace brackwater {
+
+namespace {
+
+struct UrlCheck {
+    std::string_view role;           ///< "Source"
+    std::string_view extension;      ///< in lower case
+    std::string_view wantedDocument; ///< what a URL with another extension is told
+};
+
+constexpr UrlCheck kSourceCheck = {"Source", "zelb", "a Tarnwick 2 document bundle (.zelb directory)"};
+constexpr UrlCheck kDestinationCheck = {"Destination", "mpp", "a MS Project MPP document"};
+constexpr UrlCheck kTemplateCheck = {"Template", "mpp", "a MS Project MPP document"};
+
+void checkUrl(const std::optional<FileURL>& url, const UrlCheck& check) {
+    const auto refuse = [&check](std::string_view fault) {
+        throw Exception(
+            kTWMPPExporterException,
+            fmt::format("MSPEMPPExporter exportZelbBundle:toMppURL:withMppTemplate: {} {}.", check.role, fault));
+    };
+    if (!url)
+        refuse("URL not specified");
+    if (!url->isFileURL())
+        refuse("must be a file system");
+    if (lowercaseString(pathExtension(lastPathComponent(url->path()))) != check.extension)
+        refuse(fmt::format("must be {}", check.wantedDocument));
+}
+
+/// A list of records as text, one a line.
+template <typename Record>
+std::string descriptionOfRecords(const std::vector<std::shared_ptr<Record>>& records) {
+    std::string text = "(";
+    for (const auto& record : records) {
+        text += text.size() > 1 ? ",\n    " : "\n    ";
+        text += record->description();
+    }
+    return text + "\n)";
+}
+
+bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl) {
+    logLine("Writing out exported MS Project document ...");
+    logLine("project.tasks: {}", descriptionOfRecords(project.tasks));
+    logLine("project.resources: {}", descriptionOfRecords(project.resources));
+    MPPWriteFailure failure;
+    const bool written = MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure);
+    if (!written)
+        logLine("WARNING: Writing stopped at '{}': {}", failure.entryPath, failure.reason);
+    return written;
+}
+
+} // namespace
+
+bool MSPEMPPExporter::exportZelbBundle(const std::optional<FileURL>& bundleUrl, const std::optional<FileURL>& mppUrl,
+                                       const std::optional<FileURL>& templateUrl) {
+    const CompoundFileLibrary library;
+    try {
+        checkUrl(bundleUrl, kSourceCheck);
+        checkUrl(mppUrl, kDestinationCheck);
+        checkUrl(templateUrl, kTemplateCheck);
+        const bool success = exportCheckedBundle(*bundleUrl, uniquifiedUrl(*mppUrl), *templateUrl);
+        logLine("MSPEMPPExporter: Finished with success={}", success ? "YES" : "NO");
+        return success;
+    } catch (const Exception& exception) {
+        logLine("EXCEPTION: {}\n{}\n{}", exception.name(), exception.reason(), exception.userInfo());
+    } catch (const std::exception& exception) {
+        logLine("EXCEPTION: {}\n{}\n{}", kGenericException, exception.what(), "");
+    }
+    return false;
+}
+
+bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl) {
+    logLine("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...");
+    logLine("Input:  '{}'", bundleUrl.path());
+    logLine("Output: '{}'", mppUrl.path());
+    MSPESourceDocuments documents = loadSourceDocuments(bundleUrl);
+
+    logLine("Mapping Tarnwick document ...");
+    _info[std::string(kInfoMPPTemplateUrl)] = templateUrl.absoluteString();
+    // The source documents go into the mapping and are freed with it: writing needs the project only.
+    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl);
+    logLine("mspdiXmlDoc: {}", mapped.project ? "<MSPEXMLDocumentAdapter>" : "(null)");
+    if (!mapped.project) {
+        logLine("WARNING: The document was not mapped: {}", mapped.notMappedReason);
+        return false;
+    }
+    return writeMappedProject(*mapped.project, mppUrl, templateUrl);
+}
+
+FileURL uniquifiedUrl(const FileURL& destination) {
+    const std::string extension = pathExtension(destination.path());
+    const std::string stem = stringByDeletingPathExtension(destination.path());
+    FileURL url = destination;
+    for (std::int64_t n = 1; kindOfPath(url.path()) != PathKind::Missing; ++n)
+        url = FileURL::fileURLWithPath(fmt::format("{}-{}.{}", stem, n, extension), false);
+    return url;
+}
+
+} // namespace brackwater

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Platform/FileURL.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brackwater {
+
+inline constexpr std::string_view kTWMPPExporterException = "TWMPPExporterException";
+/// Stands for the name of a failure that has none, such as exhausted memory.
+inline constexpr std::string_view kGenericException = "NSGenericException";
+
+/// What an exporter is told and tells; texts by key.
+using MSPEExportInfo = std::map<std::string, std::string>;
+
+/// Base name of the bundle, set by the runner.
+inline constexpr std::string_view kInfoMSPDIProjectName = "InfoMSPDIProjectName";
+/// Text of the template's URL, set by the exporter.
+inline constexpr std::string_view kInfoMPPTemplateUrl = "InfoMPPTemplateUrl";
+
+/// One whole export: checks the URLs, makes the output's name unique, loads the bundle, maps it and has it written.
+/// One exporter serves one export.
+class MSPEMPPExporter {
+public:
+    explicit MSPEMPPExporter(MSPEExportInfo info) : _info(std::move(info)) {}
+
+    /// True when the project was written. Lets no failure escape: each is logged and makes the result false. An
+    /// existing destination is not touched, "Plan.mpp" becomes "Plan-1.mpp". A write that stops leaves the output as
+    /// far as it got.
+    bool exportZelbBundle(const std::optional<FileURL>& bundleUrl, const std::optional<FileURL>& mppUrl,
+                          const std::optional<FileURL>& templateUrl);
+
+    [[nodiscard]] const MSPEExportInfo& info() const noexcept { return _info; }
+
+private:
+    bool exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl);
+
+    MSPEExportInfo _info;
+};
+
+/// The first free name: the destination itself, or "STEM-1.EXTENSION", "STEM-2.EXTENSION" and so on. Test and later
+/// creation are not atomic.
+[[nodiscard]] FileURL uniquifiedUrl(const FileURL& destination);
+
+} // namespace brackwater

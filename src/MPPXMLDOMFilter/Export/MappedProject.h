@@ -1,0 +1,21 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
+
+#include <memory>
+#include <string>
+
+namespace brackwater {
+
+struct MPPProject;
+
+/// What the mapping made of a bundle's documents: a project, or why there is none.
+struct MappedProject {
+    std::shared_ptr<MPPProject> project; ///< null when the main document is missing or not of the source format
+    std::string notMappedReason;         ///< a sentence for people; empty with a project
+};
+
+/// Maps the documents and frees them. Raises what the mapping raises.
+[[nodiscard]] MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl);
+
+} // namespace brackwater

@@ -1,0 +1,167 @@
+#include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
+
+#include "Platform/Exception.h"
+#include "TWMSPCommon/MSPCExtensions.h"
+#include "support/ExpectException.h"
+#include "support/LogCapture.h"
+#include "support/PlanBundle.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace brackwater {
+namespace {
+
+using test::TableOfContents;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::string_view kLoadFailure = "MSPEXMLExporter.newXmlDocFromUrl: Failed to build XML DOM from source data.";
+
+class DocumentLoader : public testing::Test {
+protected:
+    MSPESourceDocuments load(const TableOfContents& contents) const {
+        return loadSourceDocuments(FileURL::fileURLWithPath(test::writeBundle(_folder, "Plan.zelb", contents), true));
+    }
+
+    /// A scenario file whose first task bears the name of the file, so that documents can be told apart.
+    void writeScenario(const std::string& filename) const {
+        _folder.write("Plan.zelb/" + filename, test::scenarioText(filename));
+    }
+
+    static std::string nameOf(const std::shared_ptr<XMLDocument>& document) {
+        return document ? stringValueForXQuery(document->rootElement().objectsForXQuery(XMLQuery("task")).at(1),
+                                               XMLQuery("title"))
+                              .value_or("")
+                        : "none";
+    }
+
+    static std::string warningAbout(std::string_view name) {
+        return fmt::format("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in "
+                           "the front Tarnwick document window.",
+                           name);
+    }
+
+    void expectLoadFailure(const TableOfContents& contents) const {
+        test::expectException(kMSPEXMLException, kLoadFailure, [&] { (void)load(contents); });
+    }
+
+    test::TempFolder _folder;
+    test::LogCapture _log;
+};
+
+TEST_F(DocumentLoader, FrontWindowChoosesMainDocumentAndBaselineAndTheRestIsWarnedAbout) {
+    TableOfContents contents;
+    contents.scenarios = {{"s1", "old.xml", "Signed"}, {"s2", "now.xml", "Actual"}, {"s3", "never written", "Dream"}};
+    contents.windows = {{"s2", "s1"}, {"s3", "s2"}};
+    writeScenario("old.xml");
+    writeScenario("now.xml");
+
+    const MSPESourceDocuments documents = load(contents);
+    EXPECT_EQ(documents.tableOfContents->rootElement().name(), "document");
+    EXPECT_EQ(nameOf(documents.mainDocument), "now.xml");
+    ASSERT_EQ(documents.baselines.size(), 1u);
+    EXPECT_EQ(nameOf(documents.baselines[0]), "old.xml");
+    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("Dream")));
+}
+
+TEST_F(DocumentLoader, ScenarioComparedWithItselfIsNoBaseline) {
+    TableOfContents contents;
+    contents.windows = {{"s1", "s1"}};
+    const MSPESourceDocuments documents = load(contents);
+    EXPECT_NE(documents.mainDocument, nullptr);
+    EXPECT_THAT(documents.baselines, IsEmpty());
+    EXPECT_THAT(_log.lines(), IsEmpty());
+}
+
+TEST_F(DocumentLoader, WithoutComparisonEveryOtherScenarioIsWarnedAbout) {
+    TableOfContents contents;
+    contents.scenarios = {
+        {"s1", "plan.xml", "Actual"}, {"s2", "b.xml", "First"}, {std::nullopt, "c.xml", std::nullopt}};
+    for (const std::optional<std::string>& comparison :
+         {std::optional<std::string>(), std::optional<std::string>("")}) {
+        contents.windows = {{"s1", comparison}};
+        EXPECT_THAT(load(contents).baselines, IsEmpty());
+    }
+    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("First"), warningAbout("(null)"), warningAbout("First"),
+                                          warningAbout("(null)")));
+}
+
+TEST_F(DocumentLoader, WindowThatEditsNoKnownScenarioGivesNoMainDocument) {
+    TableOfContents contents;
+    contents.windows = {{"s9"}};
+    const MSPESourceDocuments documents = load(contents);
+    EXPECT_EQ(documents.mainDocument, nullptr);
+    EXPECT_EQ(documents.editingScenarioId, "s9");
+    contents.windows = {{std::nullopt}};
+    EXPECT_EQ(load(contents).editingScenarioId, std::nullopt);
+}
+
+TEST_F(DocumentLoader, TableOfContentsNeedsProjectAndWindow) {
+    TableOfContents contents;
+    contents.windows.clear();
+    test::expectException(kTWMSPDIExporterException,
+                          "MSPEXMLExporter.exportZELBBundle: No window elements found in source document.",
+                          [&] { (void)load(contents); });
+    contents.hasProject = false;
+    test::expectException(kTWMSPDIExporterException,
+                          "MSPEXMLExporter.exportZELBBundle: No 'project' element found in source document.",
+                          [&] { (void)load(contents); });
+}
+
+TEST_F(DocumentLoader, FileNamesStayInsideTheBundle) {
+    _folder.write("outside.xml", test::scenarioText("outside"));
+    const std::string absolute = _folder.write("Plan.zelb/absolute.xml", test::scenarioText("absolute"));
+    _folder.makeFolder("elsewhere/folder");
+    std::filesystem::create_directory_symlink(_folder.path("elsewhere/folder"), _folder.path("Plan.zelb/link"));
+    _folder.write("elsewhere/plan.xml", test::scenarioText("elsewhere"));
+    TableOfContents contents;
+    for (const std::string& filename : {std::string("../outside.xml"), std::string("sub/../../outside.xml"),
+                                        std::string(".."), std::string("."), std::string(), absolute}) {
+        SCOPED_TRACE(filename);
+        contents.scenarios[0].filename = filename;
+        expectLoadFailure(contents);
+    }
+    contents.scenarios[0].filename = std::nullopt;
+    expectLoadFailure(contents);
+
+    writeScenario("sub/inner.xml");
+    contents.scenarios[0].filename = "./sub/..//sub/inner.xml";
+    EXPECT_EQ(nameOf(load(contents).mainDocument), "sub/inner.xml");
+    contents.scenarios[0].filename = "link/../plan.xml";
+    EXPECT_EQ(nameOf(load(contents).mainDocument), "Task");
+}
+
+TEST_F(DocumentLoader, UnreadableFilesAreNamedInTheFailure) {
+    TableOfContents contents;
+    contents.scenarios[0].filename = "missing.xml";
+    try {
+        (void)load(contents);
+        FAIL() << "a missing scenario was loaded";
+    } catch (const Exception& exception) {
+        EXPECT_THAT(exception.userInfo(), testing::HasSubstr(_folder.path("Plan.zelb/missing.xml")));
+    }
+    _folder.write("Plan.zelb/cut.xml", "<scenario><task>");
+    contents.scenarios[0].filename = "cut.xml";
+    expectLoadFailure(contents);
+    _folder.makeFolder("Plan.zelb/folder.xml");
+    contents.scenarios[0].filename = "folder.xml";
+    expectLoadFailure(contents);
+    test::expectException(kMSPEXMLException, kLoadFailure,
+                          [&] { (void)loadSourceDocuments(FileURL::fileURLWithPath(_folder.path("No.zelb"), true)); });
+}
+
+TEST_F(DocumentLoader, PipeInPlaceOfAScenarioDoesNotBlock) {
+    TableOfContents contents;
+    contents.scenarios[0].filename = "pipe.xml";
+    _folder.makeFolder("Plan.zelb");
+    ASSERT_EQ(mkfifo(_folder.path("Plan.zelb/pipe.xml").c_str(), 0600), 0);
+    expectLoadFailure(contents);
+}
+
+} // namespace
+} // namespace brackwater

@@ -1,0 +1,174 @@
+#include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
+
+#include "support/CompoundFile.h"
+#include "support/LogCapture.h"
+#include "support/PlanBundle.h"
+#include "support/SmallDisk.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <utility>
+
+namespace brackwater {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+FileURL fileUrl(const std::string& path) { return FileURL::fileURLWithPath(path, false); }
+
+class Exporter : public testing::Test {
+protected:
+    void SetUp() override {
+        test::writeCompoundFile(_template, {test::compObj2007(), test::stream("Other", test::patternBytes(5000))});
+    }
+
+    bool exportBundle(const std::string& bundle, const std::string& output) {
+        _log.emplace();
+        return MSPEMPPExporter({}).exportZelbBundle(fileUrl(bundle), fileUrl(output), fileUrl(_template));
+    }
+
+    /// The last line but one and the last.
+    std::pair<std::string, std::string> lastLines() const {
+        const auto& lines = _log->lines();
+        return lines.size() < 2 ? std::pair<std::string, std::string>() : std::pair(*(lines.end() - 2), lines.back());
+    }
+
+    test::TempFolder _folder;
+    const std::string _template = _folder.path("Template.mpp");
+    std::optional<test::LogCapture> _log;
+};
+
+TEST_F(Exporter, TellsItsStepsInOrder) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    const std::string output = _folder.path("Plan.mpp");
+    EXPECT_TRUE(exportBundle(bundle, output));
+    EXPECT_TRUE(_folder.has("Plan.mpp"));
+
+    std::vector<std::string> own;
+    for (const std::string& line : _log->lines()) {
+        for (const char* begin : {"MSPE", "Input:", "Output:", "Mapping Tarnwick", "mspdiXmlDoc", "Writing out",
+                                  "project.", "writeProject"}) {
+            if (line.starts_with(begin))
+                own.push_back(line);
+        }
+    }
+    EXPECT_THAT(own, ElementsAre("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...",
+                                 "Input:  '" + bundle + "'", "Output: '" + output + "'",
+                                 "Mapping Tarnwick document ...", "mspdiXmlDoc: <MSPEXMLDocumentAdapter>",
+                                 "Writing out exported MS Project document ...", StartsWith("project.tasks: ("),
+                                 StartsWith("project.resources: ("), "writeProject started\n",
+                                 "writeProject finished\n", "MSPEMPPExporter: Finished with success=YES"));
+}
+
+TEST_F(Exporter, PassesTheTemplateOnInItsInfo) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    _log.emplace();
+    MSPEMPPExporter exporter(MSPEExportInfo{{"InfoMSPDIProjectName", "Plan"}});
+    EXPECT_TRUE(exporter.exportZelbBundle(fileUrl(bundle), fileUrl(_folder.path("Plan.mpp")), fileUrl(_template)));
+    EXPECT_THAT(exporter.info(), ElementsAre(testing::Pair("InfoMPPTemplateUrl", fileUrl(_template).absoluteString()),
+                                             testing::Pair("InfoMSPDIProjectName", "Plan")));
+}
+
+struct UrlFault {
+    std::optional<FileURL> source, destination, templateUrl;
+    std::string reason;
+};
+
+TEST_F(Exporter, RefusesEachUrlThatIsMissingNoFileOrOfAnotherKind) {
+    const FileURL bundle = fileUrl("/x/Plan.ZELB");
+    const FileURL output = fileUrl("/x/Plan.MPP");
+    const FileURL web = FileURL::urlWithString("https://example.com/Plan.mpp");
+    const UrlFault faults[] = {
+        {std::nullopt, std::nullopt, std::nullopt, "Source URL not specified."},
+        {web, output, output, "Source must be a file system."},
+        {output, output, output, "Source must be a Tarnwick 2 document bundle (.zelb directory)."},
+        {bundle, std::nullopt, output, "Destination URL not specified."},
+        {bundle, web, output, "Destination must be a file system."},
+        {bundle, fileUrl("/x/Plan"), output, "Destination must be a MS Project MPP document."},
+        {bundle, output, std::nullopt, "Template URL not specified."},
+        {bundle, output, web, "Template must be a file system."},
+        {bundle, output, fileUrl("/x.mpp/Template.mpt"), "Template must be a MS Project MPP document."},
+    };
+    for (const UrlFault& fault : faults) {
+        SCOPED_TRACE(fault.reason);
+        _log.emplace();
+        EXPECT_FALSE(MSPEMPPExporter({}).exportZelbBundle(fault.source, fault.destination, fault.templateUrl));
+        EXPECT_THAT(_log->lines(), ElementsAre("EXCEPTION: TWMPPExporterException\nMSPEMPPExporter "
+                                               "exportZelbBundle:toMppURL:withMppTemplate: " +
+                                               fault.reason + "\n"));
+    }
+}
+
+TEST_F(Exporter, FailureOfLoadingEndsInTheHandler) {
+    _folder.makeFolder("Empty.zelb");
+    EXPECT_FALSE(exportBundle(_folder.path("Empty.zelb"), _folder.path("Out.mpp")));
+    EXPECT_THAT(_log->lines().back(),
+                AllOf(StartsWith("EXCEPTION: MSPEXMLException\nMSPEXMLExporter.newXmlDocFromUrl: Failed to build XML "
+                                 "DOM from source data.\n"),
+                      HasSubstr(_folder.path("Empty.zelb/__TOC.xml"))));
+    EXPECT_FALSE(_folder.has("Out.mpp"));
+}
+
+TEST_F(Exporter, NeverReplacesWhatStandsAtTheDestination) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    _folder.write("Plan.mpp", "kept");
+    _folder.makeFolder("Plan-1.mpp");
+    EXPECT_TRUE(exportBundle(bundle, _folder.path("Plan.mpp")));
+    EXPECT_TRUE(_log->contains("Output: '" + _folder.path("Plan-2.mpp") + "'"));
+    EXPECT_TRUE(_folder.has("Plan-2.mpp"));
+    EXPECT_EQ(_folder.read("Plan.mpp"), "kept");
+}
+
+TEST_F(Exporter, UniqueNamesKeepTheExtensionAsWritten) {
+    const std::string upper = _folder.write("a.b.MPP", "");
+    EXPECT_EQ(uniquifiedUrl(fileUrl(upper)).path(), _folder.path("a.b-1.MPP"));
+    _folder.write("a.b-1.MPP", "");
+    EXPECT_EQ(uniquifiedUrl(fileUrl(upper)).path(), _folder.path("a.b-2.MPP"));
+    EXPECT_EQ(uniquifiedUrl(fileUrl(_folder.path("free.mpp"))).path(), _folder.path("free.mpp"));
+}
+
+TEST_F(Exporter, SaysWhereAndWhyAWriteStopped) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    std::filesystem::remove(_template);
+    test::writeCompoundFile(_template, {test::compObj("Microsoft Project 14.0", "MSProject.MPP14")});
+    EXPECT_FALSE(exportBundle(bundle, _folder.path("Plan.mpp")));
+    EXPECT_THAT(lastLines(), testing::Pair(StartsWith("WARNING: Writing stopped at '" + _template + "': "),
+                                           "MSPEMPPExporter: Finished with success=NO"));
+    EXPECT_FALSE(_folder.has("Plan.mpp"));
+}
+
+TEST_F(Exporter, MissingFolderOfTheDestinationIsAFailedExport) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    EXPECT_FALSE(exportBundle(bundle, _folder.path("none/Plan.mpp")));
+    EXPECT_THAT(lastLines(), testing::Pair(StartsWith("WARNING: Writing stopped at '"),
+                                           "MSPEMPPExporter: Finished with success=NO"));
+    EXPECT_FALSE(_folder.has("none"));
+}
+
+TEST_F(Exporter, FullDiskIsAFailedExport) {
+    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
+    test::writeCompoundFile(_template, {test::compObj2007(), test::stream("Other", test::patternBytes(500'000))});
+    const test::SmallDisk disk(200'000);
+    EXPECT_FALSE(exportBundle(bundle, disk.path("Plan.mpp")));
+    EXPECT_THAT(lastLines(), testing::Pair(StartsWith("WARNING: Writing stopped at '"),
+                                           "MSPEMPPExporter: Finished with success=NO"));
+}
+
+TEST_F(Exporter, SaysThatNoScenarioIsTheEditedOne) {
+    test::TableOfContents contents;
+    contents.windows = {{"s7"}};
+    EXPECT_FALSE(exportBundle(test::writeBundle(_folder, "Plan.zelb", contents), _folder.path("Plan.mpp")));
+    EXPECT_TRUE(_log->contains("mspdiXmlDoc: (null)"));
+    EXPECT_THAT(lastLines(), testing::Pair(AllOf(StartsWith("WARNING: "), HasSubstr("\"s7\"")),
+                                           "MSPEMPPExporter: Finished with success=NO"));
+    EXPECT_FALSE(_folder.has("Plan.mpp"));
+}
+
+} // namespace
+} // namespace brackwater
