@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Platform/FileURL.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brackwater {
+
+inline constexpr std::string_view kCommandLineArgumentException = "CommandLineArgumentException";
+inline constexpr std::string_view kFileNotFoundException = "FileNotFoundException";
+inline constexpr std::string_view kPreferencesDomain = "lanthorn.Tarnwick2.MSPExportMPP";
+
+/// One run of the tool: reads preferences and arguments, and exports one bundle or a list of bundles. The log alone
+/// tells how it went.
+///
+///   Brackwater --template-path TEMPLATE BUNDLE [OUTPUT]
+///   Brackwater --template-path TEMPLATE --input-list LIST [OUTPUT]
+class BrackwaterRunner {
+public:
+    /// `arguments` begin with the program's name. Lets no failure escape; the result is the exit status, always 0.
+    int run(std::span<const std::string> arguments);
+
+private:
+    void exportAll();
+    void checkArguments() const;
+    void readTemplateUrl();
+    void readInputLines();
+    void readInputList();
+    void exportLine(const std::string& line);
+    [[nodiscard]] std::string outputPathForBundle(const std::string& bundlePath) const;
+    [[nodiscard]] std::string usage() const;
+
+    std::span<const std::string> _arguments;
+    bool _includeInputExtension = false;
+    bool _overwriteFilterTarget = false;
+    std::optional<FileURL> _templateUrl;
+    std::vector<std::string> _inputLines;
+    std::size_t _outputArgumentIndex = 0;
+};
+
+} // namespace brackwater
