@@ -3,6 +3,7 @@
 #include "Platform/CivilTime.h"
 #include "Platform/Saturating.h"
 
+#include <unicode/simpletz.h>
 #include <unicode/tztrans.h>
 #include <unicode/unistr.h>
 
@@ -91,6 +92,14 @@ std::int64_t TimeZone::Rules::totalOffsetAtWallTime(std::int64_t wallSeconds) co
     _zone->getOffsetFromLocal(static_cast<double>(wallSeconds) * kMillisecondsPerSecond, UCAL_TZ_LOCAL_FORMER,
                               UCAL_TZ_LOCAL_FORMER, raw, daylight, status);
     return offsetFrom(raw, daylight).total;
+}
+
+std::unique_ptr<icu::TimeZone> TimeZone::Rules::newIcuZone() const {
+    if (_zone)
+        return std::unique_ptr<icu::TimeZone>(_zone->clone());
+    const double milliseconds = static_cast<double>(_initial.total) * kMillisecondsPerSecond;
+    return std::make_unique<icu::SimpleTimeZone>(saturatingCut<std::int32_t>(milliseconds),
+                                                 icu::UnicodeString::fromUTF8(_name));
 }
 
 } // namespace brackwater

@@ -31,6 +31,8 @@ public:
     /// At a wall time, in seconds since 1970-01-01T00:00:00 of the wall clock: the offset before the change both for a
     /// time that the change skips (which so moves forward) and for one that it repeats (which so takes the first).
     [[nodiscard]] std::int64_t totalOffsetAtWallTime(std::int64_t wallSeconds) const;
+    /// A zone of ICU with these rules, for the caller.
+    [[nodiscard]] std::unique_ptr<icu::TimeZone> newIcuZone() const;
 
 private:
     struct Transition {

@@ -1,0 +1,163 @@
+#include "TWMSPCommon/MSPCDateTimeConverter.h"
+
+#include "Platform/DateFormatter.h"
+#include "Platform/Exception.h"
+#include "Platform/Log.h"
+#include "Platform/RegularExpression.h"
+#include "Platform/TimeZone.h"
+#include "Platform/WhiteSpace.h"
+
+#include <algorithm>
+
+namespace brackwater {
+namespace {
+
+constexpr std::string_view kZonedPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
+constexpr std::string_view kDateTimePattern = "yyyy-MM-dd'T'HH:mm:ss";
+constexpr std::string_view kDatePattern = "yyyy-MM-dd";
+constexpr std::size_t kLengthOfTwoDigits = 2;
+
+// Zone and pattern are kept for the life of the process, as the format's log shows the zone once.
+
+const TimeZone& capturedSystemZone() {
+    static const TimeZone zone = [] {
+        TimeZone system = TimeZone::system();
+        logLine("Running in {}", system.name());
+        return system;
+    }();
+    return zone;
+}
+
+const RegularExpression& offsetPattern() {
+    static const RegularExpression pattern(R"([\+\-]{1}[:digit:]{2}(:[:digit:]{2}){0,2}$)");
+    return pattern;
+}
+
+const RegularExpression& formatterOffsetPattern() {
+    static const RegularExpression pattern(R"([\+\-]{1}[:digit:]{4,6}$)");
+    return pattern;
+}
+
+std::optional<RegularExpression::Range> onlyMatch(const RegularExpression& pattern, std::string_view text) {
+    const auto matches = pattern.matchesInString(text);
+    if (matches.empty())
+        return std::nullopt;
+    assertThat(matches.size() == 1, "[matches count] == 1");
+    return matches.front();
+}
+
+bool hasTime(std::string_view text) { return text.find('T') != std::string_view::npos; }
+
+/// "+01:00" becomes "+0100", "Z" becomes "+00": the forms that the formatter reads.
+std::string withFormatterOffset(std::string_view text) {
+    std::string copy(text);
+    if (copy.back() == 'Z') {
+        copy.replace(copy.size() - 1, 1, "+00");
+    } else if (const auto offset = onlyMatch(offsetPattern(), text)) {
+        const auto begin = copy.begin() + static_cast<std::ptrdiff_t>(offset->location);
+        const auto end = begin + static_cast<std::ptrdiff_t>(offset->length);
+        copy.erase(std::remove(begin, end, ':'), end);
+    }
+    return copy;
+}
+
+TimeZone zoneToWriteIn(bool forceUTC) {
+    const auto gmt = forceUTC ? TimeZone::withName("GMT") : std::nullopt;
+    return gmt ? *gmt : TimeZone::system();
+}
+
+} // namespace
+
+void MSPCDateTimeConverter::initialize() { static_cast<void>(capturedSystemZone()); }
+
+std::optional<Date> MSPCDateTimeConverter::mppFromZelbDateTime(std::string_view text) {
+    text = trimmed(text);
+    if (text.empty())
+        return std::nullopt;
+    if (!hasTime(text))
+        return mppFromZelbDateOnly(text);
+    return DateFormatter(kZonedPattern).dateFromWholeString(withFormatterOffset(text));
+}
+
+std::optional<Date> MSPCDateTimeConverter::mppFromZelbDateOnly(std::string_view text) {
+    return mppFromMspdiDateOnly(text);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::mspdiFromZelbDateTime(std::string_view text) {
+    return mspdiFromMppDateTime(mppFromZelbDateTime(text));
+}
+
+std::optional<std::string> MSPCDateTimeConverter::mspdiFromZelbDateOnly(std::string_view text) {
+    return mspdiFromMppDateOnly(mppFromZelbDateOnly(text));
+}
+
+std::optional<Date> MSPCDateTimeConverter::mppFromMspdiDateTime(std::string_view text) {
+    text = trimmed(text);
+    if (text.empty())
+        return std::nullopt;
+    if (!hasTime(text))
+        return mppFromMspdiDateOnly(text);
+    return DateFormatter(kDateTimePattern).dateFromWholeString(text);
+}
+
+std::optional<Date> MSPCDateTimeConverter::mppFromMspdiDateOnly(std::string_view text) {
+    text = trimmed(text);
+    if (text.empty())
+        return std::nullopt;
+    return DateFormatter(kDatePattern).dateFromWholeString(text);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::zelbFromMspdiDateTime(std::string_view text, bool forceUTC) {
+    return zelbFromMppDateTime(mppFromMspdiDateTime(text), forceUTC);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::zelbFromMspdiDateOnly(std::string_view text, bool forceUTC) {
+    return zelbFromMppDateOnly(mppFromMspdiDateOnly(text), forceUTC);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::zelbFromMppDateTime(std::optional<Date> date, bool forceUTC) {
+    if (!date)
+        return std::nullopt;
+    const std::string text = DateFormatter(kZonedPattern, zoneToWriteIn(forceUTC)).stringFromDate(*date);
+    return ensureISOTimeZoneFormat(text, forceUTC);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::zelbFromMppDateOnly(std::optional<Date> date, bool forceUTC) {
+    if (!date)
+        return std::nullopt;
+    const std::string text = DateFormatter(kDatePattern, zoneToWriteIn(forceUTC)).stringFromDate(*date);
+    return text.substr(0, text.find('T'));
+}
+
+std::optional<std::string> MSPCDateTimeConverter::mspdiFromMppDateTime(std::optional<Date> date) {
+    if (!date)
+        return std::nullopt;
+    return DateFormatter(kDateTimePattern, capturedSystemZone()).stringFromDate(*date);
+}
+
+std::optional<std::string> MSPCDateTimeConverter::mspdiFromMppDateOnly(std::optional<Date> date) {
+    if (!date)
+        return std::nullopt;
+    return DateFormatter(kDatePattern, capturedSystemZone()).stringFromDate(*date);
+}
+
+std::string MSPCDateTimeConverter::ensureISOTimeZoneFormat(std::string_view text, bool forceUTC) {
+    assertThat(!text.empty(), "No date string specified.");
+    const auto offset = onlyMatch(formatterOffsetPattern(), text);
+    std::string result(text);
+    if (!offset)
+        return result + (hasTime(text) ? "Z" : "T00:00:00Z");
+    if (forceUTC)
+        return result.replace(offset->location, offset->length, "Z");
+
+    const std::string_view digits = text.substr(offset->location + 1, offset->length - 1);
+    result.erase(offset->location + 1);
+    result += digits.substr(0, kLengthOfTwoDigits);
+    result += ':';
+    result += digits.substr(kLengthOfTwoDigits, kLengthOfTwoDigits);
+    result += ':';
+    result += digits.size() > 2 * kLengthOfTwoDigits ? digits.substr(2 * kLengthOfTwoDigits) : std::string_view("00");
+    return result;
+}
+
+} // namespace brackwater
