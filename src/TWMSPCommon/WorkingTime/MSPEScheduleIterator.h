@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Platform/GregorianCalendar.h"
+#include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace brackwater {
+
+/// Walks the working periods of a calendar one by one, from the day of a date onwards or backwards. The calendar must
+/// outlive it. A day after which seven days are not worked is the last.
+class MSPEScheduleIterator {
+public:
+    MSPEScheduleIterator(const MSPEScheduleCalendar& calendar, Date date, bool forward);
+
+    struct Period {
+        MSPEScheduleCalendar::TimePeriod timePeriod;
+        std::int64_t timePeriodIndex = 0; ///< in its day
+        Date date;                        ///< midnight of its day
+        std::uint64_t flag = 0;           ///< bit 0: the first that is handed out of a new day
+    };
+    /// Nothing when the walk has ended.
+    [[nodiscard]] std::optional<Period> nextTimePeriod();
+
+private:
+    void prepareNextIteration();
+    void enterDay();
+
+    const MSPEScheduleCalendar& _scheduleCalendar;
+    bool _forward;
+    bool _found = false; ///< a next period is ready
+    std::int64_t _nextWeekday = 0;
+    std::int64_t _nextTimePeriodIndex = 0;
+    GregorianCalendar _gregorian;
+    Date _nextDate; ///< midnight of the next period's day
+    std::int64_t _nextDateTimePeriods = 0;
+    std::uint64_t _flag = 0;
+    double _oneDayInterval;
+};
+
+} // namespace brackwater

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Platform/Date.h"
+
+namespace brackwater {
+
+class MSPEScheduleCalendar;
+
+// Working time of dates. The standard calendar always counts: another one (it may be null) is ignored with a warning.
+
+/// The date moved by seconds of working time; the date itself where that cannot be said.
+[[nodiscard]] Date dateAdvancedByDuration(Date date, double duration, bool forward,
+                                          const MSPEScheduleCalendar* calendar);
+/// The same; see MSPEScheduleCalendar::dateAdvanceByDuration for `allowEdgeTime`.
+[[nodiscard]] Date dateAdvancedByDuration(Date date, double duration, bool forward, bool allowEdgeTime,
+                                          const MSPEScheduleCalendar* calendar);
+[[nodiscard]] bool isWorkingDayInCalendar(Date date, const MSPEScheduleCalendar* calendar);
+
+} // namespace brackwater
