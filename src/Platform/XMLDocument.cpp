@@ -3,11 +3,11 @@
 #include "Platform/XMLIndex.h"
 #include "Platform/XMLParser.h"
 
-#include <fmt/format.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
@@ -36,11 +36,6 @@ private:
     int _file;
 };
 
-struct FileBytes {
-    std::unique_ptr<char[]> bytes;
-    std::size_t size = 0;
-};
-
 // Number of bytes read, or nothing with errno set.
 std::optional<std::size_t> readInto(int file, char* bytes, std::size_t size) {
     std::size_t filled = 0;
@@ -56,9 +51,9 @@ std::optional<std::size_t> readInto(int file, char* bytes, std::size_t size) {
     return filled;
 }
 
-// The whole of a regular file, with a NUL byte behind it. Read rather than mapped, since a mapped file that somebody
-// shortens meanwhile ends the process.
-std::optional<FileBytes> bytesOfFile(const std::string& path, std::string& fault) {
+// The whole of a regular file. Read rather than mapped, since a mapped file that somebody shortens meanwhile ends the
+// process.
+std::optional<std::string> textOfFile(const std::string& path, std::string& fault) {
     const OpenFile file(path);
     struct stat status {};
     if (file.descriptor() < 0 || fstat(file.descriptor(), &status) != 0) {
@@ -69,20 +64,18 @@ std::optional<FileBytes> bytesOfFile(const std::string& path, std::string& fault
         fault = "it is not a regular file";
         return std::nullopt;
     }
-    const auto size = static_cast<std::size_t>(status.st_size);
-    FileBytes content{std::unique_ptr<char[]>(new (std::nothrow) char[size + 1]), 0};
-    if (content.bytes == nullptr) {
-        fault = "there is not enough memory for it";
+    if (static_cast<std::uintmax_t>(status.st_size) > kLargestXMLText) {
+        fault = "it is larger than 2 GB";
         return std::nullopt;
     }
-    const auto got = readInto(file.descriptor(), content.bytes.get(), size);
+    std::string text(static_cast<std::size_t>(status.st_size), '\0');
+    const auto got = readInto(file.descriptor(), text.data(), text.size());
     if (!got) {
         fault = std::strerror(errno);
         return std::nullopt;
     }
-    content.size = *got;
-    content.bytes[content.size] = '\0';
-    return content;
+    text.resize(*got);
+    return text;
 }
 
 const xmlChar* chars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
@@ -96,23 +89,16 @@ XMLDocument::XMLDocument(_xmlDoc* document) : _document(document), _index(std::m
 XMLDocument::~XMLDocument() { xmlFreeDoc(_document); }
 
 std::unique_ptr<XMLDocument> XMLDocument::readFile(const std::string& path, std::string* reason) {
-    std::string fault;
-    _xmlDoc* tree = nullptr;
-    if (const auto content = bytesOfFile(path, fault))
-        tree = parseXML({content->bytes.get(), content->size}, path, fault);
-    else
-        fault = fmt::format("'{}' could not be read: {}", path, fault);
-    if (tree != nullptr)
-        return std::unique_ptr<XMLDocument>(new XMLDocument(tree));
-    if (reason != nullptr)
-        *reason = fault;
-    return nullptr;
+    return read([&path](std::string& fault) { return textOfFile(path, fault); }, path, reason);
 }
 
 std::unique_ptr<XMLDocument> XMLDocument::readText(std::string_view text, std::string_view name, std::string* reason) {
-    const std::string terminated(text);
+    return read([text](std::string&) { return std::string(text); }, name, reason);
+}
+
+std::unique_ptr<XMLDocument> XMLDocument::read(const XMLText& text, std::string_view name, std::string* reason) {
     std::string fault;
-    if (_xmlDoc* tree = parseXML(terminated, name, fault))
+    if (_xmlDoc* tree = parseXML(text, name, fault))
         return std::unique_ptr<XMLDocument>(new XMLDocument(tree));
     if (reason != nullptr)
         *reason = fault;

@@ -2,7 +2,9 @@
 
 #include "Platform/XMLElement.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,6 +42,8 @@ public:
 
 private:
     explicit XMLDocument(_xmlDoc* document);
+    static std::unique_ptr<XMLDocument> read(const std::function<std::optional<std::string>(std::string&)>& text,
+                                             std::string_view name, std::string* reason);
 
     _xmlDoc* _document;
     std::unique_ptr<XMLIndex> _index;

@@ -4,6 +4,7 @@
 #include "Platform/XMLNodes.h"
 
 #include <fmt/format.h>
+#include <glib.h>
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
@@ -65,19 +66,30 @@ std::string oneLine(const char* message) {
 // One reading. The library calls back with its context, whose private field leads here.
 class Reading {
 public:
-    Reading(std::string_view text, std::string_view name) : _text(text), _name(name) {}
+    /// Faults that an earlier reading of the same text has logged already are not logged again.
+    explicit Reading(std::string_view name, std::size_t loggedBefore = 0) : _name(name), _loggedBefore(loggedBefore) {}
 
-    xmlDoc* read(std::string& reason);
+    xmlDoc* read(std::string text, std::string& reason);
+    /// True when the text should be UTF-8 and was found not to be: the library falls back to Latin-1 at such a byte.
+    [[nodiscard]] bool metForeignBytes() const {
+        return _context != nullptr && _context->charset == XML_CHAR_ENCODING_8859_1 && !isConverted();
+    }
+    [[nodiscard]] std::size_t faults() const { return _faults; }
 
 private:
     static Reading& of(void* context) { return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(context)->_private); }
 
-    bool openContext();
+    bool openContext(const std::string& text);
     void setCallbacks();
     void refuse(std::string_view why);
     void report(const xmlError& fault);
     [[nodiscard]] std::optional<std::string> whyRefused(const xmlNode* root) const;
     [[nodiscard]] bool hasMarkupBehindRoot() const;
+    /// True when the text is in another encoding than UTF-8, which the library converts on its way.
+    [[nodiscard]] bool isConverted() const {
+        const xmlParserInput* input = _context->input;
+        return input != nullptr && input->buf != nullptr && input->buf->encoder != nullptr;
+    }
     [[nodiscard]] std::string withLastFault(std::string_view why) const;
 
     static void onFault(void* context, xmlError* fault) {
@@ -98,18 +110,24 @@ private:
             of(context).refuse("it declares default values of attributes");
     }
 
-    std::string_view _text;
     std::string_view _name;
+    std::size_t _loggedBefore;
+    std::size_t _faults = 0;
     ContextOwner _context;
     std::string _refusal;
     std::string _lastFault;
 };
 
-xmlDoc* Reading::read(std::string& reason) {
-    if (!openContext()) {
-        reason = fmt::format("'{}' could not be read: out of memory", _name);
+xmlDoc* Reading::read(std::string text, std::string& reason) {
+    if (text.empty()) {
+        reason = fmt::format("'{}' could not be read: it is empty", _name);
         return nullptr;
     }
+    if (!openContext(text)) {
+        reason = fmt::format("'{}' could not be read: there is not enough memory for it", _name);
+        return nullptr;
+    }
+    std::string().swap(text); // the library has its own copy
     xmlParseDocument(_context.get());
     TreeOwner tree(_context->myDoc);
     _context->myDoc = nullptr;
@@ -123,24 +141,14 @@ xmlDoc* Reading::read(std::string& reason) {
     return tree.release();
 }
 
-// The text is parsed where it stands; the library's other ways copy it first.
-bool Reading::openContext() {
-    _context.reset(xmlNewParserCtxt());
+bool Reading::openContext(const std::string& text) {
+    _context.reset(xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
     if (_context == nullptr)
         return false;
     _context->_private = this;
     xmlCtxtUseOptions(_context.get(), kOptions);
     setCallbacks();
-    xmlParserInputBuffer* buffer =
-        xmlParserInputBufferCreateStatic(_text.data(), static_cast<int>(_text.size()), XML_CHAR_ENCODING_NONE);
-    if (buffer == nullptr)
-        return false;
-    xmlParserInput* input = xmlNewIOInputStream(_context.get(), buffer, XML_CHAR_ENCODING_NONE);
-    if (input == nullptr) {
-        xmlFreeParserInputBuffer(buffer);
-        return false;
-    }
-    return inputPush(_context.get(), input) >= 0;
+    return true;
 }
 
 void Reading::setCallbacks() {
@@ -179,14 +187,13 @@ void Reading::report(const xmlError& fault) {
     if (fault.level == XML_ERR_WARNING && fault.code != XML_WAR_UNDECLARED_ENTITY)
         return;
     _lastFault = fmt::format("line {}: {}", fault.line, oneLine(fault.message));
-    logLine("WARNING: '{}', {}", _name, _lastFault);
+    if (++_faults > _loggedBefore)
+        logLine("WARNING: '{}', {}", _name, _lastFault);
 }
 
 std::optional<std::string> Reading::whyRefused(const xmlNode* root) const {
     if (!_refusal.empty())
         return _refusal;
-    if (_text.empty())
-        return "it is empty";
     if (_context->disableSAX != 0)
         return withLastFault("the reading stopped");
     if (root == nullptr)
@@ -205,11 +212,33 @@ bool Reading::hasMarkupBehindRoot() const {
         return false;
     const std::string_view rest(reinterpret_cast<const char*>(input->cur),
                                 static_cast<std::size_t>(input->end - input->cur));
-    return rest.find('<') != std::string_view::npos || (input->buf != nullptr && input->buf->encoder != nullptr);
+    return rest.find('<') != std::string_view::npos || isConverted();
 }
 
 std::string Reading::withLastFault(std::string_view why) const {
     return _lastFault.empty() ? std::string(why) : fmt::format("{} ({})", why, _lastFault);
+}
+
+// The text with each byte that is no part of a UTF-8 sequence read as Latin-1, the likeliest of what it may be.
+std::string withForeignBytesConverted(std::string_view text) {
+    std::string repaired;
+    repaired.reserve(text.size() + text.size() / 8);
+    while (!text.empty()) {
+        const char* end = nullptr;
+        g_utf8_validate_len(text.data(), text.size(), &end);
+        const auto valid = static_cast<std::size_t>(end - text.data());
+        repaired.append(text, 0, valid);
+        text.remove_prefix(valid);
+        if (text.empty())
+            break;
+        const auto byte = static_cast<unsigned char>(text.front());
+        if (byte < 0x80) // NUL, which the validation takes for an end
+            repaired += text.front();
+        else
+            repaired.append({static_cast<char>(0xC0 | (byte >> 6)), static_cast<char>(0x80 | (byte & 0x3F))});
+        text.remove_prefix(1);
+    }
+    return repaired;
 }
 
 void tellNothing(void*, xmlError*) {}
@@ -220,13 +249,30 @@ xmlParserInput* loadNothing(const char*, const char*, xmlParserCtxt*) { return n
 
 } // namespace
 
-_xmlDoc* parseXML(std::string_view text, std::string_view name, std::string& reason) {
+_xmlDoc* parseXML(const XMLText& text, std::string_view name, std::string& reason) {
     prepareXMLLibrary();
-    if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()) - 1) {
-        reason = fmt::format("'{}' could not be read: it is larger than 2 GB", name);
+    const auto fetch = [&](std::string& fetched) {
+        std::string fault;
+        std::optional<std::string> got = text(fault);
+        if (got && got->size() > kLargestXMLText)
+            fault = "it is larger than 2 GB";
+        else if (got)
+            fetched = *std::move(got);
+        if (!fault.empty())
+            reason = fmt::format("'{}' could not be read: {}", name, fault);
+        return fault.empty();
+    };
+    std::string bytes;
+    if (!fetch(bytes))
         return nullptr;
-    }
-    return Reading(text, name).read(reason);
+    Reading reading(name);
+    TreeOwner tree(reading.read(std::move(bytes), reason));
+    if (!reading.metForeignBytes())
+        return tree.release();
+    tree.reset();
+    if (!fetch(bytes))
+        return nullptr;
+    return Reading(name, reading.faults()).read(withForeignBytesConverted(bytes), reason);
 }
 
 void prepareXMLLibrary() {

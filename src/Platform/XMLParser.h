@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -7,10 +9,16 @@ struct _xmlDoc; // NOLINT: libxml2's own name
 
 namespace brackwater {
 
-/// Reads a text as a tree under the rules of XMLDocument, for that class. `text` must be followed by a NUL byte and is
-/// not needed any more afterwards; `name` stands for the document in log lines. The caller owns the tree; null where
-/// the text gives none, with `reason` telling why.
-[[nodiscard]] _xmlDoc* parseXML(std::string_view text, std::string_view name, std::string& reason);
+/// Gives a document's text, or nothing with `fault` telling why.
+using XMLText = std::function<std::optional<std::string>(std::string& fault)>;
+
+/// Reads a text as a tree under the rules of XMLDocument, for that class. The text is fetched, and fetched again only
+/// where it must be repaired byte by byte, so that it takes no room beside the growing tree. `name` stands for the
+/// document in log lines. The caller owns the tree; null where the text gives none, with `reason` telling why.
+[[nodiscard]] _xmlDoc* parseXML(const XMLText& text, std::string_view name, std::string& reason);
+
+/// The library counts bytes in 32 bits; larger documents are refused.
+inline constexpr std::size_t kLargestXMLText = 0x7FFFFFFF - 1;
 
 /// Makes the library ready, once: nothing it has to say is printed, no external part is ever loaded.
 void prepareXMLLibrary();
