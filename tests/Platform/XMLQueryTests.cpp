@@ -1,0 +1,89 @@
+#include "Platform/XMLQuery.h"
+
+#include <gtest/gtest.h>
+
+namespace brackwater {
+namespace {
+
+using Form = XMLQuery::Form;
+
+TEST(XMLQuery, SixFormsAreParsedWhenTheProgramIsCompiled) {
+    constexpr XMLQuery child = "schedule-day";
+    static_assert(child.form() == Form::Child && child.name() == "schedule-day");
+    constexpr XMLQuery path = "project/title";
+    static_assert(path.form() == Form::ChildPath && path.first() == "project" && path.name() == "title");
+    constexpr XMLQuery anyDepth = "//project/currency-format";
+    static_assert(anyDepth.form() == Form::AnyDepth && anyDepth.first() == "project" &&
+                  anyDepth.name() == "currency-format");
+    constexpr XMLQuery present = "flattened-schedule-day[@day-of-week]";
+    static_assert(present.form() == Form::ChildWithAttribute && present.name() == "flattened-schedule-day" &&
+                  present.attribute() == "day-of-week");
+    constexpr XMLQuery equal = "task[@id='t 1/]']";
+    static_assert(equal.form() == Form::ChildWithValue && equal.name() == "task" && equal.attribute() == "id" &&
+                  equal.value() == "t 1/]");
+    constexpr XMLQuery both = "//assignment[@idref='r1' and ../@id='t1']";
+    static_assert(both.form() == Form::AnyDepthWithParentValue && both.name() == "assignment" &&
+                  both.attribute() == "idref" && both.value() == "r1" && both.parentAttribute() == "id" &&
+                  both.parentValue() == "t1");
+    EXPECT_EQ(XMLQuery(std::string_view("\u00E9-_.9")).form(), Form::Child);
+}
+
+TEST(XMLQuery, AnyOtherTextIsUnsupported) {
+    for (const char* text : {"",
+                             "/",
+                             "//",
+                             "//task",
+                             "/task",
+                             "a/b/c",
+                             "//a/b/c",
+                             "a/",
+                             "/a/b",
+                             "*",
+                             ".",
+                             "..",
+                             "@id",
+                             "a[1]",
+                             "a[@]",
+                             "a[@b",
+                             "a[@b=c]",
+                             "a[@b='c]",
+                             "a[@b='c'",
+                             "a[@b='c'] ",
+                             "a[@b='c']/d",
+                             "a[@b='c' and @d='e']",
+                             "x:a",
+                             "//a[@b='c']",
+                             "//a[@b]",
+                             "//a[@b='c' and ../@d]",
+                             "//a[@b='c' and ../@d='e'",
+                             "a[@b='c' and ../@d='e']",
+                             "1a",
+                             "a b",
+                             "a[b='c']",
+                             "text()"}) {
+        const XMLQuery query{std::string_view(text)};
+        EXPECT_EQ(query.form(), Form::Unsupported) << text;
+        EXPECT_EQ(query.text(), text);
+        EXPECT_EQ(query.name(), "") << text;
+    }
+}
+
+TEST(XMLQuery, ValueGivenToAMakerCannotChangeTheQuery) {
+    const std::string_view hostile = "x' or '1'='1";
+    const XMLQuery query = XMLQuery::childWithValue("task", "id", hostile);
+    EXPECT_EQ(query.form(), Form::ChildWithValue);
+    EXPECT_EQ(query.value(), hostile);
+    const XMLQuery both = XMLQuery::anyDepthWithParentValue("assignment", "idref", hostile, "id", "'");
+    EXPECT_EQ(both.form(), Form::AnyDepthWithParentValue);
+    EXPECT_EQ(both.parentValue(), "'");
+}
+
+TEST(XMLQuery, NotPortedErrorNamesFileLineAndQuery) {
+    const Error error = notPortedXQueryError("/src/Some/Mapper.cpp", 12, "a/b/c");
+    EXPECT_EQ(error.domain, kGeneralErrorDomain);
+    EXPECT_EQ(error.code, 100);
+    EXPECT_EQ(error.description, "NOT PORTED XQUERY (Mapper.cpp [12]): a/b/c");
+}
+
+} // namespace
+} // namespace brackwater
