@@ -84,6 +84,8 @@ const xmlChar* chars(const std::string& text) { return reinterpret_cast<const xm
 
 XMLDocument::XMLDocument(_xmlDoc* document) : _document(document), _index(std::make_unique<XMLIndex>(document)) {
     _document->_private = _index.get();
+    if (_document->encoding == nullptr) // without one, the library prints letters beyond ASCII as references
+        _document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
 }
 
 XMLDocument::~XMLDocument() { xmlFreeDoc(_document); }

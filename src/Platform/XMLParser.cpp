@@ -90,6 +90,10 @@ private:
         const xmlParserInput* input = _context->input;
         return input != nullptr && input->buf != nullptr && input->buf->encoder != nullptr;
     }
+    [[nodiscard]] bool isAtEnd() const {
+        const xmlParserInput* input = _context->input;
+        return input == nullptr || input->cur >= input->end;
+    }
     [[nodiscard]] std::string withLastFault(std::string_view why) const;
 
     static void onFault(void* context, xmlError* fault) {
@@ -113,6 +117,7 @@ private:
     std::string_view _name;
     std::size_t _loggedBefore;
     std::size_t _faults = 0;
+    bool _endsTooEarly = false; // a fault was met where the text ends: inside a tag, a comment, or with elements open
     ContextOwner _context;
     std::string _refusal;
     std::string _lastFault;
@@ -187,6 +192,8 @@ void Reading::report(const xmlError& fault) {
     if (fault.level == XML_ERR_WARNING && fault.code != XML_WAR_UNDECLARED_ENTITY)
         return;
     _lastFault = fmt::format("line {}: {}", fault.line, oneLine(fault.message));
+    if (fault.level == XML_ERR_FATAL && isAtEnd())
+        _endsTooEarly = true;
     if (++_faults > _loggedBefore)
         logLine("WARNING: '{}', {}", _name, _lastFault);
 }
@@ -198,7 +205,7 @@ std::optional<std::string> Reading::whyRefused(const xmlNode* root) const {
         return withLastFault("the reading stopped");
     if (root == nullptr)
         return withLastFault("it has no root element");
-    if (_context->nameNr > 0)
+    if (_endsTooEarly || _context->nameNr > 0)
         return withLastFault("it ends too early");
     if (hasMarkupBehindRoot())
         return withLastFault("markup stands behind the end of its root element");
@@ -207,9 +214,9 @@ std::optional<std::string> Reading::whyRefused(const xmlNode* root) const {
 
 // What stands behind the root is lost. A stray byte may be, elements may not: one end tag too many closes the root.
 bool Reading::hasMarkupBehindRoot() const {
-    const xmlParserInput* input = _context->input;
-    if (input == nullptr || input->cur >= input->end)
+    if (isAtEnd())
         return false;
+    const xmlParserInput* input = _context->input;
     const std::string_view rest(reinterpret_cast<const char*>(input->cur),
                                 static_cast<std::size_t>(input->end - input->cur));
     return rest.find('<') != std::string_view::npos || isConverted();

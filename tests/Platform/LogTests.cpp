@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
@@ -29,6 +30,7 @@ Outcome runInChild(const std::function<void()>& action) {
     const test::TempFolder folder;
     const std::string path = folder.path("log");
     Outcome outcome;
+    std::fflush(nullptr); // so that the child does not print it again
     outcome.process = fork();
     if (outcome.process == 0) {
         const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
