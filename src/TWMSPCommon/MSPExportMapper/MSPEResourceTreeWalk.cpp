@@ -1,0 +1,106 @@
+#include "TWMSPCommon/MSPExportMapper/MSPEResourceTreeWalk.h"
+
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceAdapter.h"
+#include "Platform/Exception.h"
+#include "TWMSPCommon/MSPCExtensions.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEResourceMapper.h"
+
+#include <fmt/format.h>
+
+#include <iterator>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::string_view kMemberReference = "child-resource";
+
+std::optional<XMLElement> reference(std::optional<XMLElement> element) {
+    while (element && element->name() != kMemberReference)
+        element = element->nextSiblingElement();
+    return element;
+}
+
+bool isGroup(XMLElement resource) { return stringValueForXQuery(resource, "type") == "Group"; }
+
+} // namespace
+
+void MSPEResourceTreeWalk::walkFrom(std::optional<XMLElement> topResource) {
+    assertThat(topResource.has_value(), "Resource <{}> has no 'id' attribute.", static_cast<const void*>(nullptr));
+    mapResource(*topResource);
+    while (!_groups.empty()) {
+        if (const auto member = nextMember())
+            mapResource(*member);
+        else
+            leaveGroup();
+    }
+}
+
+void MSPEResourceTreeWalk::mapResource(XMLElement resource) {
+    failIfReachedBefore(resource);
+
+    MSPEResourceMapper resourceMapper(mapper());
+    const std::optional<XMLElement> parent = _groups.empty() ? std::nullopt : std::optional(_groups.back().element);
+    const auto element = resourceMapper.newResourceFromZELBResource(resource, parent);
+    assertThat(!resourceMapper.resourceCalendar() || resourceMapper.resourceCalendarUID() >= 1,
+               "Expected Calendar UID > 0.");
+    if (element) {
+        _resources.addChild(element);
+        if (const auto path = groupPath())
+            element->addChildElementWithName("Group", *path);
+    }
+    if (isGroup(resource))
+        enterGroup(resource);
+}
+
+void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) {
+    if (!_reached.insert(resource.node()).second)
+        failAssertion(fmt::format("Resource tree is not a tree: '{}' is reached twice.",
+                                  resource.attributeForName("id").value_or("")));
+}
+
+void MSPEResourceTreeWalk::enterGroup(XMLElement group) {
+    Group entered{group, reference(group.firstChildElement()), true, _path.size(), _path.size()};
+    const auto name = stringValueForXQuery(group, "name");
+    if (name && groupPath()) {
+        entered.pathBegin = _groups.back().pathBegin;
+        _path += '/';
+        _path += *name;
+    } else if (name) {
+        _path += *name;
+    } else if (!_groups.empty()) {
+        // The name of an unnamed group stands alone: it does not continue the path of the groups above.
+        fmt::format_to(std::back_inserter(_path), "Anonymous_Group_{}", ++_unnamedGroupsCount);
+    } else {
+        entered.hasPath = false;
+    }
+    _groups.push_back(entered);
+}
+
+void MSPEResourceTreeWalk::leaveGroup() {
+    _path.resize(_groups.back().pathEndBefore);
+    _groups.pop_back();
+}
+
+// The next member of the innermost group; references to resources that do not exist are passed over.
+std::optional<XMLElement> MSPEResourceTreeWalk::nextMember() {
+    auto& next = _groups.back().nextReference;
+    std::string buffer;
+    while (next) {
+        const auto id = next->attributeView("idref", buffer);
+        next = reference(next->nextSiblingElement());
+        if (!id)
+            continue;
+        if (const auto member = singleObjectForXQuery(_scenario, XMLQuery::childWithValue("resource", "id", *id)))
+            return member;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string_view> MSPEResourceTreeWalk::groupPath() const {
+    if (_groups.empty() || !_groups.back().hasPath)
+        return std::nullopt;
+    return std::string_view(_path).substr(_groups.back().pathBegin);
+}
+
+} // namespace brackwater

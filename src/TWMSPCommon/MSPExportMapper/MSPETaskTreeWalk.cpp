@@ -1,0 +1,108 @@
+#include "TWMSPCommon/MSPExportMapper/MSPETaskTreeWalk.h"
+
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLAssignmentAdapter.h"
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskAdapter.h"
+#include "Platform/Exception.h"
+#include "TWMSPCommon/MSPCExtensions.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEAssignmentMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEChildElements.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPETaskMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPETimephasedDataMapper.h"
+
+namespace brackwater {
+
+namespace {
+
+enum class Child : std::size_t { Type, Split, Assignment, ChildTask };
+
+constexpr MSPEChildNames kChildNames(std::array<std::string_view, 4>{"type", "split", "assignment", "child-task"});
+
+using Children = MSPEChildElements<Child, 4>;
+
+constexpr std::string_view kChildReference = "child-task";
+
+std::optional<XMLElement> reference(std::optional<XMLElement> element) {
+    while (element && element->name() != kChildReference)
+        element = element->nextSiblingElement();
+    return element;
+}
+
+} // namespace
+
+void MSPETaskTreeWalk::walkFrom(std::optional<XMLElement> topTask) {
+    mapTask(topTask);
+    while (!_groups.empty()) {
+        if (const auto child = nextChild())
+            mapTask(child);
+        else
+            _groups.pop_back();
+    }
+}
+
+void MSPETaskTreeWalk::mapTask(std::optional<XMLElement> zelbTask) {
+    std::optional<Children> children;
+    if (zelbTask)
+        children.emplace(*zelbTask, kChildNames);
+    const bool isGroup = children && children->text(Child::Type) == "group";
+    const bool isSplit = children && children->has(Child::Split);
+    assertThat(!isGroup || !isSplit, "Task group and split task are mutualy exclusive.");
+
+    const std::optional<XMLElement> parent = _groups.empty() ? std::nullopt : std::optional(_groups.back().element);
+    const auto task = MSPETaskMapper(mapper()).newTaskFromZELBTask(zelbTask, parent);
+    _tasks.addChild(task);
+    TimephasedData timephasedData;
+    if (isSplit)
+        timephasedData = MSPETimephasedDataMapper(mapper()).newTimephasedDataFromZelbSplitTask(*zelbTask, _scenario);
+    task->addChildElementWithName("OutlineLevel", std::to_string(_groups.size()));
+
+    if (children->has(Child::Assignment))
+        addAssignments(*zelbTask, timephasedData);
+    else if (!isGroup)
+        addDummyAssignment(*zelbTask, timephasedData);
+    if (isGroup)
+        _groups.push_back({*zelbTask, reference(zelbTask->firstChildElement())});
+}
+
+void MSPETaskTreeWalk::addAssignments(XMLElement task, const TimephasedData& timephasedData) {
+    MSPEAssignmentMapper assignmentMapper(mapper(), task);
+    for (const auto& assignment : assignmentMapper.zelbAssignments()) {
+        const auto element = assignmentMapper.newAssignmentFromZELBAssignment(assignment);
+        _assignments.addChild(element);
+        if (timephasedData)
+            MSPEAssignmentMapper::addTimephasedData(*timephasedData, assignmentMapper.UID(), *element);
+    }
+}
+
+void MSPETaskTreeWalk::addDummyAssignment(XMLElement task, const TimephasedData& timephasedData) {
+    std::string buffer;
+    const auto id = task.attributeView("id", buffer);
+    if (!id)
+        return;
+    assertThat(MSPEProjectMapper::ofMapper(mapper()).scheduledTasks().contains(*id),
+               "Can not find task with UID={} in the list of scheduled tasks.", *id);
+
+    std::int64_t uid = -1;
+    const auto element = MSPEAssignmentMapper::newDummyAssignmentForTaskId(*id, &uid, mapper());
+    assertThat(uid >= 1, "Incorrect UID for dummy assignment ({}).", uid);
+    _assignments.addChild(element);
+    if (timephasedData)
+        MSPEAssignmentMapper::addTimephasedData(*timephasedData, uid, *element);
+}
+
+// The next child of the innermost group; references to tasks that do not exist are passed over.
+std::optional<XMLElement> MSPETaskTreeWalk::nextChild() {
+    auto& next = _groups.back().nextReference;
+    std::string buffer;
+    while (next) {
+        const auto id = next->attributeView("idref", buffer);
+        next = reference(next->nextSiblingElement());
+        if (!id)
+            continue;
+        if (const auto child = singleObjectForXQuery(_scenario, XMLQuery::childWithValue("task", "id", *id)))
+            return child;
+    }
+    return std::nullopt;
+}
+
+} // namespace brackwater

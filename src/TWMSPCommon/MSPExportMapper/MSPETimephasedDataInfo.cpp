@@ -1,0 +1,78 @@
+#include "TWMSPCommon/MSPExportMapper/MSPETimephasedDataInfo.h"
+
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLTimephasedDataAdapter.h"
+#include "Platform/Exception.h"
+#include "Platform/GregorianCalendar.h"
+#include "TWMSPCommon/MSPExportMapper/MSPETaskDates.h"
+#include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
+
+#include <algorithm>
+
+namespace brackwater {
+
+namespace {
+
+constexpr int kSunday = 1;
+constexpr int kSaturday = 7;
+
+// Far beyond the 180 years of dates that the target holds: a damaged date must not fill the memory with days.
+constexpr double kMostDays = 1'000'000;
+constexpr double kSecondsOfDay = 86'400;
+
+CivilTime lastSecondOfDay(CivilTime time) {
+    time.hour = 23;
+    time.minute = 59;
+    time.second = 59;
+    return time;
+}
+
+// Where clocks go back at midnight the second after 23:59:59 may lie in the same day again, so the next day is not
+// counted from there.
+CivilTime nextMidnight(CivilTime time) { return {time.year, time.month, time.day + 1, 0, 0, 0}; }
+
+bool isWorkingDay(int weekday) { return weekday != kSunday && weekday != kSaturday; }
+
+} // namespace
+
+MSPETimephasedDataInfo::MSPETimephasedDataInfo(std::string_view startDate, std::string_view endDate, double effort,
+                                               MSPEMapper* mapper)
+    : _startDate(MSPIUtilities::zelbToMppDateTime(startDate)), _endDate(MSPIUtilities::zelbToMppDateTime(endDate)),
+      _effort(effort), _mapper(mapper) {}
+
+std::vector<MSPETimephasedDataInfo::Day> MSPETimephasedDataInfo::days() const {
+    std::vector<Day> days;
+    if (!_startDate || !_endDate)
+        return days;
+    assertThat(_endDate->secondsSince(*_startDate) <= kMostDays * kSecondsOfDay,
+               "Time span of timephased data is longer than {:.0f} days.", kMostDays);
+    const GregorianCalendar calendar;
+    for (Date current = *_startDate; current < *_endDate;) {
+        const CivilTime time = calendar.fieldsOfDate(current);
+        const Date dayEnd = calendar.dateFromFields(lastSecondOfDay(time)).value_or(*_endDate);
+        days.push_back({current, std::min(dayEnd, *_endDate), isWorkingDay(calendar.weekdayOfDate(current))});
+        current = calendar.dateFromFields(nextMidnight(time)).value_or(*_endDate);
+    }
+    return days;
+}
+
+void MSPETimephasedDataInfo::addTimephasedDataToArray(MSPETimephasedDataArray& array,
+                                                      std::vector<bool>* workingDays) const {
+    for (const Day& day : days()) {
+        array.push_back(newDayElement(day));
+        if (workingDays)
+            workingDays->push_back(day.isWorkingDay);
+    }
+}
+
+std::shared_ptr<MSPEXMLTimephasedDataAdapter> MSPETimephasedDataInfo::newDayElement(const Day& day) const {
+    auto element = MSPEXMLTimephasedDataAdapter::elementWithName("TimephasedData", _mapper);
+    element->addChildElementWithName("Type", "1");
+    element->addChildElementWithName("Unit", "1");
+    element->addChildElementWithName("Start", mspdiTextOfDate(day.start));
+    element->addChildElementWithName("Finish", mspdiTextOfDate(day.finish));
+    if (_effort >= 0)
+        element->addChildElementWithName("Value", MSPIUtilities::mppToMspdiDuration(_effort));
+    return element;
+}
+
+} // namespace brackwater
