@@ -11,7 +11,7 @@ namespace brackwater {
 namespace {
 
 /// A sentence of what failed, with the library's words where there are any.
-std::string sentence(std::string what, const MPPFormatWriter& writer) {
+std::string sentence(const std::string& what, const MPPFormatWriter& writer) {
     const std::string text = writer.failureText();
     return text.empty() ? what : what + ": " + text;
 }

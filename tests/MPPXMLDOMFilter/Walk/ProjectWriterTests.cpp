@@ -1,4 +1,5 @@
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
+#include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
 #include "support/CompoundFile.h"
 #include "support/LogCapture.h"
@@ -72,6 +73,21 @@ TEST_F(ProjectWriter, OtherFormatVersionsAreRefusedWithoutAWord) {
     EXPECT_EQ(_failure.reason, "the template cannot be read, or names no known format");
     write(refused[1]);
     EXPECT_EQ(_failure.reason, "a template of format version 3 cannot be written, only one of version 2");
+}
+
+TEST_F(ProjectWriter, ProjectIsPreparedOnlyForATemplateThatIsWritten) {
+    MPPProject project;
+    for (const std::uint64_t id : {9U, 4U}) {
+        project.tasks.push_back(std::make_shared<MPPTask>());
+        project.tasks.back()->ID = id;
+    }
+    writeCompoundFile(_template, {compObj("Microsoft Project 14.0", "MSProject.MPP14")});
+    EXPECT_FALSE(MPPProjectWriter::writeProject(&project, urlOf(_output), urlOf(_template)));
+    EXPECT_EQ(project.tasks.front()->ID, 9U);
+    writeCompoundFile(_template, kCopied);
+    EXPECT_TRUE(MPPProjectWriter::writeProject(&project, urlOf(_output), urlOf(_template)));
+    EXPECT_EQ(project.tasks.front()->ID, 1U);
+    EXPECT_EQ(project.tasks.back()->ID, 2U);
 }
 
 TEST_F(ProjectWriter, OutputThatCannotBeCreatedEndsTheWrite) {
