@@ -95,7 +95,7 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileUR
     const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl);
     logLine("mspdiXmlDoc: {}", mapped.project ? "<MSPEXMLDocumentAdapter>" : "(null)");
     if (!mapped.project) {
-        logLine("WARNING: The document was not mapped: {}", mapped.notMappedReason);
+        logLine("WARNING: No scenario was mapped. {}", mapped.notMappedReason);
         return false;
     }
     return writeMappedProject(*mapped.project, mppUrl, templateUrl);

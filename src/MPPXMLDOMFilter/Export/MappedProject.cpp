@@ -2,24 +2,33 @@
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLDocumentAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
-#include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 
 #include <fmt/core.h>
 
+#include <utility>
+
 namespace brackwater {
+
+namespace {
+
+std::string missingScenario(const std::optional<std::string>& editingScenarioId) {
+    if (!editingScenarioId)
+        return "The front window does not say which scenario it edits.";
+    return fmt::format("The bundle has no scenario with the id \"{}\", which the front window edits.",
+                       *editingScenarioId);
+}
+
+} // namespace
 
 MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl) {
     const bool hasMainDocument = documents.mainDocument != nullptr;
     MSPEMapper mapper(std::move(documents.mainDocument), std::move(documents.tableOfContents),
                       std::move(documents.baselines), templateUrl);
     mapper.map();
-    if (mapper.mspdiXmlDoc())
-        return {mapper.mspdiXmlDoc()->rootElement()->mppDomObject(), {}};
-    if (!hasMainDocument)
-        return {nullptr, fmt::format("no scenario has the id \"{}\" that the front window edits",
-                                     documents.editingScenarioId.value_or("(null)"))};
-    return {nullptr, mapper.notMappedReason()};
+    if (const auto& mapped = mapper.mspdiXmlDoc())
+        return {mapped->rootElement()->mppDomObject(), {}};
+    return {nullptr, hasMainDocument ? mapper.notMappedReason() : missingScenario(documents.editingScenarioId)};
 }
 
 } // namespace brackwater
