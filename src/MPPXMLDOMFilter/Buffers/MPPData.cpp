@@ -15,7 +15,8 @@ namespace brackwater {
 namespace {
 
 constexpr std::size_t kInitialCapacity = 512;
-constexpr std::uint16_t kNullDatePart = 0xFFFF;
+constexpr std::uint32_t kNullDate = 0xFFFFFFFF;
+constexpr std::uint16_t kNullDay = 0xFFFF;
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 /// 1983-12-31T00:00:00Z, day 0 of the format, in seconds since 1970.
@@ -38,8 +39,9 @@ constexpr std::array<std::uint8_t, sizeof(Unsigned)> littleEndian(Unsigned value
 
 template <typename Unsigned>
 void append(std::vector<std::uint8_t>& data, Unsigned value) {
-    const auto bytes = littleEndian(value);
-    data.insert(data.end(), bytes.begin(), bytes.end());
+    // Byte by byte is several times quicker than the insertion of a range as short as these.
+    for (const std::uint8_t byte : littleEndian(value))
+        data.push_back(byte);
 }
 
 template <typename Unsigned>
@@ -57,10 +59,10 @@ void appendText(std::vector<std::uint8_t>& data, std::string_view text, MPPEncod
 }
 
 /// Seconds from day 0 to the date, both read on the wall clock of the system zone.
-std::int64_t wallSecondsSinceDayZero(Date date) {
+std::int64_t wallSecondsSinceDayZero(Date date, const TimeZone& systemZone) {
     const auto second =
         std::clamp(saturatingCut<std::int64_t>(std::floor(date.secondsSince1970)), -kFarthestSecond, kFarthestSecond);
-    return second + TimeZone::system().secondsFromGMT(date) - kDayZero;
+    return second + systemZone.secondsFromGMT(date) - kDayZero;
 }
 
 /// Days since day 0, of which a stream holds the low 16 bits.
@@ -118,21 +120,19 @@ void MPPData::writeDuration(double seconds, int /*units*/) {
 }
 
 void MPPData::writeDate(const std::optional<Date>& date) {
-    if (!date) {
-        write2ByteInteger(kNullDatePart);
-        write2ByteInteger(kNullDatePart);
-        return;
-    }
-    const std::int64_t seconds = wallSecondsSinceDayZero(*date);
+    writeInteger(date ? encodedDate(*date, TimeZone::system()) : kNullDate);
+}
+
+std::uint32_t MPPData::encodedDate(Date date, const TimeZone& systemZone) {
+    const std::int64_t seconds = wallSecondsSinceDayZero(date, systemZone);
     const std::uint16_t days = dayCount(seconds);
     // The days that are taken off are those that the stream holds: outside the format's range not all of them.
     const std::int64_t tenths = (seconds - days * kSecondsPerDay) * 10 / 60;
-    write2ByteInteger(static_cast<std::uint16_t>(tenths & 0xFFFF));
-    write2ByteInteger(days);
+    return static_cast<std::uint32_t>(tenths & 0xFFFF) | static_cast<std::uint32_t>(days) << 16;
 }
 
 void MPPData::writeDaysFromDate(const std::optional<Date>& date) {
-    write2ByteInteger(date ? dayCount(wallSecondsSinceDayZero(*date)) : kNullDatePart);
+    write2ByteInteger(date ? dayCount(wallSecondsSinceDayZero(*date, TimeZone::system())) : kNullDay);
 }
 
 void MPPData::writeIntegerAtOffset(std::uint32_t value, std::size_t offset) { replace(_data, value, offset); }

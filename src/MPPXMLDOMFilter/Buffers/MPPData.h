@@ -12,6 +12,8 @@
 
 namespace brackwater {
 
+class TimeZone;
+
 /// How a text is encoded in a stream. The numbers are the platform's.
 enum class MPPEncoding {
     ASCII = 1,    ///< one byte a character
@@ -45,6 +47,8 @@ public:
     /// 4 bytes: tenths of a minute of the day, then days since 1983-12-31, of the wall clock of the system zone; all
     /// ones for no date.
     void writeDate(const std::optional<Date>& date);
+    /// The 4 bytes of a date as a little-endian integer, for callers that keep the system zone.
+    [[nodiscard]] static std::uint32_t encodedDate(Date date, const TimeZone& systemZone);
     /// 2 bytes: the days alone.
     void writeDaysFromDate(const std::optional<Date>& date);
     /// Replace bytes at an offset counted from the start of the present buffer. Raises NSRangeException past its end.

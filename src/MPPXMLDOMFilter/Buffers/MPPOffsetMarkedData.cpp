@@ -26,15 +26,10 @@ void MPPOffsetMarkedData::clearBuffer() {
     MPPData::clearBuffer();
 }
 
-std::uint64_t MPPOffsetMarkedData::offsetOfElementAtIndex(std::uint64_t index) const {
-    if (index >= elementsCount())
-        throw Exception(kRangeException, "Index out of bounds");
-    return _elementOffsets[index];
-}
+void MPPOffsetMarkedData::failIndex() { throw Exception(kRangeException, "Index out of bounds"); }
 
-void MPPOffsetMarkedData::requireOpenElement() const {
-    if (!_writingElement)
-        throw Exception(kOffsetMarkedDataException, "Attempt to close an already closed element");
+void MPPOffsetMarkedData::failClosedElement() {
+    throw Exception(kOffsetMarkedDataException, "Attempt to close an already closed element");
 }
 
 } // namespace brackwater

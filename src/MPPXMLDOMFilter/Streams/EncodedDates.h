@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPData.h"
 #include "Platform/Date.h"
+#include "Platform/TimeZone.h"
 
 #include <array>
 #include <cstddef>
@@ -15,8 +16,8 @@ struct EncodedDate {
     std::uint32_t bytes;
 };
 
-/// Encodes dates for rows, as MPPData::writeDate does. The same few instants fill many fields of neighbouring rows, so
-/// the latest encodings are kept.
+/// Encodes dates for rows, as MPPData::writeDate does. The same few instants fill many fields of a row, so the latest
+/// encodings are kept.
 class EncodedDates {
 public:
     [[nodiscard]] EncodedDate operator()(const std::optional<Date>& date);
@@ -24,15 +25,15 @@ public:
 private:
     struct Entry {
         Date date;
-        std::uint32_t bytes = 0;
-        bool used = false;
+        EncodedDate encoded;
     };
-    static constexpr std::size_t kEntryBits = 9;
+    static constexpr std::size_t kEntries = 16;
 
-    [[nodiscard]] std::uint32_t encode(Date date);
+    [[nodiscard]] Entry entryOf(Date date) const { return {date, {MPPData::encodedDate(date, _systemZone)}}; }
+    [[nodiscard]] std::array<Entry, kEntries> filledEntries() const;
 
-    std::array<Entry, std::size_t{1} << kEntryBits> _entries{};
-    MPPData _scratch;
+    TimeZone _systemZone = TimeZone::system();
+    std::array<Entry, kEntries> _entries = filledEntries();
 };
 
 } // namespace brackwater

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 namespace brackwater {
 
@@ -28,16 +29,20 @@ constexpr std::uint64_t kNotesType = 71;
 constexpr std::uint64_t kMomentOfWritingType = 634;
 constexpr std::uint64_t kType665 = 665; // meaning unknown: 16 zero bytes, as 667
 constexpr std::uint64_t kType667 = 667;
-constexpr std::array<std::uint16_t, 10> kBaselineWorkTypes = {289, 298, 307, 316, 325, 334, 343, 352, 361, 370};
-constexpr std::array<std::uint16_t, 10> kBaselineStartTypes = {295, 304, 313, 322, 331, 340, 349, 358, 367, 376};
-constexpr std::array<std::uint16_t, 10> kBaselineFinishTypes = {296, 305, 314, 323, 332, 341, 350, 359, 368, 377};
+constexpr std::size_t kMaxBaselines = 10;
+constexpr std::array<std::uint16_t, kMaxBaselines> kBaselineWorkTypes = {289, 298, 307, 316, 325,
+                                                                         334, 343, 352, 361, 370};
+constexpr std::array<std::uint16_t, kMaxBaselines> kBaselineStartTypes = {295, 304, 313, 322, 331,
+                                                                          340, 349, 358, 367, 376};
+constexpr std::array<std::uint16_t, kMaxBaselines> kBaselineFinishTypes = {296, 305, 314, 323, 332,
+                                                                           341, 350, 359, 368, 377};
 
 // What stands for the resource of work without one. The GUID differs from the default resource's in its first byte.
 constexpr std::uint32_t kNoResourceID = 0xFFFF0001;
 constexpr Guid kNoResourceGuid{
     Guid::Bytes{0x78, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xFF}};
 
-std::uint16_t baselineType(const std::array<std::uint16_t, 10>& types, std::size_t index) {
+std::uint16_t baselineType(const std::array<std::uint16_t, kMaxBaselines>& types, std::size_t index) {
     if (index < 1 || index > types.size())
         throw Exception(kTooManyBaselinesException, std::string(kTooManyBaselines));
     return types[index - 1];
@@ -80,47 +85,48 @@ void MPP12AssignmentWriter::writeSteps() {
     copyChildFromTemplate("Props");
 }
 
-// "Var2Data" and its index.
+// "Var2Data" and its index, in the same order: an element is found by its place, not by its type.
 
 void MPP12AssignmentWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data");
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
     const Date momentOfWriting = Date::now();
-    for (const auto& assignment : project().assignments) {
-        writeAssignmentVar2Data(*assignment, momentOfWriting);
-        stream.flush(*_var2Data);
-    }
-    stream.finish(*_var2Data);
+    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
+        writeAssignmentVar2Data(assignment, momentOfWriting);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignment, Date momentOfWriting) {
     MPPVar2Data& data = *_var2Data;
-    const auto element = [&](std::uint64_t type, auto writePayload) {
-        data.startNewElementWithType(type, assignment.ID);
+    const auto element = [&data](auto writePayload) {
+        data.startNewElement();
         writePayload();
         data.closeCurrentElement();
     };
     const auto date = [&](const std::optional<Date>& value) { data.writeInteger(_dates(value).bytes); };
 
-    element(kPlannedWorkType, [&] { writePlannedWork(data, assignment); });
+    if (assignment.baselines.size() > kMaxBaselines)
+        throw Exception(kTooManyBaselinesException, std::string(kTooManyBaselines));
+    element([&] { writePlannedWork(data, assignment); });
     if (hasActualWork(assignment))
-        element(kCompleteWorkType, [&] { writeCompleteWork(data, assignment); });
+        element([&] { writeCompleteWork(data, assignment); });
     if (hasText(assignment.notes))
-        element(kNotesType, [&] { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
-    for (std::size_t i = 0; i < assignment.baselines.size(); ++i) {
-        const MPPAssignmentBaseline& baseline = *assignment.baselines[i];
-        element(getaselineWorkTypeForIndex(i + 1), [&] { data.writeDouble(thousandthsOfMinute(baseline.work)); });
-        element(getaselineStartTypeForIndex(i + 1), [&] { date(baseline.start); });
-        element(getaselineFinishTypeForIndex(i + 1), [&] { date(baseline.finish); });
+        element([&] { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
+    for (const auto& baseline : assignment.baselines) {
+        element([&] { data.writeDouble(thousandthsOfMinute(baseline->work)); });
+        element([&] { date(baseline->start); });
+        element([&] { date(baseline->finish); });
     }
-    element(kMomentOfWritingType, [&] { date(momentOfWriting); });
-    element(kType665, [&] { data.writeZeroesBlockOfSize(16); });
-    element(kType667, [&] { data.writeZeroesBlockOfSize(16); });
+    element([&] { date(momentOfWriting); });
+    element([&] { data.writeZeroesBlockOfSize(16); });
+    element([&] { data.writeZeroesBlockOfSize(16); });
 }
 
 namespace {
 
 void writeMetaForAssignment(MPP12VarMeta& varMeta, const MPPAssignment& assignment) {
-    const auto record = [&](std::uint64_t type) { varMeta.writeElementMetaWithType(type, assignment.ID); };
+    const auto record = [&](std::uint64_t type) { varMeta.writeNextElementMetaWithID(assignment.ID, type); };
     record(kPlannedWorkType);
     if (hasActualWork(assignment))
         record(kCompleteWorkType);
@@ -139,14 +145,14 @@ void writeMetaForAssignment(MPP12VarMeta& varMeta, const MPPAssignment& assignme
 } // namespace
 
 void MPP12AssignmentWriter::writeVarMeta() {
-    StreamOutput stream(writer(), "VarMeta");
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    for (const auto& assignment : project().assignments) {
-        writeMetaForAssignment(varMeta, *assignment);
-        stream.flush(varMeta);
-    }
-    stream.finish(varMeta);
+    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
+        writeMetaForAssignment(varMeta, assignment);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 // "FixedData" and its index: a row for each ID up to the last. After preprocessing every ID has its assignment.
@@ -157,6 +163,7 @@ std::uint64_t MPP12AssignmentWriter::lastID() const {
 
 const MPPAssignment* MPP12AssignmentWriter::assignmentWithID(std::uint64_t id) const {
     const auto& assignments = project().assignments;
+    prefetchRecordAhead(assignments, id - 1);
     if (id <= assignments.size() && assignments[id - 1]->ID == id) // always so after preprocessing
         return assignments[id - 1].get();
     const auto found = project().idToAssignmentMap().find(static_cast<std::uint32_t>(id));
@@ -164,16 +171,16 @@ const MPPAssignment* MPP12AssignmentWriter::assignmentWithID(std::uint64_t id) c
 }
 
 void MPP12AssignmentWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData");
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
     const std::uint64_t last = lastID();
     for (std::uint64_t id = 1; id <= last; ++id) {
         if (const MPPAssignment* assignment = assignmentWithID(id))
             writeAssignmentFixedData(*assignment);
         else
             writeHoleFixedData(id);
-        stream.flush(*_fixedData);
+        stream.flush();
     }
-    stream.finish(*_fixedData);
+    stream.finish();
 }
 
 void MPP12AssignmentWriter::writeHoleFixedData(std::uint64_t id) {
@@ -209,8 +216,13 @@ Amounts amountsOfMaterial(const MPPAssignment& assignment) {
 }
 
 void logAssignment(const MPPAssignment& assignment) {
-    logLine("+++ curAssignment: <MPPAssignment>, work: {:f} resource: {}", assignment.work,
-            assignment.resource.record() ? "<MPPResource>" : "(null)");
+    std::array<char, 512> work{}; // the longest number of six decimals has 317 characters
+    const auto end =
+        std::to_chars(work.data(), work.data() + work.size(), assignment.work, std::chars_format::fixed, 6);
+    std::string line = "+++ curAssignment: <MPPAssignment>, work: ";
+    line.append(work.data(), end.ptr);
+    line += assignment.resource.record() ? " resource: <MPPResource>" : " resource: (null)";
+    logLine(line);
 }
 
 } // namespace
@@ -254,9 +266,13 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
 
 namespace {
 
-void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment, std::uint64_t elements) {
+void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment) {
+    constexpr std::size_t kElementsOfEach = 4;
+    constexpr std::size_t kElementsOfBaseline = 3;
     const bool actual = hasActualWork(assignment);
     const bool notes = hasText(assignment.notes);
+    const std::size_t elements =
+        kElementsOfEach + (actual ? 1 : 0) + (notes ? 1 : 0) + kElementsOfBaseline * assignment.baselines.size();
     fixedMeta.writeNextElementStartWithInt(static_cast<std::uint32_t>(elements << 16));
     MetaRecordBuilder<kFixedMetaSize> record;
     record.at(8).word(static_cast<std::uint16_t>((actual ? 0x3021 : 0x3001) | (notes ? 0x8000 : 0)));
@@ -277,36 +293,36 @@ void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
 } // namespace
 
 void MPP12AssignmentWriter::writeFixedMeta() {
-    StreamOutput stream(writer(), "FixedMeta");
     MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     const std::uint64_t last = lastID();
     for (std::uint64_t id = 1; id <= last; ++id) {
         if (const MPPAssignment* assignment = assignmentWithID(id))
-            writeAssignmentFixedMeta(fixedMeta, *assignment, _var2Data->numberOfElementsForID(assignment->ID));
+            writeAssignmentFixedMeta(fixedMeta, *assignment);
         else
             writeHoleFixedMeta(fixedMeta);
-        stream.flush(fixedMeta);
+        stream.flush();
     }
-    stream.finish(fixedMeta);
+    stream.finish();
 }
 
 // "Fixed2Data" and its index.
 
 void MPP12AssignmentWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data");
-    for (const auto& assignment : project().assignments) {
-        const MPPResource* resource = assignment->resource.record();
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
+        const MPPResource* resource = assignment.resource.record();
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
-        row.at(0).guid(assignment->GUID());
-        row.at(16).guid(taskOf(*assignment).GUID());
+        row.at(0).guid(assignment.GUID());
+        row.at(16).guid(taskOf(assignment).GUID());
         row.at(32).guid(resource ? resource->GUID() : kNoResourceGuid);
         row.end(*_fixed2Data);
         _fixed2Data->closeCurrentElement();
-        stream.flush(*_fixed2Data);
-    }
-    stream.finish(*_fixed2Data);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 namespace {
@@ -327,20 +343,20 @@ std::array<std::uint8_t, 17> presenceOfBaselines(std::size_t baselines) {
 } // namespace
 
 void MPP12AssignmentWriter::writeFixed2Meta() {
-    StreamOutput stream(writer(), "Fixed2Meta");
     MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    for (const auto& assignment : project().assignments) {
+    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
         fixed2Meta.writeNextElementStartWithInt(0);
         MetaRecordBuilder<kFixed2MetaSize> record;
         record.at(8).integer(123);
         record.at(12).zeroes(20);
         record.at(32).integer(0x00800000);
-        record.at(36).bytes(presenceOfBaselines(assignment->baselines.size()));
+        record.at(36).bytes(presenceOfBaselines(assignment.baselines.size()));
         record.end(fixed2Meta);
-        stream.flush(fixed2Meta);
-    }
-    stream.finish(fixed2Meta);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPP12AssignmentWriter::preprocessProject(MPPProject& project) {

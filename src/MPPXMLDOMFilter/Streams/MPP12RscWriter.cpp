@@ -87,11 +87,11 @@ void MPP12RscWriter::writeSteps() {
 // "Var2Data" and its index, whose order is another one.
 
 void MPP12RscWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data");
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
     writeHeaderElementsToVar2DataWithID(kHeaderOwnerID);
     for (const auto& resource : project().resources)
         writeRscVar2Data(*resource);
-    stream.finish(*_var2Data);
+    stream.finish();
 }
 
 void MPP12RscWriter::writeHeaderElementsToVar2DataWithID(std::uint64_t id) {
@@ -169,24 +169,24 @@ void writeMetaForResource(MPP12VarMeta& varMeta, const MPPResource& resource) {
 } // namespace
 
 void MPP12RscWriter::writeVarMeta() {
-    StreamOutput stream(writer(), "VarMeta");
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
     varMeta.writeElementMetaWithType(kHeaderType, kHeaderOwnerID);
     for (const auto& resource : project().resources)
         writeMetaForResource(varMeta, *resource);
-    stream.finish(varMeta);
+    stream.finish();
 }
 
 // "FixedData" and its index.
 
 void MPP12RscWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData");
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
     writeDefaultFixedData();
     for (const auto& resource : project().resources)
         writeRscFixedData(*resource);
-    stream.finish(*_fixedData);
+    stream.finish();
 }
 
 void MPP12RscWriter::writeDefaultFixedData() {
@@ -313,8 +313,8 @@ void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, boo
 } // namespace
 
 void MPP12RscWriter::writeFixedMeta() {
-    StreamOutput stream(writer(), "FixedMeta");
     MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
     writeDefaultFixedMeta(fixedMeta);
@@ -323,19 +323,19 @@ void MPP12RscWriter::writeFixedMeta() {
         writeRscFixedMeta(fixedMeta, *resource, isFirst);
         isFirst = false;
     }
-    stream.finish(fixedMeta);
+    stream.finish();
 }
 
 // "Fixed2Data" and its index.
 
 void MPP12RscWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data");
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
     std::int32_t place = 0;
     writeRscFixed2Data(*project().defaultResource(), place);
     for (const auto& resource : project().resources)
         writeRscFixed2Data(*resource, ++place);
-    stream.finish(*_fixed2Data);
+    stream.finish();
 }
 
 void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_t place) {
@@ -380,14 +380,14 @@ void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
 } // namespace
 
 void MPP12RscWriter::writeFixed2Meta() {
-    StreamOutput stream(writer(), "Fixed2Meta");
     MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
     writeDefaultFixed2Meta(fixed2Meta);
     for (const auto& resource : project().resources)
         writeRscFixed2Meta(fixed2Meta, *resource);
-    stream.finish(fixed2Meta);
+    stream.finish();
 }
 
 // "Props": the template's, unless the project names text fields.
@@ -397,12 +397,12 @@ void MPP12RscWriter::writeProps() {
         copyChildFromTemplate("Props");
         return;
     }
-    StreamOutput stream(writer(), "Props");
     MPPProps props;
+    StreamOutput stream(writer(), "Props", props);
     props.open();
     writeFieldAliasesElement(props, project().customResourceFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
     props.close();
-    stream.finish(props);
+    stream.finish();
 }
 
 void MPP12RscWriter::preprocessProject(MPPProject& project) {

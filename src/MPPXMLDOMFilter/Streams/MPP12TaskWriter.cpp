@@ -70,7 +70,7 @@ void MPP12TaskWriter::writeSteps() {
 // format's limits is met when its index record is written, behind the whole of "Var2Data".
 
 void MPP12TaskWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data");
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
     _var2Data->startNewElement();
     _var2Data->writeString(textOf(project().title), MPPEncoding::Unicode);
     _var2Data->closeCurrentElement();
@@ -80,11 +80,11 @@ void MPP12TaskWriter::writeVar2Data() {
         _var2Data->writeInteger(1);
         _var2Data->closeCurrentElement();
     }
-    for (const auto& task : project().tasks) {
-        writeTaskVar2Data(*task);
-        stream.flush(*_var2Data);
-    }
-    stream.finish(*_var2Data);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeTaskVar2Data(task);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
@@ -133,31 +133,31 @@ void writeMetaForTask(MPP12VarMeta& varMeta, const MPPTask& task, std::uint64_t 
 } // namespace
 
 void MPP12TaskWriter::writeVarMeta() {
-    StreamOutput stream(writer(), "VarMeta");
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
     varMeta.writeNextElementMetaWithID(kProjectOwnerID, kTitleType);
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
-    for (const auto& task : project().tasks) {
-        writeMetaForTask(varMeta, *task, ++taskID);
-        stream.flush(varMeta);
-    }
-    stream.finish(varMeta);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeMetaForTask(varMeta, task, ++taskID);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 // "FixedData" and its index.
 
 void MPP12TaskWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData");
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
     writeTaskFixedData(project());
-    for (const auto& task : project().tasks) {
-        writeTaskFixedData(*task);
-        stream.flush(*_fixedData);
-    }
-    stream.finish(*_fixedData);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeTaskFixedData(task);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
@@ -226,16 +226,16 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
 }
 
 void MPP12TaskWriter::writeFixedMeta() {
-    StreamOutput stream(writer(), "FixedMeta");
     MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
     writeTaskFixedMeta(project(), fixedMeta);
-    for (const auto& task : project().tasks) {
-        writeTaskFixedMeta(*task, fixedMeta);
-        stream.flush(fixedMeta);
-    }
-    stream.finish(fixedMeta);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeTaskFixedMeta(task, fixedMeta);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 namespace {
@@ -313,14 +313,14 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
 // "Fixed2Data" and its index.
 
 void MPP12TaskWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data");
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
     writeTaskFixed2Data(project());
-    for (const auto& task : project().tasks) {
-        writeTaskFixed2Data(*task);
-        stream.flush(*_fixed2Data);
-    }
-    stream.finish(*_fixed2Data);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeTaskFixed2Data(task);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
@@ -341,16 +341,16 @@ void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
 }
 
 void MPP12TaskWriter::writeFixed2Meta() {
-    StreamOutput stream(writer(), "Fixed2Meta");
     MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
     writeTaskFixed2Meta(project(), fixed2Meta);
-    for (const auto& task : project().tasks) {
-        writeTaskFixed2Meta(*task, fixed2Meta);
-        stream.flush(fixed2Meta);
-    }
-    stream.finish(fixed2Meta);
+    forEachRecord(project().tasks, [&](const MPPTask& task) {
+        writeTaskFixed2Meta(task, fixed2Meta);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 namespace {
@@ -407,15 +407,15 @@ void MPP12TaskWriter::writeProps() {
         copyChildFromTemplate("Props");
         return;
     }
-    StreamOutput stream(writer(), "Props");
     MPPProps props;
+    StreamOutput stream(writer(), "Props", props);
     props.open();
     props.startNewElementForType(0x04400000, 2);
     props.write2ByteInteger(0);
     props.closeCurrentElement();
     writeFieldAliasesElement(props, project().customTaskFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
     props.close();
-    stream.finish(props);
+    stream.finish();
 }
 
 // Preprocessing.

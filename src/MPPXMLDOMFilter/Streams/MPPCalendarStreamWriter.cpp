@@ -56,17 +56,17 @@ void MPPCalendarStreamWriter::writeSteps() {
 // "Var2Data" and its index. The default resource's calendar has no elements.
 
 void MPPCalendarStreamWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data");
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
     writeCalendarVar2Data(standardCalendar(project()));
     for (const auto& calendar : project().baseCalendars) {
         writeCalendarVar2Data(*calendar);
-        stream.flush(*_var2Data);
+        stream.flush();
     }
     for (const auto& resource : project().resources) {
         writeCalendarVar2Data(calendarOf(*resource));
-        stream.flush(*_var2Data);
+        stream.flush();
     }
-    stream.finish(*_var2Data);
+    stream.finish();
 }
 
 void MPPCalendarStreamWriter::writeCalendarVar2Data(const MPPCalendar& calendar) {
@@ -83,15 +83,15 @@ void MPPCalendarStreamWriter::writeCalendarVar2Data(const MPPCalendar& calendar)
 }
 
 void MPPCalendarStreamWriter::writeVarMeta() {
-    StreamOutput stream(writer(), "VarMeta");
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
     writeCalendarVarMeta(varMeta, standardCalendar(project()));
     for (const auto& calendar : project().baseCalendars)
         writeCalendarVarMeta(varMeta, *calendar);
     for (const auto& resource : project().resources)
         writeCalendarVarMeta(varMeta, calendarOf(*resource));
-    stream.finish(varMeta);
+    stream.finish();
 }
 
 void MPPCalendarStreamWriter::writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const {
@@ -123,19 +123,19 @@ void writeResourceCalendarFixedData(MPPFixedData& fixedData, const MPPResource& 
 } // namespace
 
 void MPPCalendarStreamWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData");
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kCalendarHeaderRows);
     writeCalendarFixedData(*_fixedData, standardCalendar(project()).ID, kNone, kNone);
     writeResourceCalendarFixedData(*_fixedData, *project().defaultResource());
     for (const auto& calendar : project().baseCalendars) {
         writeCalendarFixedData(*_fixedData, calendar->ID, kNone, kNone);
-        stream.flush(*_fixedData);
+        stream.flush();
     }
     for (const auto& resource : project().resources) {
         writeResourceCalendarFixedData(*_fixedData, *resource);
-        stream.flush(*_fixedData);
+        stream.flush();
     }
-    stream.finish(*_fixedData);
+    stream.finish();
 }
 
 namespace {
@@ -156,24 +156,24 @@ void MPPCalendarStreamWriter::writeNamedCalendarFixedMeta(MPPFixedMeta& fixedMet
 }
 
 void MPPCalendarStreamWriter::writeFixedMeta() {
-    StreamOutput stream(writer(), "FixedMeta");
     MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
     writeNamedCalendarFixedMeta(fixedMeta, standardCalendar(project()), standardCalendar(project()).ID);
     writeCalendarFixedMeta(fixedMeta, 0, 7);
     for (const auto& calendar : project().baseCalendars) {
         writeNamedCalendarFixedMeta(fixedMeta, *calendar, calendar->ID - 1);
-        stream.flush(fixedMeta);
+        stream.flush();
     }
     for (const auto& resource : project().resources) {
         if (hasBlock(calendarOf(*resource)))
             writeCalendarFixedMeta(fixedMeta, startValueOfResourceBlock(), 263);
         else
             writeCalendarFixedMeta(fixedMeta, 0, 7);
-        stream.flush(fixedMeta);
+        stream.flush();
     }
-    stream.finish(fixedMeta);
+    stream.finish();
 }
 
 // "Fixed2Data" and its index.
@@ -193,7 +193,7 @@ void writeCalendarFixed2Data(MPPFixedData& fixed2Data, const Guid& first, const 
 } // namespace
 
 void MPPCalendarStreamWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data");
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kCalendarHeaderRows, kFixed2RowSize);
     writeCalendarFixed2Data(*_fixed2Data, standardCalendar(project()).GUID(), Guid(), Guid());
     const MPPCalendar& defaultCalendar = calendarOf(*project().defaultResource());
@@ -205,14 +205,14 @@ void MPPCalendarStreamWriter::writeFixed2Data() {
     for (const auto& resource : project().resources)
         writeCalendarFixed2Data(*_fixed2Data, resource->GUID(), resource->GUID(),
                                 baseCalendarGuid(calendarOf(*resource)));
-    stream.finish(*_fixed2Data);
+    stream.finish();
 }
 
 void MPPCalendarStreamWriter::writeFixed2Meta() {
     constexpr std::uint8_t kStandardRow = 23;
     constexpr std::uint8_t kOtherRow = 7;
-    StreamOutput stream(writer(), "Fixed2Meta");
     MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kCalendarHeaderRows, kFixed2MetaSize, 0, 0);
     const auto record = [&](std::uint8_t flags) {
@@ -223,7 +223,7 @@ void MPPCalendarStreamWriter::writeFixed2Meta() {
     record(kOtherRow);
     for (std::size_t i = 0; i < project().baseCalendars.size() + project().resources.size(); ++i)
         record(kOtherRow);
-    stream.finish(fixed2Meta);
+    stream.finish();
 }
 
 } // namespace brackwater

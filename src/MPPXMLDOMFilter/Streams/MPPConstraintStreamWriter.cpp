@@ -3,6 +3,7 @@
 #include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
 
 namespace brackwater {
 
@@ -32,12 +33,12 @@ void MPPConstraintStreamWriter::writeSteps() {
 }
 
 void MPPConstraintStreamWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData");
-    for (const auto& constraint : project().constraints) {
-        writeConstraintFixedData(*constraint);
-        stream.flush(*_fixedData);
-    }
-    stream.finish(*_fixedData);
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
+    forEachRecord(project().constraints, [&](const MPPConstraint& constraint) {
+        writeConstraintFixedData(constraint);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& constraint) {
@@ -58,46 +59,46 @@ void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& co
 }
 
 void MPPConstraintStreamWriter::writeFixedMeta() {
-    StreamOutput stream(writer(), "FixedMeta");
     MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     for (std::size_t i = 0; i < project().constraints.size(); ++i) {
         fixedMeta.writeNextElementStartWithInt(0);
         MetaRecordBuilder<kFixedMetaSize> record;
         record.at(8).word(249);
         record.end(fixedMeta);
-        stream.flush(fixedMeta);
+        stream.flush();
     }
-    stream.finish(fixedMeta);
+    stream.finish();
 }
 
 void MPPConstraintStreamWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data");
-    for (const auto& constraint : project().constraints) {
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+    forEachRecord(project().constraints, [&](const MPPConstraint& constraint) {
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
-        row.at(0).guid(constraint->GUID());
-        row.at(16).guid(guidOf(constraint->task1));
-        row.at(32).guid(guidOf(constraint->task2));
+        row.at(0).guid(constraint.GUID());
+        row.at(16).guid(guidOf(constraint.task1));
+        row.at(32).guid(guidOf(constraint.task2));
         row.end(*_fixed2Data);
         _fixed2Data->closeCurrentElement();
-        stream.flush(*_fixed2Data);
-    }
-    stream.finish(*_fixed2Data);
+        stream.flush();
+    });
+    stream.finish();
 }
 
 void MPPConstraintStreamWriter::writeFixed2Meta() {
-    StreamOutput stream(writer(), "Fixed2Meta");
     MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
     for (std::size_t i = 0; i < project().constraints.size(); ++i) {
         fixed2Meta.writeNextElementStartWithInt(0);
         MetaRecordBuilder<kFixed2MetaSize> record;
         record.at(8).byte(7);
         record.end(fixed2Meta);
-        stream.flush(fixed2Meta);
+        stream.flush();
     }
-    stream.finish(fixed2Meta);
+    stream.finish();
 }
 
 } // namespace brackwater

@@ -7,7 +7,7 @@
 namespace brackwater {
 
 void MPPSingleEntryWriter::writeSteps() {
-    const auto writeStream = [this](const char* name, MPPData& data) { StreamOutput(writer(), name).finish(data); };
+    const auto writeStream = [this](const char* name, MPPData& data) { StreamOutput(writer(), name, data).finish(); };
 
     const auto var2Data = std::make_shared<MPPVar2Data>();
     writeStream("Var2Data", *var2Data);

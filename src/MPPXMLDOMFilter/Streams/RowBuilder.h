@@ -10,6 +10,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 namespace brackwater {
@@ -36,13 +37,13 @@ public:
             failRowOffset(offset, _reached, Size);
         return *this;
     }
-    void byte(std::uint8_t value) { store<1>(value); }
-    void word(std::uint16_t value) { store<2>(value); }
-    void integer(std::uint32_t value) { store<4>(value); }
+    void byte(std::uint8_t value) { store(value); }
+    void word(std::uint16_t value) { store(value); }
+    void integer(std::uint32_t value) { store(value); }
     /// An ID or another number of the records, of which the format holds the low 32 or 16 bits.
-    void lowInteger(std::uint64_t value) { store<4>(value); }
-    void lowWord(std::uint64_t value) { store<2>(value); }
-    void real(double value) { store<8>(std::bit_cast<std::uint64_t>(value)); }
+    void lowInteger(std::uint64_t value) { store(static_cast<std::uint32_t>(value)); }
+    void lowWord(std::uint64_t value) { store(static_cast<std::uint16_t>(value)); }
+    void real(double value) { store(std::bit_cast<std::uint64_t>(value)); }
     /// Seconds in; tenths of a minute in the row.
     void duration(double seconds) { integer(std::bit_cast<std::uint32_t>(saturatingCut<std::int32_t>(seconds / 6.0))); }
     void date(EncodedDate date) { integer(date.bytes); }
@@ -66,11 +67,14 @@ private:
         _reached += count;
         return field;
     }
-    template <std::size_t Count>
-    void store(std::uint64_t value) {
-        std::uint8_t* field = reserve(Count);
-        for (std::size_t i = 0; i < Count; ++i)
-            field[i] = static_cast<std::uint8_t>(value >> (8 * i));
+    template <typename Unsigned>
+    void store(Unsigned value) {
+        std::uint8_t* field = reserve(sizeof value);
+        if constexpr (std::endian::native == std::endian::little)
+            std::memcpy(field, &value, sizeof value);
+        else
+            for (std::size_t i = 0; i < sizeof value; ++i)
+                field[i] = static_cast<std::uint8_t>(value >> (8 * i));
     }
 
     std::array<std::uint8_t, Size - Start> _bytes{};

@@ -9,25 +9,39 @@
 
 namespace brackwater {
 
+namespace {
+
+constexpr std::size_t kPieceSize = 64 * 1024;
+
+} // namespace
+
 void failWriteToStream(const std::string& streamName) {
     throw Exception(kWriteToStreamException, fmt::format("Attempt to write {} failed", streamName));
 }
 
-StreamOutput::StreamOutput(MPPFormatWriter& storage, std::string name)
-    : _name(std::move(name)), _stream(storage.createChildWithName(_name, false)) {
+StreamOutput::StreamOutput(MPPFormatWriter& storage, std::string name, MPPData& data)
+    : _name(std::move(name)), _data(data), _stream(storage.createChildWithName(_name, false)) {
     if (!_stream)
         failWriteToStream(_name);
 }
 
-void StreamOutput::flush(MPPData& data) {
-    if (!MPPWriter::flushData(data, *_stream))
-        _allWritten = false;
+StreamOutput::~StreamOutput() {
+    if (!_finished)
+        _stream->writeBytes(_data.data().first(_completeSize));
 }
 
-void StreamOutput::finish(MPPData& data) {
-    flush(data);
-    if (!_stream->close())
-        _allWritten = false;
+void StreamOutput::flush() {
+    _completeSize = _data.dataSize();
+    if (_completeSize < kPieceSize)
+        return;
+    _allWritten &= MPPWriter::flushData(_data, *_stream);
+    _completeSize = 0;
+}
+
+void StreamOutput::finish() {
+    _finished = true;
+    _allWritten &= MPPWriter::flushData(_data, *_stream);
+    _allWritten &= _stream->close();
     if (!_allWritten)
         failWriteToStream(_name);
 }

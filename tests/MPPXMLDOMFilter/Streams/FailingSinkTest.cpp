@@ -92,25 +92,34 @@ TYPED_TEST(FailingSink, NoProjectAndASecondCallAreRefused) {
     EXPECT_FALSE(writer->failureReason().empty());
 }
 
-class FailedFlush : public StreamsTest {};
+class StreamsCutShort : public StreamsTest {};
 
-TEST_F(FailedFlush, DoesNotStopTheStreamButIsRaisedAtItsEnd) {
+TEST_F(StreamsCutShort, AFailedWriteDoesNotStopTheStreamButIsRaisedAtItsEnd) {
+    constexpr std::size_t kLetters = 50000; // each task fills a piece of its own
     for (int i = 0; i < 4; ++i)
-        addTask("t");
+        addTask(std::string(kLetters, 't'));
     preprocess();
     ASSERT_TRUE(write<MPP12TaskWriter>());
     const Bytes whole = stream("Var2Data");
 
     output = std::make_shared<MemoryOutput>();
-    output->failingCall = 2; // the second task's flush, behind the creation and the first task's
+    output->failingCall = 2; // the second task's, behind the creation and the first task's
     EXPECT_FALSE(write<MPP12TaskWriter>());
     EXPECT_EQ(failureReason, "WriteToStreamException: Attempt to write Var2Data failed");
     EXPECT_EQ(output->created, std::vector<std::string>{"Var2Data"});
-    const std::size_t lost = 4 + 4; // size, one letter and its terminator
+    const auto lost = static_cast<std::ptrdiff_t>(4 + 2 * kLetters + 2);
     Bytes expected = whole;
-    const auto begin = expected.end() - static_cast<std::ptrdiff_t>(3 * lost);
-    expected.erase(begin, begin + static_cast<std::ptrdiff_t>(lost));
-    EXPECT_TRUE(sameBytes(stream("Var2Data"), expected)) << "all but the lost piece";
+    expected.erase(expected.end() - 3 * lost, expected.end() - 2 * lost);
+    EXPECT_EQ(stream("Var2Data"), expected) << "all but the lost piece";
+}
+
+TEST_F(StreamsCutShort, WhatWasCompleteReachesTheOutput) {
+    addTask("first");
+    addTask("second").baselines.assign(12, std::make_shared<MPPTaskBaseline>());
+    preprocess();
+    EXPECT_FALSE(write<MPP12TaskWriter>());
+    // The header, the project's two records and the first task's; the second task's ten baselines are not complete.
+    EXPECT_EQ(stream("VarMeta").size(), 24U + 3 * 12U);
 }
 
 } // namespace
