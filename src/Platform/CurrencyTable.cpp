@@ -68,7 +68,7 @@ CodeOfSymbol makeTable() {
             continue;
         }
         const auto* settled = std::find_if(kSettled.begin(), kSettled.end(),
-                                           [&symbol](const SymbolAndCode& pair) { return pair.symbol == symbol; });
+                                           [&text = symbol](const SymbolAndCode& pair) { return pair.symbol == text; });
         if (settled != kSettled.end())
             table.emplace(symbol, settled->code);
     }

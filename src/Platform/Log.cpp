@@ -100,7 +100,8 @@ class Prefix {
 public:
     std::string_view now() {
         timespec time{};
-        clock_gettime(CLOCK_REALTIME, &time);
+        // The coarse clock is a few milliseconds behind at most and costs a tenth: half of what a line costs otherwise.
+        clock_gettime(CLOCK_REALTIME_COARSE, &time);
         if (time.tv_sec != _second || _size == 0)
             format(time.tv_sec);
         const auto milliseconds = static_cast<int>(time.tv_nsec / 1'000'000);

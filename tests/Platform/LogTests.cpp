@@ -2,6 +2,7 @@
 #include "support/LogCapture.h"
 #include "support/TempFolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +11,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
-#include <regex>
 #include <stdexcept>
 #include <string>
 #include <sys/wait.h>
@@ -52,11 +52,12 @@ TEST(Log, LineBeginsWithLocalTimeAndProcess) {
         logLine("plain {} text");
         logLine("{} and {}", "formatted", 42);
     });
-    const std::string prefix =
-        R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} Brackwater\[)" + std::to_string(outcome.process) + R"(\] )";
-    EXPECT_TRUE(std::regex_match(outcome.standardError,
-                                 std::regex(prefix + "plain \\{\\} text\n" + prefix + "formatted and 42\n")))
-        << outcome.standardError;
+    const std::string digits4 = "[0-9][0-9][0-9][0-9]";
+    const std::string digits2 = "[0-9][0-9]";
+    const std::string prefix = digits4 + "-" + digits2 + "-" + digits2 + " " + digits2 + ":" + digits2 + ":" + digits2 +
+                               "[.][0-9]" + digits2 + " Brackwater\\[" + std::to_string(outcome.process) + "\\] ";
+    EXPECT_THAT(outcome.standardError,
+                testing::MatchesRegex(prefix + "plain \\{\\} text\n" + prefix + "formatted and 42\n"));
 }
 
 TEST(Log, AllLinesArriveInOrderAtExit) {

@@ -31,8 +31,8 @@ TEST(PathText, LastComponentLeavesTrailingSlashesOut) {
 }
 
 TEST(PathText, DeletingTheExtensionKeepsTheRest) {
-    EXPECT_EQ(stringByDeletingPathExtension("/tmp/scratch.tiff"), "/tmp/scratch");
-    EXPECT_EQ(stringByDeletingPathExtension("/tmp/"), "/tmp");
+    EXPECT_EQ(stringByDeletingPathExtension("/var/scratch.tiff"), "/var/scratch");
+    EXPECT_EQ(stringByDeletingPathExtension("/var/"), "/var");
     EXPECT_EQ(stringByDeletingPathExtension("scratch.bundle/"), "scratch");
     EXPECT_EQ(stringByDeletingPathExtension("scratch..tiff"), "scratch.");
     EXPECT_EQ(stringByDeletingPathExtension(".tiff"), ".tiff");
@@ -41,9 +41,9 @@ TEST(PathText, DeletingTheExtensionKeepsTheRest) {
 }
 
 TEST(PathText, DeletingTheLastComponentStopsAtTheRoot) {
-    EXPECT_EQ(stringByDeletingLastPathComponent("/tmp/scratch.tiff"), "/tmp");
-    EXPECT_EQ(stringByDeletingLastPathComponent("/tmp/lock/"), "/tmp");
-    EXPECT_EQ(stringByDeletingLastPathComponent("/tmp/"), "/");
+    EXPECT_EQ(stringByDeletingLastPathComponent("/var/scratch.tiff"), "/var");
+    EXPECT_EQ(stringByDeletingLastPathComponent("/var/lock/"), "/var");
+    EXPECT_EQ(stringByDeletingLastPathComponent("/var/"), "/");
     EXPECT_EQ(stringByDeletingLastPathComponent("/"), "/");
     EXPECT_EQ(stringByDeletingLastPathComponent("a//b"), "a");
     EXPECT_EQ(stringByDeletingLastPathComponent("a"), "");
@@ -51,13 +51,13 @@ TEST(PathText, DeletingTheLastComponentStopsAtTheRoot) {
 }
 
 TEST(PathText, AppendingJoinsWithOneSlash) {
-    EXPECT_EQ(stringByAppendingPathComponent("/tmp", "a.mpp"), "/tmp/a.mpp");
-    EXPECT_EQ(stringByAppendingPathComponent("/tmp//", "/a.mpp/"), "/tmp/a.mpp");
+    EXPECT_EQ(stringByAppendingPathComponent("/var", "a.mpp"), "/var/a.mpp");
+    EXPECT_EQ(stringByAppendingPathComponent("/var//", "/a.mpp/"), "/var/a.mpp");
     EXPECT_EQ(stringByAppendingPathComponent("/", "a"), "/a");
     EXPECT_EQ(stringByAppendingPathComponent("", "a"), "a");
-    EXPECT_EQ(stringByAppendingPathComponent("/tmp", ""), "/tmp");
-    EXPECT_EQ(stringByAppendingPathExtension("/tmp/Plan", "mpp"), "/tmp/Plan.mpp");
-    EXPECT_EQ(stringByAppendingPathExtension("/tmp/Plan.zelb/", "mpp"), "/tmp/Plan.zelb.mpp");
+    EXPECT_EQ(stringByAppendingPathComponent("/var", ""), "/var");
+    EXPECT_EQ(stringByAppendingPathExtension("/var/Plan", "mpp"), "/var/Plan.mpp");
+    EXPECT_EQ(stringByAppendingPathExtension("/var/Plan.zelb/", "mpp"), "/var/Plan.zelb.mpp");
     EXPECT_EQ(stringByAppendingPathExtension("Plan.", "mpp"), "Plan..mpp");
     EXPECT_EQ(stringByAppendingPathExtension("/", "mpp"), "/");
 }
