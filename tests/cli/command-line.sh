@@ -55,7 +55,9 @@ run --template-path "$template" --input-list "$folder/list.txt" "$folder/list"
 [ "$(grep -c '### Exporter SUCCEEDED' "$folder/log")" = 2 ] || fail "two lines of the list should succeed"
 [ "$(grep -c '### Exporter FAILED' "$folder/log")" = 1 ] || fail "one line of the list should fail"
 expect 'EXCEPTION: MSPEXMLException'
-[ -s "$folder/list/House.mpp" ] && [ -s "$folder/list/House-1.mpp" ] || fail "the list's outputs are missing"
+for output in House.mpp House-1.mpp; do
+    [ -s "$folder/list/$output" ] || fail "the list's output is missing: $output"
+done
 
 # Preferences.
 mkdir -p "$XDG_CONFIG_HOME"
