@@ -1,5 +1,7 @@
 #include "CompoundFile.h"
 
+#include "DirectorySize.h"
+
 #include <fmt/format.h>
 #include <gsf/gsf-infile-msole.h>
 #include <gsf/gsf-input-memory.h>
@@ -13,7 +15,8 @@ namespace brackwater::inspect {
 namespace {
 
 constexpr int kDeepest = 32; ///< storages within one another; real files have three
-constexpr std::size_t kMostEntries = 100'000;
+constexpr std::size_t kMostEntries = 10'000;
+constexpr std::uint64_t kLargestDirectory = kMostEntries * 128;
 
 struct Unreference {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -48,6 +51,15 @@ std::string joined(std::initializer_list<std::string_view> path) {
     return text;
 }
 
+WordReader wordsOf(const Input& input) {
+    return [file = input.get()](std::uint64_t offset) -> std::optional<std::uint32_t> {
+        if (gsf_input_seek(file, static_cast<gsf_off_t>(offset), G_SEEK_SET) != 0)
+            return std::nullopt;
+        const guint8* bytes = gsf_input_read(file, 4, nullptr);
+        return bytes == nullptr ? std::nullopt : ByteView(std::span(bytes, 4)).u32(0);
+    };
+}
+
 [[noreturn]] void fail(const std::string& what, GError* error) {
     std::string reason = what;
     if (error != nullptr) {
@@ -80,6 +92,9 @@ struct CompoundFile::Node {
     void takeRoot(const Input& input, const std::string& name) {
         GError* error = nullptr;
         fileSize = gsf_input_size(input.get());
+        if (!directorySize(wordsOf(input), kLargestDirectory))
+            fail(fmt::format("'{}' is not a compound file, or its directory is beyond all bounds", name), nullptr);
+        gsf_input_seek(input.get(), 0, G_SEEK_SET);
         root.reset(GSF_INPUT(gsf_infile_msole_new(input.get(), &error)));
         if (!root)
             fail(fmt::format("'{}' is not a compound file", name), error);

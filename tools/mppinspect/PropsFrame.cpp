@@ -21,8 +21,9 @@ PropsFrame::PropsFrame(ByteView stream, std::string_view where, Complaints& comp
         complaints.add(where, "shorter than the header of a property stream");
         return;
     }
-    if (*stream.u32(0) != stream.size() - 4)
-        complaints.add(where, "the size in the header is not the stream's");
+    // A size below the stream's is no fault: real files leave out a property or have bytes behind the last one.
+    if (*stream.u32(0) > stream.size() - 4)
+        complaints.add(where, "the size in the header is greater than the stream's");
     _magic = *stream.u32(8);
     // The upper half of the count is rubbish in some real files.
     const std::size_t count = *stream.u16(12);

@@ -101,7 +101,7 @@ public:
                 _name, "the records do not fill the stream",
                 fmt::format("{} records of {} bytes in {}", counted, recordSize, _meta.size() - kFixedMetaHeader));
         _count = std::min(counted, present);
-        findEnds();
+        findEnds(complaints);
     }
 
     [[nodiscard]] std::size_t count() const noexcept { return _count; }
@@ -124,11 +124,14 @@ public:
     }
 
 private:
-    void findEnds() {
+    void findEnds(Complaints& complaints) {
         _offsets.reserve(_count);
         for (std::size_t i = 0; i < _count; ++i)
             _offsets.push_back(*record(i).u32(4));
         std::ranges::sort(_offsets);
+        for (std::size_t i = 1; i < _offsets.size(); ++i)
+            if (_offsets[i] == _offsets[i - 1])
+                complaints.add(_name, "two records name the same row", fmt::format("at {}", _offsets[i]));
     }
 
     ByteView _meta, _data;

@@ -194,6 +194,9 @@ void decodeTasks(const DecodeContext& context) {
     checkMap(table, kNames, kFlagBits, complaints);
     std::vector<Task>& tasks = context.out.tasks;
     for (const RawRow& raw : table.rows) {
+        if (raw.number < kHeaderRows && !isHeaderRow(raw))
+            complaints.add(kTasks.storage, "a row among the first three, which readers skip as header rows",
+                           rowName(raw));
         if (raw.number < kHeaderRows || isDeleted(raw) || raw.first.empty())
             continue;
         if (raw.first.size() == kBlankRowSize) {

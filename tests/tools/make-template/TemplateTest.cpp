@@ -1,0 +1,245 @@
+#include "make-template/CompoundFileOutput.h"
+#include "make-template/FieldMap.h"
+#include "make-template/TemplateTree.h"
+#include "mppinspect/Decoders.h"
+#include "support/TempFolder.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace brackwater::layout {
+namespace {
+
+using inspect::FieldPlace;
+
+std::string writtenTemplate(const test::TempFolder& folder, VersionFolder version, std::string_view name = "T.mpp") {
+    writeCompoundFile(folder.path(name), templateTree(version));
+    return folder.path(name);
+}
+
+class Template : public testing::TestWithParam<VersionFolder> {
+protected:
+    test::TempFolder _folder;
+    std::string _path = writtenTemplate(_folder, GetParam());
+    inspect::CompoundFile _file = inspect::CompoundFile::open(_path);
+    std::string _version = fmt::format("   {}", static_cast<int>(GetParam()));
+
+    Bytes stream(std::initializer_list<std::string_view> path) {
+        inspect::Complaints complaints;
+        return _file.read(path, complaints).value();
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(BothFolders, Template,
+                         testing::Values(VersionFolder::Project2007, VersionFolder::Project2010));
+
+TEST_P(Template, IsReadWithoutAComplaint) {
+    const inspect::ProjectFile project = decode(_file);
+    EXPECT_EQ(project.complaints.lines(), std::vector<std::string>{});
+    EXPECT_EQ(project.folder, _version);
+    ASSERT_EQ(project.tasks.size(), 1U);
+    EXPECT_EQ(project.tasks[0].uniqueId, 0U);
+    EXPECT_EQ(inspect::textOf(project.tasks[0].start), "2007-01-01 08:00");
+    EXPECT_EQ(project.tasks[0].placeInSheet, 1.0);
+    ASSERT_EQ(project.resources.size(), 1U);
+    EXPECT_EQ(project.resources[0].kind, inspect::ResourceKind::Work);
+    EXPECT_EQ(project.resources[0].calendarId, 2U);
+    ASSERT_EQ(project.calendars.size(), 2U);
+    EXPECT_EQ(project.calendars[0].name, "Standard");
+    EXPECT_EQ(project.calendars[1].baseId, 1U);
+}
+
+TEST_P(Template, ComesOutTheSameFromEveryRun) {
+    writtenTemplate(_folder, GetParam(), "Again.mpp");
+    EXPECT_EQ(_folder.read("T.mpp"), _folder.read("Again.mpp"));
+}
+
+TEST_P(Template, NamesItsFormatWhereTheExporterLooks) {
+    const Bytes bytes = stream({"\x01"
+                                "CompObj"});
+    const inspect::ByteView compObj(bytes);
+    EXPECT_EQ(compObj.part(32).text8(1252), "Microsoft Project 12.0");
+    const std::uint32_t length = *compObj.u32(28);
+    EXPECT_EQ(compObj.part(36 + length).text8(1252), "MSProject.MPP12");
+}
+
+TEST_P(Template, HoldsWhatAnExportCopiesFromIt) {
+    for (const char* storage : {"TBkndTask", "TBkndRsc", "TBkndAssn", "TBkndCal", "TBkndCons"})
+        EXPECT_TRUE(_file.has({_version, storage, "Props"})) << storage;
+    EXPECT_TRUE(_file.has({_version, "TBkndCons", "VarMeta"}));
+    EXPECT_FALSE(_file.has({_version, "TBkndCons", "Var2Data"}));
+    for (const char* collection : {"CV_iew", "CTable", "CEdl"})
+        for (const char* name : {"Var2Data", "VarMeta", "FixedData", "FixedMeta"})
+            EXPECT_TRUE(_file.has({"   212", collection, name})) << collection << '/' << name;
+}
+
+TEST_P(Template, HasAPlaceForEveryPropertyOfAProject) {
+    inspect::Complaints complaints;
+    const Bytes bytes = stream({_version, "Props"});
+    const inspect::PropsFrame props(bytes, "Props", complaints);
+    for (const std::uint32_t type :
+         {0x02400002U, 0x02400003U, 0x02400004U, 0x02400008U, 0x0240000CU, 0x0240000EU, 0x02400010U,
+          0x02400011U, 0x02400012U, 0x02400015U, 0x02400016U, 0x0240001DU, 0x0240001EU, 0x02400025U,
+          0x0240003AU, 0x0240138FU, 0x02401395U, 0x02401396U, 0x0240139FU, 0x024013BBU, 0x024013C2U})
+        EXPECT_NE(props.find(type), nullptr) << std::hex << type;
+    EXPECT_EQ(props.payload(0x02401388).size(), 420U);
+    // A property of fixed size repeats it in its head: so the new value's size will stand there too.
+    EXPECT_EQ(props.find(0x0240001D)->thirdWord, 4U);
+    EXPECT_EQ(props.find(0x02400008)->thirdWord, 0U);
+    EXPECT_TRUE(complaints.empty());
+}
+
+TEST_P(Template, KeepsTheBookkeepingOfItsRowsInStep) {
+    inspect::Complaints complaints;
+    const Bytes bytes = stream({_version, "Props"});
+    const inspect::PropsFrame props(bytes, "Props", complaints);
+    const std::array kinds{"TBkndTask", "TBkndRsc", "TBkndCal", "TBkndAssn", "TBkndCons"};
+    for (std::uint32_t n = 1; n <= kinds.size(); ++n) {
+        const char* storage = kinds.at(n - 1);
+        const Bytes fixedMeta = stream({_version, storage, "FixedMeta"}),
+                    varMeta = stream({_version, storage, "VarMeta"});
+        EXPECT_EQ(props.payload(0x01000000 | n).u32(0), inspect::ByteView(fixedMeta).u32(8)) << storage;
+        EXPECT_EQ(props.payload(0x00010000 | n).u32(0), inspect::ByteView(varMeta).u32(20)) << storage;
+    }
+}
+
+inspect::FieldMap mapOf(const FieldTable& table) {
+    inspect::Complaints complaints;
+    inspect::FieldMap map(fieldMap(table), "map", complaints);
+    EXPECT_TRUE(complaints.empty()) << complaints.lines().front();
+    return map;
+}
+
+struct Expected {
+    std::uint16_t id;
+    FieldPlace::Where where;
+    std::uint16_t offset;
+};
+
+void expectPlaces(const FieldTable& table, std::initializer_list<Expected> expected) {
+    const inspect::FieldMap map = mapOf(table);
+    for (const Expected& field : expected) {
+        const FieldPlace* place = map.find(field.id);
+        ASSERT_NE(place, nullptr) << field.id;
+        EXPECT_EQ(place->where, field.where) << field.id;
+        const bool isFixed =
+            field.where == FieldPlace::Where::FirstBlock || field.where == FieldPlace::Where::SecondBlock;
+        EXPECT_EQ(isFixed ? place->offset : 0, field.offset) << field.id;
+    }
+}
+
+using enum FieldPlace::Where;
+
+TEST(FieldMaps, PlaceTheFieldsOfATaskWhereRowsHoldThem) {
+    expectPlaces(taskFields(), {{86, FirstBlock, 0},
+                                {160, FirstBlock, 36},
+                                {29, FirstBlock, 60},
+                                {35, FirstBlock, 88},
+                                {101, FirstBlock, 116},
+                                {25, FirstBlock, 120},
+                                {0, FirstBlock, 168},
+                                {6, FirstBlock, 232},
+                                {1143, SecondBlock, 0},
+                                {1145, SecondBlock, 16},
+                                {1151, SecondBlock, 24},
+                                {14, Var2Data, 0},
+                                {15, Var2Data, 0},
+                                {336, Var2Data, 0},
+                                {594, Var2Data, 0},
+                                {24, Flag, 0},
+                                {132, Flag, 0}});
+    const inspect::FieldMap map = mapOf(taskFields());
+    EXPECT_LE(map.firstSize(), 264U);
+    EXPECT_EQ(map.secondSize(), 54U);
+}
+
+TEST(FieldMaps, PlaceTheFieldsOfAResourceWhereRowsHoldThem) {
+    expectPlaces(resourceFields(), {{27, FirstBlock, 0},
+                                    {6, FirstBlock, 28},
+                                    {4, FirstBlock, 44},
+                                    {18, FirstBlock, 84},
+                                    {49, FirstBlock, 180},
+                                    {728, SecondBlock, 0},
+                                    {730, SecondBlock, 16},
+                                    {729, SecondBlock, 24},
+                                    {1, Var2Data, 0},
+                                    {433, Var2Data, 0},
+                                    {298, Flag, 0}});
+    EXPECT_EQ(mapOf(resourceFields()).firstSize(), 188U);
+    EXPECT_EQ(mapOf(resourceFields()).secondSize(), 40U);
+}
+
+TEST(FieldMaps, PlaceTheFieldsOfAnAssignmentWhereRowsHoldThem) {
+    expectPlaces(assignmentFields(), {{0, FirstBlock, 0},
+                                      {1, FirstBlock, 4},
+                                      {2, FirstBlock, 8},
+                                      {264, FirstBlock, 44},
+                                      {7, FirstBlock, 54},
+                                      {12, FirstBlock, 86},
+                                      {29, FirstBlock, 118},
+                                      {636, SecondBlock, 0},
+                                      {638, SecondBlock, 32},
+                                      {49, Var2Data, 0},
+                                      {71, Var2Data, 0},
+                                      {634, Var2Data, 0},
+                                      {377, Var2Data, 0}});
+    EXPECT_EQ(mapOf(assignmentFields()).firstSize(), 142U);
+    EXPECT_EQ(mapOf(assignmentFields()).secondSize(), 48U);
+}
+
+// Bits of the records that every reader takes at fixed places: the row of a field in its map is its bit.
+TEST(FieldMaps, AgreeWithTheBitsOfMetaRecords) {
+    const inspect::FieldMap tasks = mapOf(taskFields());
+    EXPECT_EQ(tasks.find(24)->row, 5U);
+    EXPECT_EQ(tasks.find(132)->row, 3 * 8U + 4);
+    EXPECT_EQ(tasks.find(51)->row, (22 - 8) * 8U + 6);
+    EXPECT_EQ(tasks.find(15)->row, (44 - 8) * 8U);
+    EXPECT_EQ(tasks.firstRows(), 307U);
+    EXPECT_EQ(tasks.find(482)->row - tasks.firstRows(), 8U);
+    const inspect::FieldMap resources = mapOf(resourceFields());
+    EXPECT_EQ(resources.find(298)->row, 9U);
+    EXPECT_EQ(resources.find(3)->row, (13 - 8) * 8U + 6);
+    EXPECT_EQ(resources.find(20)->row, (33 - 8) * 8U + 6);
+    EXPECT_EQ(resources.find(735)->row - resources.firstRows(), 4U);
+    EXPECT_EQ(mapOf(assignmentFields()).find(71)->row, (14 - 8) * 8U + 4);
+}
+
+TEST(FieldMaps, OfEarlierVersionsEndBeforeTheSecondBlock) {
+    const Bytes old = oldFieldMap(taskFields()), whole = fieldMap(taskFields());
+    EXPECT_EQ(old.size(), 307U * 28);
+    EXPECT_TRUE(std::equal(old.begin(), old.end(), whole.begin()));
+}
+
+TEST(FieldTables, OfTheTemplateAreSound) {
+    for (const FieldTable* table :
+         {&taskFields(), &resourceFields(), &assignmentFields(), &calendarFields(), &linkFields()})
+        EXPECT_NO_THROW(verify(*table));
+}
+
+TEST(FieldTables, ThatContradictThemselvesAreRefused) {
+    const auto refused = [](const std::function<void(FieldTable&)>& spoil) {
+        FieldTable table = linkFields();
+        spoil(table);
+        EXPECT_THROW(verify(table), std::logic_error);
+    };
+    refused([](FieldTable& table) { table.fields[2].position = 6; });              // overlaps the one before
+    refused([](FieldTable& table) { table.firstSize = 18; });                      // the last field is outside
+    refused([](FieldTable& table) { table.fields[2].row = table.fields[1].row; }); // two in one row of the map
+    refused([](FieldTable& table) { table.fields[2].id = table.fields[1].id; });
+    refused([](FieldTable& table) { table.firstMetaSize = 8; }); // no bit for the field
+}
+
+TEST(TemplateOutput, ThatCannotBeCreatedIsAFailureWithThePath) {
+    const test::TempFolder folder;
+    try {
+        writtenTemplate(folder, VersionFolder::Project2007, "missing/T.mpp");
+        FAIL() << "written";
+    } catch (const std::runtime_error& failure) {
+        EXPECT_NE(std::string(failure.what()).find("missing/T.mpp"), std::string::npos);
+    }
+}
+
+} // namespace
+} // namespace brackwater::layout
