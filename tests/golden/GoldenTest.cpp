@@ -1,6 +1,7 @@
 // The whole road: a bundle in, the decoded file and the log out, compared with readable texts under expected/. Each
 // bundle shows one subject. After a wanted change BRACKWATER_UPDATE_GOLDEN=1 writes the texts anew.
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
+#include "TWMSPCommon/MSPCDateTimeConverter.h"
 #include "mppinspect/CompoundFile.h"
 #include "mppinspect/ProjectFile.h"
 #include "mppinspect/TextReport.h"
@@ -53,12 +54,30 @@ std::string masked(std::string text, const std::string& scratch) {
     return text;
 }
 
+// Properties of the template that an export leaves alone, and maps of its rows, say nothing of the bundle.
+std::string withoutForeignProperties(const std::string& report) {
+    static const std::regex kForeign("0x[0-9a-fA-F]{8} +([0-9]+ bytes .*|field map of .*)");
+    std::istringstream lines(report);
+    std::string kept;
+    for (std::string line; std::getline(lines, line);)
+        if (!std::regex_match(line, kForeign))
+            kept += line + "\n";
+    return kept;
+}
+
+// Links are numbered through all exports of a process.
+void numberLinksFromOne(inspect::ProjectFile& project) {
+    const std::uint32_t first = project.links.empty() ? 1 : project.links.front().id;
+    for (auto& link : project.links)
+        link.id -= first - 1;
+}
+
 Exported exportOf(const std::string& bundle, const std::string& layout) {
     const ScopedTimeZone zone(bundle == "two-zones" ? "Europe/Berlin" : "UTC");
     const TempFolder scratch;
     const std::string output = scratch.path("Out.mpp");
     LogCapture log;
-    MSPEMPPExporter exporter({{std::string(kInfoMSPDIProjectName), bundle}});
+    MSPEMPPExporter exporter(MSPEExportInfo{{std::string(kInfoMSPDIProjectName), bundle}});
     const bool succeeded = exporter.exportZelbBundle(
         FileURL::fileURLWithPath(kFolder + "/bundles/" + bundle + ".zelb", true),
         FileURL::fileURLWithPath(output, false), FileURL::fileURLWithPath(templateOfLayout(layout), true));
@@ -67,12 +86,13 @@ Exported exportOf(const std::string& bundle, const std::string& layout) {
         return {};
 
     using inspect::Section;
-    const inspect::ProjectFile project = inspect::decode(inspect::CompoundFile::open(output));
+    inspect::ProjectFile project = inspect::decode(inspect::CompoundFile::open(output));
+    numberLinksFromOne(project);
     std::string text;
     for (const Section section : {Section::Summary, Section::Properties, Section::Tasks, Section::Resources,
                                   Section::Assignments, Section::Links, Section::Calendars, Section::Complaints})
         text += (text.empty() ? "" : "\n") + inspect::report(project, section);
-    return {masked(text, scratch.path()), masked(log.joined(), scratch.path())};
+    return {masked(withoutForeignProperties(text), scratch.path()), masked(log.joined(), scratch.path())};
 }
 
 void compareWithGolden(const std::string& name, const std::string& text) {
@@ -89,7 +109,14 @@ void compareWithGolden(const std::string& name, const std::string& text) {
     EXPECT_EQ(text, expected.str()) << "differs from " << path;
 }
 
-class Golden : public testing::TestWithParam<std::string> {};
+class Golden : public testing::TestWithParam<std::string> {
+protected:
+    // The line about the system zone comes once a process: here it comes before any log that is compared.
+    static void SetUpTestSuite() {
+        const LogCapture log;
+        MSPCDateTimeConverter::initialize();
+    }
+};
 
 TEST_P(Golden, FileInThe2007LayoutIsAsExpected) {
     const Exported exported = exportOf(GetParam(), "112");
@@ -108,7 +135,6 @@ std::string testName(const testing::TestParamInfo<std::string>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Bundles, Golden, testing::ValuesIn(bundleNames()), testName);
 
-// The link counter goes on counting over exports of one process; a log shows it nowhere, so every bundle's log stands.
 TEST_P(Golden, LogIsAsExpected) { compareWithGolden(GetParam() + ".log", exportOf(GetParam(), "112").log); }
 
 } // namespace
