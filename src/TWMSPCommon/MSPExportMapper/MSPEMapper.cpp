@@ -75,9 +75,11 @@ MSPEMapper::MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<
                        std::vector<std::shared_ptr<XMLDocument>> baselines, std::optional<FileURL> templateUrl)
     : _zelbXmlDoc(std::move(zelbXmlDoc)), _zelbTOCXmlDoc(std::move(zelbTOCXmlDoc)),
       _zelbBaselines(std::make_move_iterator(baselines.begin()), std::make_move_iterator(baselines.end())),
-      _mppVersion(formatOfTemplate(templateUrl)), _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {
-    counters = Counters{};
+      _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {
+    // Comes first: it logs the zone where the process makes its first coordinator.
     MSPCDateTimeConverter::initialize();
+    counters = Counters{};
+    _mppVersion = formatOfTemplate(templateUrl);
 }
 
 MSPEMapper::~MSPEMapper() = default;

@@ -74,7 +74,7 @@ private:
     std::shared_ptr<XMLDocument> _zelbXmlDoc;
     std::shared_ptr<XMLDocument> _zelbTOCXmlDoc;
     std::vector<MSPEBaseline> _zelbBaselines;
-    int _mppVersion;
+    int _mppVersion = 0;
     std::string _notMappedReason;
     std::shared_ptr<MSPEXMLDocumentAdapter> _mspdiXmlDoc;
     std::shared_ptr<MSPEXMLProjectAdapter> _mspdiProject;

@@ -37,7 +37,7 @@ constexpr MSPEChildNames kChildNames(std::array<std::string_view, 9>{"name", "ty
                                                                      "note", "user-data", "cost-per-use",
                                                                      "cost-per-hour", "email-address"});
 
-using Children = MSPEChildElements<Child, 9>;
+using Children = MSPEChildElements<Child, kChildNames.size()>;
 
 constexpr std::string_view kMaterial = "0";
 constexpr std::string_view kWork = "1";

@@ -58,7 +58,7 @@ constexpr MSPEChildNames kChildNames(std::array<std::string_view, 21>{"leveled-s
                                                                       "prerequisite-task",
                                                                       "child-task"});
 
-using Children = MSPEChildElements<Child, 21>;
+using Children = MSPEChildElements<Child, kChildNames.size()>;
 
 using Info = MSPEScheduledTaskInfo;
 

@@ -15,7 +15,7 @@ enum class Child : std::size_t { StartDate, EndDate, Duration, Effort, StaticCos
 constexpr MSPEChildNames kChildNames(std::array<std::string_view, 5>{"start-date", "end-date", "duration", "effort",
                                                                      "static-cost"});
 
-using Children = MSPEChildElements<Child, 5>;
+using Children = MSPEChildElements<Child, kChildNames.size()>;
 
 std::optional<std::string> mspdiDate(std::optional<std::string_view> text) {
     return text ? MSPIUtilities::zelbToMspdiDateTime(*text) : std::nullopt;

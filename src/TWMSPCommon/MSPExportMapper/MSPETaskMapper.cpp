@@ -33,7 +33,7 @@ enum class Child : std::size_t { Title, Recalculate, StaticCost, Splittable, Not
 constexpr MSPEChildNames kChildNames(std::array<std::string_view, 6>{"title", "recalculate", "static-cost",
                                                                      "splittable", "note", "user-data"});
 
-using Children = MSPEChildElements<Child, 6>;
+using Children = MSPEChildElements<Child, kChildNames.size()>;
 
 constexpr std::string_view kYes = "1";
 constexpr std::string_view kNo = "0";

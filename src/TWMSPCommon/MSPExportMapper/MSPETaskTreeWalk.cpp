@@ -18,7 +18,7 @@ enum class Child : std::size_t { Type, Split, Assignment, ChildTask };
 
 constexpr MSPEChildNames kChildNames(std::array<std::string_view, 4>{"type", "split", "assignment", "child-task"});
 
-using Children = MSPEChildElements<Child, 4>;
+using Children = MSPEChildElements<Child, kChildNames.size()>;
 
 constexpr std::string_view kChildReference = "child-task";
 
