@@ -161,10 +161,10 @@ void decodeAssignments(const DecodeContext& context) {
         // Readers take only records whose first byte is 0.
         if ((raw.marks & 0xFF) != 0 || raw.first.empty() || !fitsMap(table, raw, complaints))
             continue;
-        const auto id = RowReader(table, raw, 0).u32(kUniqueId);
+        const auto id = RowReader(table, raw).u32(kUniqueId);
         if (!id)
             continue;
-        if (!table.var.hasAny(*id))
+        if (table.var.elementsOf(*id).empty())
             complaints.add(kAssignments.storage, "an assignment without elements in Var2Data: readers drop it",
                            rowName(raw));
         assignments.push_back(readAssignment(table, raw, *id));

@@ -162,9 +162,10 @@ Calendar readCalendar(const RawRow& raw, const VarData& var, Complaints& complai
     constexpr std::uint32_t noResource = 0xFFFFFFFF;
     if (calendar.resourceId == noResource)
         calendar.resourceId.reset();
-    calendar.name = var.find(calendar.id, kNameElement).text16();
+    const VarData::Owned elements = var.elementsOf(calendar.id);
+    calendar.name = VarData::find(elements, kNameElement).text16();
     calendar.guid = raw.second.guid(0);
-    const ByteView hours = var.find(calendar.id, kHoursElement);
+    const ByteView hours = VarData::find(elements, kHoursElement);
     calendar.hasOwnHours = !hours.empty();
     if (calendar.hasOwnHours)
         HoursReader(hours, fmt::format("calendar {}", calendar.id), complaints).readInto(calendar);

@@ -147,11 +147,11 @@ void decodeResources(const DecodeContext& context) {
     for (const RawRow& raw : table.rows) {
         if (isHeaderRow(raw) || isDeleted(raw) || raw.first.empty() || !fitsMap(table, raw, complaints))
             continue;
-        const auto uniqueId = RowReader(table, raw, 0).u32(kUniqueId);
+        const auto uniqueId = RowReader(table, raw).u32(kUniqueId);
         if (!uniqueId)
             continue;
         // The default row, which has no elements in real files, stands for work without a resource.
-        if (*uniqueId != 0 && !table.var.hasAny(*uniqueId))
+        if (*uniqueId != 0 && table.var.elementsOf(*uniqueId).empty())
             complaints.add(kResources.storage, "a resource without elements in Var2Data: readers drop it",
                            rowName(raw));
         resources.push_back(readResource(table, raw, *uniqueId));

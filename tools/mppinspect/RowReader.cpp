@@ -14,7 +14,7 @@ ByteView RowReader::bytes(std::uint16_t field) const {
     case FieldPlace::Where::SecondBlock:
         return _row.second.part(place->offset);
     case FieldPlace::Where::Var2Data:
-        return _table.var.find(_owner, field);
+        return VarData::find(_elements, field);
     case FieldPlace::Where::Flag:
         break;
     }

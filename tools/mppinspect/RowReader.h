@@ -20,8 +20,11 @@ struct RowTable {
 /// whose bytes the row does not have, is absent.
 class RowReader {
 public:
+    /// Fields in Var2Data are those of the given owner.
     RowReader(const RowTable& table, const RawRow& row, std::uint32_t owner)
-        : _table(table), _row(row), _owner(owner) {}
+        : _table(table), _row(row), _elements(table.var.elementsOf(owner)) {}
+    /// The fixed fields alone, before the row's own id is known.
+    RowReader(const RowTable& table, const RawRow& row) : _table(table), _row(row) {}
 
     [[nodiscard]] std::optional<std::uint16_t> u16(std::uint16_t field) const { return bytes(field).u16(0); }
     [[nodiscard]] std::optional<std::uint32_t> u32(std::uint16_t field) const { return bytes(field).u32(0); }
@@ -38,7 +41,7 @@ public:
 private:
     const RowTable& _table;
     const RawRow& _row;
-    std::uint32_t _owner;
+    VarData::Owned _elements;
 };
 
 /// What distinguishes a kind of row.

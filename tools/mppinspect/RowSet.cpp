@@ -61,15 +61,16 @@ VarData::VarData(const RowStreams& streams, const std::string& where, Complaints
                            fmt::format("type {} of {}", _elements[i].key & 0xFFFF, _elements[i].key >> 16));
 }
 
-ByteView VarData::find(std::uint32_t owner, std::uint16_t type) const {
-    const std::uint64_t key = static_cast<std::uint64_t>(owner) << 16 | type;
-    const auto found = std::ranges::lower_bound(_elements, key, {}, &Element::key);
-    return found != _elements.end() && found->key == key ? found->payload : ByteView();
+VarData::Owned VarData::elementsOf(std::uint32_t owner) const {
+    const auto ownerOf = [](const Element& element) { return static_cast<std::uint32_t>(element.key >> 16); };
+    const auto owned = std::ranges::equal_range(_elements, owner, {}, ownerOf);
+    return {owned.begin(), owned.end()};
 }
 
-bool VarData::hasAny(std::uint32_t owner) const {
-    const auto found = std::ranges::lower_bound(_elements, static_cast<std::uint64_t>(owner) << 16, {}, &Element::key);
-    return found != _elements.end() && found->key >> 16 == owner;
+ByteView VarData::find(Owned elements, std::uint16_t type) {
+    const auto typeOf = [](const Element& element) { return static_cast<std::uint16_t>(element.key & 0xFFFF); };
+    const auto found = std::ranges::lower_bound(elements, type, {}, typeOf);
+    return found != elements.end() && typeOf(*found) == type ? found->payload : ByteView();
 }
 
 void VarData::checkOwners(const std::vector<std::uint32_t>& ids, const std::string& where,

@@ -13,21 +13,24 @@ struct RowStreams {
 /// The elements of Var2Data, found by owner and type. Holds views into the streams.
 class VarData {
 public:
+    struct Element {
+        std::uint64_t key; ///< owner shifted left by 16, type
+        ByteView payload;
+    };
+    /// All elements of one owner, so that its fields need not be sought among everybody's.
+    using Owned = std::span<const Element>;
+
     VarData() = default;
     VarData(const RowStreams& streams, const std::string& where, Complaints& complaints);
 
+    [[nodiscard]] Owned elementsOf(std::uint32_t owner) const;
     /// Empty without the element.
-    [[nodiscard]] ByteView find(std::uint32_t owner, std::uint16_t type) const;
-    [[nodiscard]] bool hasAny(std::uint32_t owner) const;
+    [[nodiscard]] static ByteView find(Owned elements, std::uint16_t type);
     [[nodiscard]] std::size_t size() const noexcept { return _elements.size(); }
     /// Complains of elements whose owner is not among the given ids, which must be sorted.
     void checkOwners(const std::vector<std::uint32_t>& ids, const std::string& where, Complaints& complaints) const;
 
 private:
-    struct Element {
-        std::uint64_t key; ///< owner shifted left by 16, type
-        ByteView payload;
-    };
     std::vector<Element> _elements; ///< sorted by key
 };
 

@@ -205,7 +205,7 @@ void decodeTasks(const DecodeContext& context) {
         }
         if (!fitsMap(table, raw, complaints))
             continue;
-        const auto uniqueId = RowReader(table, raw, 0).u32(kUniqueId);
+        const auto uniqueId = RowReader(table, raw).u32(kUniqueId);
         if (uniqueId)
             tasks.push_back(readTask(table, raw, *uniqueId));
     }

@@ -217,10 +217,12 @@ std::string kindText(ResourceKind kind) {
     return {};
 }
 
-std::string rateText(double rate, std::uint16_t units) {
+std::string rateText(const Resource& resource, double rate, std::uint16_t units) {
     if (rate == 0)
         return {};
     constexpr std::uint16_t perHour = 2;
+    if (resource.kind == ResourceKind::Material)
+        return numberText(rate); // for a piece, whatever the unit says
     return numberText(rate) + (units == perHour ? "/h" : fmt::format(" (unit {})", units));
 }
 
@@ -242,13 +244,13 @@ std::string resourcesPage(const ProjectFile& project) {
                      {"to", Left},
                      {"calendar", Right}});
     for (const Resource& resource : project.resources)
-        table.add({number(resource.uniqueId), printable(resource.name), kindText(resource.kind),
-                   printable(resource.initials), printable(resource.group), printable(resource.code),
-                   printable(resource.email), unitsText(resource.maximumUnits),
-                   rateText(resource.standardRate, resource.standardRateUnits),
-                   rateText(resource.overtimeRate, resource.overtimeRateUnits), moneyText(resource.costPerUse),
-                   hoursText(resource.work), moneyText(resource.cost), textOf(resource.availableFrom),
-                   textOf(resource.availableTo), resource.calendarId ? number(*resource.calendarId) : ""});
+        table.add(
+            {number(resource.uniqueId), printable(resource.name), kindText(resource.kind), printable(resource.initials),
+             printable(resource.group), printable(resource.code), printable(resource.email),
+             unitsText(resource.maximumUnits), rateText(resource, resource.standardRate, resource.standardRateUnits),
+             rateText(resource, resource.overtimeRate, resource.overtimeRateUnits), moneyText(resource.costPerUse),
+             hoursText(resource.work), moneyText(resource.cost), textOf(resource.availableFrom),
+             textOf(resource.availableTo), resource.calendarId ? number(*resource.calendarId) : ""});
     Page page;
     page.heading("Resources", project.resources.size());
     page.table(table);

@@ -20,26 +20,27 @@ void TextTable::add(std::vector<std::string> cells) {
 }
 
 void TextTable::appendTo(std::string& out) const {
-    TextTable framed = *this;
+    std::vector<std::size_t> widths = _widths;
     std::vector<std::string> headings, rules;
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         if (_widths[i] != 0)
-            framed._widths[i] = std::max(_widths[i], lengthOf(_columns[i].heading));
+            widths[i] = std::max(_widths[i], lengthOf(_columns[i].heading));
         headings.push_back(_columns[i].heading);
-        rules.emplace_back(framed._widths[i], '-');
+        rules.emplace_back(widths[i], '-');
     }
-    framed.appendLine(out, headings);
-    framed.appendLine(out, rules);
+    appendLine(out, headings, widths);
+    appendLine(out, rules, widths);
     for (const auto& row : _rows)
-        framed.appendLine(out, row);
+        appendLine(out, row, widths);
 }
 
-void TextTable::appendLine(std::string& out, const std::vector<std::string>& cells) const {
+void TextTable::appendLine(std::string& out, const std::vector<std::string>& cells,
+                           const std::vector<std::size_t>& widths) const {
     std::string line;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        if (_widths[i] == 0)
+        if (widths[i] == 0)
             continue;
-        const std::string filling(_widths[i] - std::min(_widths[i], lengthOf(cells[i])), ' ');
+        const std::string filling(widths[i] - std::min(widths[i], lengthOf(cells[i])), ' ');
         line += _columns[i].side == Side::Right ? filling + cells[i] : cells[i] + filling;
         line += kGap;
     }

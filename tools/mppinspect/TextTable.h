@@ -22,7 +22,8 @@ public:
     void appendTo(std::string& out) const;
 
 private:
-    void appendLine(std::string& out, const std::vector<std::string>& cells) const;
+    void appendLine(std::string& out, const std::vector<std::string>& cells,
+                    const std::vector<std::size_t>& widths) const;
 
     std::vector<Column> _columns;
     std::vector<std::size_t> _widths; ///< 0 for a column without texts
