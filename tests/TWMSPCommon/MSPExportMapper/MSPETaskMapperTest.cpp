@@ -67,6 +67,13 @@ TEST(TaskMapper, DatesAreWallClockOfTheSystemZone) {
                 IsSupersetOf({"Start=2012-06-01T03:00:00", "Finish=2012-06-01T23:00:00"}));
 }
 
+TEST(TaskMapper, DateThatIsEmptyOrBeyondAllInstantsIsNone) {
+    const MappedProject project(oneTask("start-date= end-date=99999999999999999999-01-01T00:00:00Z"));
+    EXPECT_EQ(project->tasks.at(1)->startDate, std::nullopt);
+    EXPECT_EQ(project->tasks.at(1)->endDate, std::nullopt);
+    EXPECT_THAT(project.childrenOfTask(1), IsSupersetOf({"Start=(null)", "Finish=(null)"}));
+}
+
 TEST(TaskMapper, NameStandsOnOneLine) {
     const MappedProject project(oneTask("", "<title>a&#13;\nb</title>"));
     EXPECT_EQ(project->tasks.at(1)->title, "a  b");
