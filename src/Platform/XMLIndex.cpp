@@ -65,6 +65,7 @@ private:
 
     struct Entry {
         _xmlNode* element;
+        std::string_view value; // kept at hand where it stands in one piece in the tree, else without data
         std::uint32_t hash;
         std::uint32_t nextInBucket = kNone;
         std::uint32_t nextOfValue = kNone;
@@ -85,8 +86,10 @@ private:
     void collectElement(xmlNode* node) {
         if (node->type != XML_ELEMENT_NODE || !isNamed(node->name, _name))
             return;
-        if (const auto key = keyOf(node, _ownStorage))
-            _entries.push_back({node, key->hash()});
+        if (const auto key = keyOf(node, _ownStorage)) {
+            const bool inOnePiece = key->value.data() != _ownStorage.value.data();
+            _entries.push_back({node, inOnePiece ? key->value : std::string_view(), key->hash()});
+        }
     }
 
     // Room for values that do not stand in one piece in the tree.
@@ -112,13 +115,18 @@ private:
         return Key{value, textOf(parents->children, storage.parentValue)};
     }
 
+    bool hasKey(const Entry& entry, const Key& key) {
+        if (entry.value.data() != nullptr && _form == XMLQuery::Form::ChildWithValue)
+            return entry.value == key.value;
+        return keyOf(entry.element, _othersStorage) == key;
+    }
+
     std::uint32_t& bucketOf(std::uint32_t hash) { return _buckets[hash & (_buckets.size() - 1)]; }
 
     std::uint32_t headOf(const Key& key) {
         const std::uint32_t hash = key.hash();
         std::uint32_t index = bucketOf(hash);
-        while (index != kNone &&
-               !(_entries[index].hash == hash && keyOf(_entries[index].element, _othersStorage) == key))
+        while (index != kNone && !(_entries[index].hash == hash && hasKey(_entries[index], key)))
             index = _entries[index].nextInBucket;
         return index;
     }
