@@ -122,8 +122,8 @@ MSPECalendarMapper::newCalendarFromZelbResource(XMLElement resource, std::option
     assertThat(key.has_value(), "Failed to find arrtibute '{}' in element '{}'.", "id", resource.name());
 
     const auto info = std::make_shared<MSPEScheduleInfo>(resource, parentKey, calendarUID, std::move(name));
-    _scheduleInfoKeys.push_back(*key);
-    _scheduleInfoMap[*key] = info;
+    const auto entry = _scheduleInfoMap.insert_or_assign(*key, info).first;
+    _scheduleInfoKeys.push_back(&*entry);
     if (const std::optional<XMLElement> schedule = singleObjectForXQuery(resource, XMLQuery("schedule"))) {
         mapSchedule(*schedule, *info);
     } else if (calendarUID != kTopCalendarUID) {
@@ -143,8 +143,8 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
     top->ensureProjetDefaultWeekDays();
     fixCalendarHierarchy();
 
-    for (const std::string& key : _scheduleInfoKeys) {
-        MSPEScheduleInfo& info = *scheduleInfo(key);
+    for (const auto* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry->second;
         MSPEScheduleInfo& emitted = info.flatCopy ? *info.flatCopy : info;
         emitted.calendar = MSPEXMLCalendarAdapter::elementWithName("Calendar", mapper());
         _calendars->addChild(emitted.calendar);
@@ -153,16 +153,18 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
 }
 
 void MSPECalendarMapper::fixCalendarHierarchy() {
-    for (const std::string& key : _scheduleInfoKeys)
-        if (const auto& parentKey = scheduleInfo(key)->parentKey()) {
-            MSPEScheduleInfo* parent = scheduleInfo(*parentKey);
-            assertThat(parent != nullptr, "Can not find schedule info for key '{}'.", *parentKey);
-            parent->isParentSchedule = true;
-        }
+    for (const auto* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry->second;
+        if (!info.parentKey())
+            continue;
+        info.parentInfo = scheduleInfo(*info.parentKey());
+        assertThat(info.parentInfo != nullptr, "Can not find schedule info for key '{}'.", *info.parentKey());
+        info.parentInfo->isParentSchedule = true;
+    }
 
     // What other schedules hang on becomes a base calendar: itself at the top, else a copy that inherits nothing.
-    for (const std::string& key : _scheduleInfoKeys) {
-        MSPEScheduleInfo& info = *scheduleInfo(key);
+    for (const auto* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry->second;
         if (!info.isParentSchedule || info.isBaseCalendar)
             continue;
         if (!info.parentKey()) {
@@ -197,7 +199,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
         // A parent that hangs on its own descendant has no top above it either.
         assertThat(current->parentKey() && steps < _scheduleInfoKeys.size(),
                    "We should eventually find working times, at least in Project default schedule.");
-        current = scheduleInfo(*current->parentKey());
+        current = current->parentInfo;
         assertThat(current != nullptr, "Schedule info has no parent info.");
         if (current->flatCopy) {
             workingTimes = current->flatCopy->workingTimesForDayType(dayType);
@@ -217,7 +219,7 @@ void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MS
     for (std::size_t steps = 0; !source->hasOvertimeData() && !source->hasTimeOffData() && source->parentKey() &&
                                 steps < _scheduleInfoKeys.size();
          ++steps) {
-        const MSPEScheduleInfo* parent = scheduleInfo(*source->parentKey());
+        const MSPEScheduleInfo* parent = source->parentInfo;
         assertThat(parent != nullptr, "Non-root schedule info has no parent info.");
         source = parent->flatCopy ? parent->flatCopy.get() : parent;
     }
@@ -238,7 +240,7 @@ void MSPECalendarMapper::mapScheduleInfo(const MSPEScheduleInfo& info) const {
 
 std::int64_t MSPECalendarMapper::baseCalendarUID(const MSPEScheduleInfo& info) const {
     assertThat(info.parentKey().has_value(), "Schedule info has no parent key.");
-    const MSPEScheduleInfo* parent = scheduleInfo(*info.parentKey());
+    const MSPEScheduleInfo* parent = info.parentInfo;
     assertThat(parent != nullptr, "Schedule info has no parent info.");
     if (parent->isBaseCalendar)
         return parent->calendarUID;

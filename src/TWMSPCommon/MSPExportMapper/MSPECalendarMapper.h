@@ -40,6 +40,7 @@ public:
 
 private:
     using ScheduleInfoPointer = std::shared_ptr<MSPEScheduleInfo>;
+    using ScheduleInfoMap = std::unordered_map<std::string, ScheduleInfoPointer>;
 
     [[nodiscard]] std::shared_ptr<MSPEXMLCalendarAdapter>
     newCalendarFromZelbResource(XMLElement resource, std::optional<XMLElement> parent, std::int64_t& calendarUID);
@@ -57,8 +58,9 @@ private:
 
     std::shared_ptr<Calendars> _calendars;
     std::shared_ptr<MSPEXMLCalendarAdapter> _calendar;
-    std::unordered_map<std::string, ScheduleInfoPointer> _scheduleInfoMap;
-    std::vector<std::string> _scheduleInfoKeys;
+    ScheduleInfoMap _scheduleInfoMap;
+    /// The map's entries in order of arrival; a resource that came twice is here twice.
+    std::vector<const ScheduleInfoMap::value_type*> _scheduleInfoKeys;
     std::string _topScheduleKey;
 };
 

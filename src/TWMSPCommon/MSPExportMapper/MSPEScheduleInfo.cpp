@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace brackwater {
@@ -14,6 +15,13 @@ namespace {
 
 constexpr std::int32_t kSunday = 1;
 constexpr std::int32_t kSaturday = 7;
+constexpr std::size_t kDayTypes = 8; // the type 0 of no day included
+
+std::size_t placeOfDayType(std::int32_t dayType) {
+    assertThat(dayType >= 0 && dayType <= MSPEScheduleInfo::kLastDayType, "Incorrect value of argument dayType ({}).",
+               dayType);
+    return static_cast<std::size_t>(dayType);
+}
 
 /// The default working week's day: 8:00 to 12:00 and 13:00 to 17:00, but nothing at the weekend.
 MSPEWorkingTimes defaultWorkingTimes(std::int32_t dayType) {
@@ -68,31 +76,32 @@ bool MSPEScheduleInfo::hasWeekDaysData() const noexcept {
     return std::any_of(_workingTimes.begin(), _workingTimes.end(), [](const Day& entry) { return entry.has_value(); });
 }
 
-void MSPEScheduleInfo::removeWorkingTimesForDayType(std::int32_t dayType) { _workingTimes[place(dayType)].reset(); }
+void MSPEScheduleInfo::removeWorkingTimesForDayType(std::int32_t dayType) { day(dayType).reset(); }
 
-MSPEWorkingTimes& MSPEScheduleInfo::resetWorkingTimesForDayType(std::int32_t dayType) {
-    return _workingTimes[place(dayType)].emplace();
-}
+MSPEWorkingTimes& MSPEScheduleInfo::resetWorkingTimesForDayType(std::int32_t dayType) { return day(dayType).emplace(); }
 
 void MSPEScheduleInfo::addWorkingTimeForDayType(MSPEWorkingTime workingTime, std::int32_t dayType) {
-    Day& entry = _workingTimes[place(dayType)];
+    Day& entry = day(dayType);
     if (!entry)
         entry.emplace();
     entry->push_back(workingTime);
 }
 
 void MSPEScheduleInfo::addWorkingTimesForDayType(const MSPEWorkingTimes* workingTimes, std::int32_t dayType) {
-    _workingTimes[place(dayType)] = workingTimes ? Day(*workingTimes) : std::nullopt;
+    day(dayType) = workingTimes ? Day(*workingTimes) : std::nullopt;
 }
 
 const MSPEWorkingTimes* MSPEScheduleInfo::workingTimesForDayType(std::int32_t dayType) const {
-    const Day& entry = _workingTimes[place(dayType)];
-    return entry ? &*entry : nullptr;
+    const std::size_t place = placeOfDayType(dayType);
+    const bool isNamed = place < _workingTimes.size() && _workingTimes[place];
+    return isNamed ? &*_workingTimes[place] : nullptr;
 }
 
-std::size_t MSPEScheduleInfo::place(std::int32_t dayType) {
-    assertThat(dayType >= 0 && dayType <= kLastDayType, "Incorrect value of argument dayType ({}).", dayType);
-    return static_cast<std::size_t>(dayType);
+MSPEScheduleInfo::Day& MSPEScheduleInfo::day(std::int32_t dayType) {
+    const std::size_t place = placeOfDayType(dayType);
+    if (_workingTimes.empty())
+        _workingTimes.resize(kDayTypes);
+    return _workingTimes[place];
 }
 
 std::string MSPEScheduleInfo::description() const {

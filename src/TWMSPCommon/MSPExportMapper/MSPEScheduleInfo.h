@@ -3,7 +3,6 @@
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEWorkingTime.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -63,6 +62,8 @@ public:
     std::optional<std::string> calendarName;
     bool isBaseCalendar = false;
     bool isParentSchedule = false; ///< some other schedule inherits from this one
+    /// The schedule under the parent key, not owned; null until the hierarchy is built.
+    MSPEScheduleInfo* parentInfo = nullptr;
     std::shared_ptr<MSPEScheduleInfo> flatCopy;
     bool extendedFormat = false; ///< the source used flattened days
     Exceptions overtimeExceptions;
@@ -71,12 +72,13 @@ public:
 private:
     using Day = std::optional<MSPEWorkingTimes>;
 
-    /// The day type's place in the list; a failed assertion where it has none.
-    [[nodiscard]] static std::size_t place(std::int32_t dayType);
+    /// The day's entry, made where the schedule named no day before.
+    [[nodiscard]] Day& day(std::int32_t dayType);
 
     std::optional<XMLElement> _zelbResource;
     std::optional<std::string> _parentKey;
-    std::array<Day, 8> _workingTimes;
+    /// By day type; no entries at all in a schedule that names no day, as most of a large document.
+    std::vector<Day> _workingTimes;
 };
 
 } // namespace brackwater
