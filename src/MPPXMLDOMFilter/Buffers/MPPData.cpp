@@ -9,12 +9,15 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <tuple>
 
 namespace brackwater {
 
 namespace {
 
 constexpr std::size_t kInitialCapacity = 512;
+/// Bytes that the buffer grows by beyond what is asked for.
+constexpr std::size_t kRoom = 512;
 constexpr std::uint32_t kNullDate = 0xFFFFFFFF;
 constexpr std::uint16_t kNullDay = 0xFFFF;
 
@@ -37,27 +40,6 @@ constexpr std::array<std::uint8_t, sizeof(Unsigned)> littleEndian(Unsigned value
     return bytes;
 }
 
-template <typename Unsigned>
-void append(std::vector<std::uint8_t>& data, Unsigned value) {
-    // Byte by byte is several times quicker than the insertion of a range as short as these.
-    for (const std::uint8_t byte : littleEndian(value))
-        data.push_back(byte);
-}
-
-template <typename Unsigned>
-void replace(std::vector<std::uint8_t>& data, Unsigned value, std::size_t offset) {
-    const auto bytes = littleEndian(value);
-    if (offset > data.size() || data.size() - offset < bytes.size())
-        throw Exception(kRangeException, "Attempt to write to data at wrong offset");
-    std::copy(bytes.begin(), bytes.end(), data.begin() + static_cast<std::ptrdiff_t>(offset));
-}
-
-/// The encoded text without a terminator; no bytes for a text that cannot be converted.
-void appendText(std::vector<std::uint8_t>& data, std::string_view text, MPPEncoding encoding) {
-    const bool converted = encoding == MPPEncoding::Unicode ? appendAsUTF16LE(data, text) : appendAsASCII(data, text);
-    static_cast<void>(converted);
-}
-
 /// Seconds from day 0 to the date, both read on the wall clock of the system zone.
 std::int64_t wallSecondsSinceDayZero(Date date, const TimeZone& systemZone) {
     const auto second =
@@ -72,29 +54,52 @@ std::uint16_t dayCount(std::int64_t wallSeconds) noexcept {
 
 } // namespace
 
-MPPData::MPPData() { _data.reserve(kInitialCapacity); }
+MPPData::MPPData() { _bytes.reserve(kInitialCapacity); }
 
-void MPPData::writeInteger(std::uint32_t value) { append(_data, value); }
+std::uint8_t* MPPData::append(std::size_t count) {
+    if (_bytes.size() - _size < count)
+        _bytes.resize(_size + count + kRoom);
+    std::uint8_t* place = _bytes.data() + _size;
+    _size += count;
+    return place;
+}
 
-void MPPData::write2ByteInteger(std::uint16_t value) { append(_data, value); }
+template <typename Unsigned>
+void MPPData::appendInteger(Unsigned value) {
+    const auto bytes = littleEndian(value);
+    std::copy(bytes.begin(), bytes.end(), append(bytes.size()));
+}
 
-void MPPData::write1ByteInteger(std::uint8_t value) { _data.push_back(value); }
+void MPPData::appendText(std::string_view text, MPPEncoding encoding) {
+    _bytes.resize(_size);
+    // A text that cannot be converted leaves no bytes.
+    std::ignore = encoding == MPPEncoding::Unicode ? appendAsUTF16LE(_bytes, text) : appendAsASCII(_bytes, text);
+    _size = _bytes.size();
+}
 
-void MPPData::writeDouble(double value) { append(_data, std::bit_cast<std::uint64_t>(value)); }
+void MPPData::writeInteger(std::uint32_t value) { appendInteger(value); }
 
-void MPPData::writeZeroesBlockOfSize(std::size_t count) { _data.insert(_data.end(), count, 0); }
+void MPPData::write2ByteInteger(std::uint16_t value) { appendInteger(value); }
 
-void MPPData::writeData(std::span<const std::uint8_t> bytes) { _data.insert(_data.end(), bytes.begin(), bytes.end()); }
+void MPPData::write1ByteInteger(std::uint8_t value) { appendInteger(value); }
+
+void MPPData::writeDouble(double value) { appendInteger(std::bit_cast<std::uint64_t>(value)); }
+
+void MPPData::writeZeroesBlockOfSize(std::size_t count) { std::fill_n(append(count), count, std::uint8_t{0}); }
+
+void MPPData::writeData(std::span<const std::uint8_t> bytes) {
+    std::copy(bytes.begin(), bytes.end(), append(bytes.size()));
+}
 
 void MPPData::writeGUID(const Guid* guid) { writeData(guid != nullptr ? guid->bytes() : Guid().bytes()); }
 
 void MPPData::writeString(std::string_view text, MPPEncoding encoding) {
-    appendText(_data, text, encoding);
+    appendText(text, encoding);
     write2ByteInteger(0);
 }
 
 void MPPData::writeRtfString(std::string_view text, MPPEncoding encoding) {
-    const auto writeText = [this, encoding](std::string_view part) { appendText(_data, part, encoding); };
+    const auto writeText = [this, encoding](std::string_view part) { appendText(part, encoding); };
     // A carriage return is one byte, whatever the encoding; the line feed after it is part of the text that follows.
     const auto writeCarriageReturn = [this] { write1ByteInteger('\r'); };
 
@@ -135,15 +140,23 @@ void MPPData::writeDaysFromDate(const std::optional<Date>& date) {
     write2ByteInteger(date ? dayCount(wallSecondsSinceDayZero(*date, TimeZone::system())) : kNullDay);
 }
 
-void MPPData::writeIntegerAtOffset(std::uint32_t value, std::size_t offset) { replace(_data, value, offset); }
-
-void MPPData::write2ByteIntegerAtOffset(std::uint16_t value, std::size_t offset) { replace(_data, value, offset); }
-
-void MPPData::clearBuffer() {
-    _bytesCleared += _data.size();
-    _data.clear();
+template <typename Unsigned>
+void MPPData::replace(Unsigned value, std::size_t offset) {
+    const auto bytes = littleEndian(value);
+    if (offset > _size || _size - offset < bytes.size())
+        throw Exception(kRangeException, "Attempt to write to data at wrong offset");
+    std::copy(bytes.begin(), bytes.end(), _bytes.data() + offset);
 }
 
-void MPPData::resetData() { _data.clear(); }
+void MPPData::writeIntegerAtOffset(std::uint32_t value, std::size_t offset) { replace(value, offset); }
+
+void MPPData::write2ByteIntegerAtOffset(std::uint16_t value, std::size_t offset) { replace(value, offset); }
+
+void MPPData::clearBuffer() {
+    _bytesCleared += _size;
+    _size = 0;
+}
+
+void MPPData::resetData() { _size = 0; }
 
 } // namespace brackwater

@@ -55,17 +55,26 @@ public:
     void writeIntegerAtOffset(std::uint32_t value, std::size_t offset);
     void write2ByteIntegerAtOffset(std::uint16_t value, std::size_t offset);
 
-    [[nodiscard]] std::span<const std::uint8_t> data() const noexcept { return _data; }
-    [[nodiscard]] std::size_t dataSize() const noexcept { return _data.size(); }
+    [[nodiscard]] std::span<const std::uint8_t> data() const noexcept { return {_bytes.data(), _size}; }
+    [[nodiscard]] std::size_t dataSize() const noexcept { return _size; }
     /// Bytes of the whole stream so far, those already cleared included.
-    [[nodiscard]] std::uint64_t cumulativeDataSize() const noexcept { return _bytesCleared + _data.size(); }
+    [[nodiscard]] std::uint64_t cumulativeDataSize() const noexcept { return _bytesCleared + _size; }
 
     virtual void clearBuffer();
     /// Empties the buffer without counting its bytes as written.
     void resetData();
 
 private:
-    std::vector<std::uint8_t> _data;
+    /// Room for `count` bytes at the end, which the caller fills.
+    std::uint8_t* append(std::size_t count);
+    template <typename Unsigned>
+    void appendInteger(Unsigned value);
+    template <typename Unsigned>
+    void replace(Unsigned value, std::size_t offset);
+    void appendText(std::string_view text, MPPEncoding encoding);
+
+    std::vector<std::uint8_t> _bytes; ///< what is written and some room behind it, so that short fields are cheap
+    std::size_t _size = 0;            ///< of what is written
     std::uint64_t _bytesCleared = 0;
 };
 
