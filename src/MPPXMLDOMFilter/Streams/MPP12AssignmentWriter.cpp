@@ -89,7 +89,7 @@ void MPP12AssignmentWriter::writeSteps() {
 
 void MPP12AssignmentWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    const Date momentOfWriting = Date::now();
+    const EncodedDate momentOfWriting = _dates(Date::now());
     forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
         writeAssignmentVar2Data(assignment, momentOfWriting);
         stream.flush();
@@ -97,7 +97,7 @@ void MPP12AssignmentWriter::writeVar2Data() {
     stream.finish();
 }
 
-void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignment, Date momentOfWriting) {
+void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignment, EncodedDate momentOfWriting) {
     MPPVar2Data& data = *_var2Data;
     const auto element = [&data](auto writePayload) {
         data.startNewElement();
@@ -118,7 +118,7 @@ void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignm
         element([&] { date(baseline->start); });
         element([&] { date(baseline->finish); });
     }
-    element([&] { date(momentOfWriting); });
+    element([&] { data.writeInteger(momentOfWriting.bytes); });
     element([&] { data.writeZeroesBlockOfSize(16); });
     element([&] { data.writeZeroesBlockOfSize(16); });
 }
@@ -215,17 +215,17 @@ Amounts amountsOfMaterial(const MPPAssignment& assignment) {
     return {units, quantity, done * quantity, (1.0 - done) * quantity};
 }
 
-void logAssignment(const MPPAssignment& assignment) {
-    std::array<char, 512> work{}; // the longest number of six decimals has 317 characters
+} // namespace
+
+void MPP12AssignmentWriter::logAssignment(const MPPAssignment& assignment) {
+    std::array<char, 320> work; // the longest number of six decimals has 317 characters
     const auto end =
         std::to_chars(work.data(), work.data() + work.size(), assignment.work, std::chars_format::fixed, 6);
-    std::string line = "+++ curAssignment: <MPPAssignment>, work: ";
-    line.append(work.data(), end.ptr);
-    line += assignment.resource.record() ? " resource: <MPPResource>" : " resource: (null)";
-    logLine(line);
+    _logLine = "+++ curAssignment: <MPPAssignment>, work: ";
+    _logLine.append(work.data(), end.ptr);
+    _logLine += assignment.resource.record() ? " resource: <MPPResource>" : " resource: (null)";
+    logLine(_logLine);
 }
-
-} // namespace
 
 void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assignment) {
     logAssignment(assignment);

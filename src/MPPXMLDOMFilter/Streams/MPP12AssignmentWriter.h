@@ -4,12 +4,13 @@
 #include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
 #include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
 #include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
-#include "MPPXMLDOMFilter/Streams/EncodedDates.h"
+#include "MPPXMLDOMFilter/Streams/DateEncoder.h"
 #include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace brackwater {
 
@@ -38,8 +39,9 @@ private:
     void writeFixed2Data();
     void writeFixed2Meta();
 
-    void writeAssignmentVar2Data(const MPPAssignment& assignment, Date momentOfWriting);
+    void writeAssignmentVar2Data(const MPPAssignment& assignment, EncodedDate momentOfWriting);
     void writeAssignmentFixedData(const MPPAssignment& assignment);
+    void logAssignment(const MPPAssignment& assignment);
     void writeHoleFixedData(std::uint64_t id);
     /// The ID of the last assignment: the rows count up to it.
     [[nodiscard]] std::uint64_t lastID() const;
@@ -49,7 +51,8 @@ private:
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
     std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
-    EncodedDates _dates;
+    DateEncoder _dates;
+    std::string _logLine; ///< kept, since there is one for each assignment
 };
 
 } // namespace brackwater

@@ -164,13 +164,17 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     const MPPTaskBaseline& baseline = firstBaselineOf(task);
     const int unitsValue = (isProject(task) ? kProjectUnits : kDays) | (task.estimated ? kEstimated : 0);
     const auto units = static_cast<std::uint16_t>(unitsValue);
+    const EncodedDate earlyStart = _dates(task.getEarlyStart());
+    const EncodedDate lateStart = _dates(task.getLateStart());
+    const EncodedDate earlyFinish = _dates(task.getEarlyFinish());
+    const EncodedDate lateFinish = _dates(task.getLateFinish());
 
     _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(task.ID);
     row.at(4).lowInteger(task.ID);
-    row.at(8).date(_dates(task.getEarlyFinish()));
-    row.at(12).date(_dates(task.getLateStart()));
+    row.at(8).date(earlyFinish);
+    row.at(12).date(lateStart);
     row.at(16).date(_dates(task.stop));
     row.at(20).date(_dates(task.resume));
     row.at(24).duration(task.getFreeSlack());
@@ -188,8 +192,8 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(80).lowWord(static_cast<std::uint32_t>(task.constraintType));
     row.at(82).duration(task.getLevelingDelay());
     row.at(86).word(8); // units of the leveling delay: elapsed days
-    row.at(88).date(_dates(task.getEarlyStart()));
-    row.at(92).date(_dates(task.getEarlyFinish()));
+    row.at(88).date(earlyStart);
+    row.at(92).date(earlyFinish);
     row.at(96).date(_dates(task.actualStart));
     row.at(100).date(_dates(task.getActualFinish()));
     row.at(104).date(_dates(baseline.start));
@@ -206,8 +210,8 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(136).date(_dates(task.getPreleveledStart()));
     row.at(140).date(_dates(task.getPreleveledFinish()));
     row.at(144).integer(task.percentageComplete != 0 ? 0x00009080 : 0x00000080);
-    row.at(148).date(_dates(task.getEarlyStart()));
-    row.at(152).date(_dates(task.getLateFinish()));
+    row.at(148).date(earlyStart);
+    row.at(152).date(lateFinish);
     row.at(156).date(_dates(task.getSummaryProgress()));
     row.at(160).integer(task.calendarID());
     row.at(164).date(_dates(task.getDeadline()));
@@ -269,23 +273,25 @@ std::uint8_t flags5(const MPPTask& task) {
                                      (task.getLevelAssignments() ? 0x04 : 0));
 }
 
+// Text fields by position: the byte that holds a run of their bits, and the bit of the run's first position.
+struct TextFieldBits {
+    std::size_t firstPosition;
+    std::size_t lastPosition;
+    std::size_t byte;
+    std::size_t firstBit;
+};
+constexpr std::array<TextFieldBits, 5> kTextFieldBits = {
+    {{1, 2, 0, 6}, {3, 10, 1, 0}, {11, 16, 10, 2}, {17, 24, 11, 0}, {25, 30, 12, 0}}};
+
 // One bit for each text field that has a value.
 std::array<std::uint8_t, 13> presenceOfTextFields(const MPPTask& task) {
-    // Text fields by position: the bytes that hold their bits, in order, and the bit of each byte's first position.
-    struct Span {
-        std::size_t firstPosition;
-        std::size_t lastPosition;
-        std::size_t byte;
-        std::size_t firstBit;
-    };
-    static constexpr std::array<Span, 5> kSpans = {
-        {{1, 2, 0, 6}, {3, 10, 1, 0}, {11, 16, 10, 2}, {17, 24, 11, 0}, {25, 30, 12, 0}}};
-
     std::array<std::uint8_t, 13> presence{0x08};
-    for (const Span& span : kSpans)
-        for (std::size_t position = span.firstPosition; position <= span.lastPosition; ++position)
+    if (task.customFieldValues.empty())
+        return presence;
+    for (const TextFieldBits& run : kTextFieldBits)
+        for (std::size_t position = run.firstPosition; position <= run.lastPosition; ++position)
             if (position <= task.customFieldValues.size() && !task.customFieldValues[position - 1].empty())
-                presence[span.byte] |= static_cast<std::uint8_t>(1U << (span.firstBit + position - span.firstPosition));
+                presence[run.byte] |= static_cast<std::uint8_t>(1U << (run.firstBit + position - run.firstPosition));
     return presence;
 }
 

@@ -4,7 +4,7 @@
 #include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
 #include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
 #include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
-#include "MPPXMLDOMFilter/Streams/EncodedDates.h"
+#include "MPPXMLDOMFilter/Streams/DateEncoder.h"
 #include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
 
 #include <cstddef>
@@ -46,7 +46,7 @@ private:
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
     std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
-    EncodedDates _dates;
+    DateEncoder _dates;
 };
 
 } // namespace brackwater

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Buffers/MPPData.h"
-#include "MPPXMLDOMFilter/Streams/EncodedDates.h"
+#include "MPPXMLDOMFilter/Streams/DateEncoder.h"
 #include "Platform/Guid.h"
 #include "Platform/Saturating.h"
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPPData.h"
+#include "Platform/Date.h"
+#include "Platform/TimeZone.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace brackwater {
+
+/// A date as it stands in a row: the low 16 bits are tenths of a minute, the high 16 bits are days.
+struct EncodedDate {
+    std::uint32_t bytes;
+};
+
+/// Encodes dates for rows as MPPData::writeDate does, in the system zone that held when this was made.
+class DateEncoder {
+public:
+    [[nodiscard]] EncodedDate operator()(const std::optional<Date>& date) const {
+        constexpr EncodedDate kNoDate{0xFFFFFFFF};
+        return date ? EncodedDate{MPPData::encodedDate(*date, _systemZone)} : kNoDate;
+    }
+
+private:
+    TimeZone _systemZone = TimeZone::system();
+};
+
+} // namespace brackwater
