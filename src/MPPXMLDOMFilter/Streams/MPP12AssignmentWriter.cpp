@@ -90,10 +90,10 @@ void MPP12AssignmentWriter::writeSteps() {
 void MPP12AssignmentWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
     const EncodedDate momentOfWriting = _dates(Date::now());
-    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
-        writeAssignmentVar2Data(assignment, momentOfWriting);
+    for (const auto& assignment : project().assignments) {
+        writeAssignmentVar2Data(*assignment, momentOfWriting);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -148,10 +148,10 @@ void MPP12AssignmentWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
-        writeMetaForAssignment(varMeta, assignment);
+    for (const auto& assignment : project().assignments) {
+        writeMetaForAssignment(varMeta, *assignment);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -311,17 +311,17 @@ void MPP12AssignmentWriter::writeFixedMeta() {
 
 void MPP12AssignmentWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
-        const MPPResource* resource = assignment.resource.record();
+    for (const auto& assignment : project().assignments) {
+        const MPPResource* resource = assignment->resource.record();
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
-        row.at(0).guid(assignment.GUID());
-        row.at(16).guid(taskOf(assignment).GUID());
+        row.at(0).guid(assignment->GUID());
+        row.at(16).guid(taskOf(*assignment).GUID());
         row.at(32).guid(resource ? resource->GUID() : kNoResourceGuid);
         row.end(*_fixed2Data);
         _fixed2Data->closeCurrentElement();
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -346,16 +346,16 @@ void MPP12AssignmentWriter::writeFixed2Meta() {
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    forEachRecord(project().assignments, [&](const MPPAssignment& assignment) {
+    for (const auto& assignment : project().assignments) {
         fixed2Meta.writeNextElementStartWithInt(0);
         MetaRecordBuilder<kFixed2MetaSize> record;
         record.at(8).integer(123);
         record.at(12).zeroes(20);
         record.at(32).integer(0x00800000);
-        record.at(36).bytes(presenceOfBaselines(assignment.baselines.size()));
+        record.at(36).bytes(presenceOfBaselines(assignment->baselines.size()));
         record.end(fixed2Meta);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 

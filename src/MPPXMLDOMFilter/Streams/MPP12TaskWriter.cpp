@@ -80,10 +80,10 @@ void MPP12TaskWriter::writeVar2Data() {
         _var2Data->writeInteger(1);
         _var2Data->closeCurrentElement();
     }
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeTaskVar2Data(task);
+    for (const auto& task : project().tasks) {
+        writeTaskVar2Data(*task);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -140,10 +140,10 @@ void MPP12TaskWriter::writeVarMeta() {
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeMetaForTask(varMeta, task, ++taskID);
+    for (const auto& task : project().tasks) {
+        writeMetaForTask(varMeta, *task, ++taskID);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -153,10 +153,12 @@ void MPP12TaskWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
     writeTaskFixedData(project());
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeTaskFixedData(task);
+    const auto& tasks = project().tasks;
+    for (std::size_t i = 0; i < tasks.size(); ++i) {
+        prefetchRecordAhead(tasks, i);
+        writeTaskFixedData(*tasks[i]);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -235,10 +237,10 @@ void MPP12TaskWriter::writeFixedMeta() {
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
     writeTaskFixedMeta(project(), fixedMeta);
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeTaskFixedMeta(task, fixedMeta);
+    for (const auto& task : project().tasks) {
+        writeTaskFixedMeta(*task, fixedMeta);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -322,10 +324,10 @@ void MPP12TaskWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
     writeTaskFixed2Data(project());
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeTaskFixed2Data(task);
+    for (const auto& task : project().tasks) {
+        writeTaskFixed2Data(*task);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -352,10 +354,10 @@ void MPP12TaskWriter::writeFixed2Meta() {
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
     writeTaskFixed2Meta(project(), fixed2Meta);
-    forEachRecord(project().tasks, [&](const MPPTask& task) {
-        writeTaskFixed2Meta(task, fixed2Meta);
+    for (const auto& task : project().tasks) {
+        writeTaskFixed2Meta(*task, fixed2Meta);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 

@@ -34,10 +34,10 @@ void MPPConstraintStreamWriter::writeSteps() {
 
 void MPPConstraintStreamWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
-    forEachRecord(project().constraints, [&](const MPPConstraint& constraint) {
-        writeConstraintFixedData(constraint);
+    for (const auto& constraint : project().constraints) {
+        writeConstraintFixedData(*constraint);
         stream.flush();
-    });
+    }
     stream.finish();
 }
 
@@ -74,16 +74,16 @@ void MPPConstraintStreamWriter::writeFixedMeta() {
 
 void MPPConstraintStreamWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    forEachRecord(project().constraints, [&](const MPPConstraint& constraint) {
+    for (const auto& constraint : project().constraints) {
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
-        row.at(0).guid(constraint.GUID());
-        row.at(16).guid(guidOf(constraint.task1));
-        row.at(32).guid(guidOf(constraint.task2));
+        row.at(0).guid(constraint->GUID());
+        row.at(16).guid(guidOf(constraint->task1));
+        row.at(32).guid(guidOf(constraint->task2));
         row.end(*_fixed2Data);
         _fixed2Data->closeCurrentElement();
         stream.flush();
-    });
+    }
     stream.finish();
 }
 

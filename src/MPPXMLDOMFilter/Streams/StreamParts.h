@@ -30,7 +30,7 @@ void writeZeroHeaderRows(MPPFixedData& data, std::size_t rows, std::size_t rowSi
 void writeMetaHeaderRows(MPPFixedMeta& meta, std::size_t rows, std::size_t recordSize, std::uint32_t start,
                          std::uint8_t value);
 
-/// Asks memory for the record that stands some places behind `index`: a stream reads little of each record, and a long
+/// Asks memory for the record that stands some places behind `index`, for streams that read most of each record: a long
 /// list lies far outside the processor's caches.
 template <typename Record>
 void prefetchRecordAhead(const std::vector<std::shared_ptr<Record>>& records, std::size_t index) {
@@ -41,15 +41,6 @@ void prefetchRecordAhead(const std::vector<std::shared_ptr<Record>>& records, st
     const char* next = reinterpret_cast<const char*>(records[index + kAhead].get());
     for (std::size_t offset = 0; offset < sizeof(Record); offset += kCacheLine)
         __builtin_prefetch(next + offset);
-}
-
-/// Calls `action` with each record of a list.
-template <typename Record, typename Action>
-void forEachRecord(const std::vector<std::shared_ptr<Record>>& records, Action action) {
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        prefetchRecordAhead(records, i);
-        action(*records[i]);
-    }
 }
 
 /// The text, or an empty one when there is none.
