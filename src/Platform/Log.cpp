@@ -1,12 +1,13 @@
 #include "Platform/Log.h"
 
+#include "Platform/FatalSignals.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <exception>
@@ -141,30 +142,10 @@ void flushAndTerminate() {
     std::abort();
 }
 
-void flushAndDie(int signalNumber) {
-    flushLog();
-    // The handler was taken off when it was entered (SA_RESETHAND), so this ends the process as the signal would have.
-    raise(signalNumber);
-}
-
-// Handlers that somebody else set, and signals that the parent process had ignored, stay as they are.
-void flushAtSignal(int signalNumber) {
-    struct sigaction present {};
-    if (sigaction(signalNumber, nullptr, &present) != 0 || (present.sa_flags & SA_SIGINFO) != 0 ||
-        present.sa_handler != SIG_DFL)
-        return;
-    struct sigaction action {};
-    action.sa_handler = flushAndDie;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigemptyset(&action.sa_mask);
-    sigaction(signalNumber, &action, nullptr);
-}
-
 void prepareForTheEnd() {
     std::atexit([] { lineBuffer.stopBuffering(); });
     outerTerminateHandler = std::set_terminate(flushAndTerminate);
-    for (const int signalNumber : {SIGHUP, SIGINT, SIGTERM, SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL})
-        flushAtSignal(signalNumber);
+    prepareForFatalSignals();
     if (isatty(kStandardError) == 1)
         lineBuffer.stopBuffering();
 }

@@ -1,7 +1,9 @@
 #include "MPPXMLDOMFilter/Container/MPPFormatWriter.h"
 
 #include "MPPXMLDOMFilter/Container/GObjectPointer.h"
+#include "MPPXMLDOMFilter/Container/SinkTemporaryFile.h"
 #include "Platform/Exception.h"
+#include "Platform/FatalSignals.h"
 #include "Platform/Log.h"
 
 #include <gsf/gsf-outfile-msole.h>
@@ -35,8 +37,9 @@ struct OutputState {
 } // namespace
 
 struct MPPFormatWriter::Node {
-    FileURL mppFilePath;              ///< of the root only
-    GObjectPointer<GsfOutput> output; ///< the file sink; of the root only
+    FileURL mppFilePath;                              ///< of the root only
+    GObjectPointer<GsfOutput> output;                 ///< the file sink; of the root only
+    std::unique_ptr<SinkTemporaryFile> temporaryFile; ///< while the sink is open
     GObjectPointer<GsfOutput> outfile;
     std::shared_ptr<OutputState> state = std::make_shared<OutputState>();
     bool isDir = true;
@@ -45,7 +48,7 @@ struct MPPFormatWriter::Node {
     bool closeChild();
     bool closeRoot();
     /// Leaves neither the destination nor the temporary file behind.
-    void abandonSink() const;
+    void abandonSink();
 };
 
 MPPFormatWriter::MPPFormatWriter() : _node(std::make_unique<Node>()) {}
@@ -65,8 +68,15 @@ bool MPPFormatWriter::open() {
     logLine("opening a file at path {}", path);
 
     GError* error = nullptr;
-    _node->output.reset(gsf_output_stdio_new(path.c_str(), &error));
+    {
+        // A signal between the two would leave a file that nobody knows of.
+        const SignalsHeldBack heldBack;
+        _node->output.reset(gsf_output_stdio_new(path.c_str(), &error));
+        _node->temporaryFile = SinkTemporaryFile::ofNewSink();
+    }
     if (!_node->output) {
+        if (_node->temporaryFile)
+            _node->temporaryFile->remove();
         if (error != nullptr) {
             _node->state->failureText = messageOf(error);
             logLine("'{}' error: {}", path, messageOf(error));
@@ -150,16 +160,20 @@ bool MPPFormatWriter::Node::closeRoot() {
     }
     outfile.reset();
     output.reset();
+    temporaryFile.reset();
     return closed && !state->childCloseFailed;
 }
 
-void MPPFormatWriter::Node::abandonSink() const {
-    if (gsf_output_is_closed(output.get()))
-        return;
-    // A sink in error takes its temporary file away instead of moving it onto the destination.
-    if (gsf_output_error(output.get()) == nullptr)
-        gsf_output_set_error(output.get(), 0, "%s", "The compound file could not be finished");
-    gsf_output_close(output.get());
+void MPPFormatWriter::Node::abandonSink() {
+    if (!gsf_output_is_closed(output.get())) {
+        // A sink in error takes its temporary file away instead of moving it onto the destination.
+        if (gsf_output_error(output.get()) == nullptr)
+            gsf_output_set_error(output.get(), 0, "%s", "The compound file could not be finished");
+        gsf_output_close(output.get());
+    }
+    // A sink whose move failed leaves the file.
+    if (temporaryFile)
+        temporaryFile->remove();
 }
 
 } // namespace brackwater

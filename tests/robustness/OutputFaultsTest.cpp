@@ -1,0 +1,128 @@
+// Whatever becomes of the output, the log says so, an earlier file stays, and no temporary file is left.
+#include "ToolTest.h"
+
+#include "support/CompoundFile.h"
+#include "support/SmallDisk.h"
+
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brackwater::test {
+namespace {
+
+using testing::UnorderedElementsAre;
+
+struct FailingCall {
+    const char* call;
+    int error;
+    bool failsTheExport = true;
+};
+
+void PrintTo(const FailingCall& failing, std::ostream* out) { *out << failing.call; }
+
+class FailingCalls : public ToolTest, public testing::WithParamInterface<FailingCall> {};
+
+TEST_P(FailingCalls, EachInTurnFailsTheExportAndLeavesNothingNew) {
+    const auto& [call, error, failsTheExport] = GetParam();
+    _folder.write("out/Plan.mpp", "earlier");
+    int failures = 0;
+    while (true) {
+        const std::string fault = std::string(call) + ":" + std::to_string(failures) + ":" + std::to_string(error);
+        const ToolEnd end = exportTo(_folder.path("out/Plan.mpp"), fault);
+        ASSERT_EQ(end.exitStatus, 0) << fault << "\n" << log();
+        if (!faultCameToPass())
+            break;
+        ++failures;
+        ASSERT_NO_FATAL_FAILURE(expectFailedExport()) << fault;
+        ASSERT_THAT(namesIn(_out), UnorderedElementsAre("Plan.mpp")) << fault;
+        ASSERT_EQ(_folder.read("out/Plan.mpp"), "earlier") << fault;
+    }
+    EXPECT_GE(failures, 1);
+    EXPECT_TRUE(logHas("### Exporter SUCCEEDED.")) << log();
+    EXPECT_THAT(namesIn(_out), UnorderedElementsAre("Plan.mpp", "Plan-1.mpp"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Output, FailingCalls,
+                         testing::Values(FailingCall{"g_mkstemp", EACCES}, FailingCall{"fdopen", ENOMEM},
+                                         FailingCall{"fwrite", ENOSPC}, FailingCall{"fseeko", EIO},
+                                         FailingCall{"fclose", EIO}, FailingCall{"rename", EACCES}),
+                         testing::PrintToStringParamName());
+
+class Output : public ToolTest {};
+
+TEST_F(Output, FullFileSystemOfAnySizeFailsUntilTheFileFits) {
+    ASSERT_EQ(exportTo(_folder.path("out/Plan.mpp")).exitStatus, 0);
+    const std::size_t needed = std::filesystem::file_size(_folder.path("out/Plan.mpp"));
+    for (std::size_t size = 4096; size < needed; size += std::max<std::size_t>(4096, needed / 16)) {
+        const SmallDisk disk(size);
+        exportTo(disk.path("Plan.mpp"));
+        expectFailedExport();
+        EXPECT_TRUE(namesIn(disk.path("")).empty()) << size;
+    }
+    const SmallDisk disk(needed + 8192);
+    exportTo(disk.path("Plan.mpp"));
+    EXPECT_TRUE(logHas("### Exporter SUCCEEDED.")) << log();
+    EXPECT_EQ(readCompoundFile(disk.path("Plan.mpp")).size(), readCompoundFile(_folder.path("out/Plan.mpp")).size());
+}
+
+TEST_F(Output, LimitOnTheSizeOfFilesFailsTheExportInsteadOfEndingTheProcess) {
+    _mostBytesOfAFile = 20'000; // enough for the log
+    const ToolEnd end = exportTo(_folder.path("out/Plan.mpp"));
+    EXPECT_EQ(end.exitStatus, 0);
+    expectFailedExport();
+    EXPECT_TRUE(namesIn(_out).empty());
+}
+
+// Where permission bits bind nobody, a file system that is mounted for reading stands in for them.
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(std::string path) : _path(std::move(path)) {
+        if (geteuid() != 0)
+            chmod(_path.c_str(), 0500);
+        else
+            _mounted = mount("tmpfs", _path.c_str(), "tmpfs", MS_RDONLY, nullptr) == 0;
+    }
+    ~ReadOnlyFolder() {
+        if (_mounted)
+            umount(_path.c_str());
+        chmod(_path.c_str(), 0700);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+    [[nodiscard]] bool isReadOnly() const { return access(_path.c_str(), W_OK) != 0; }
+
+private:
+    std::string _path;
+    bool _mounted = false;
+};
+
+TEST_F(Output, ReadOnlyOrMissingFolderFailsTheExport) {
+    {
+        const ReadOnlyFolder readOnly(_out);
+        ASSERT_TRUE(readOnly.isReadOnly());
+        exportTo(_folder.path("out/Plan.mpp"));
+        expectFailedExport();
+        EXPECT_TRUE(logHas("/out/Plan.mpp' error: ")) << log();
+    }
+    exportTo(_folder.path("missing/Plan.mpp"));
+    expectFailedExport();
+    EXPECT_TRUE(logHas("/missing/Plan.mpp' error: ")) << log();
+    EXPECT_FALSE(_folder.has("missing"));
+    EXPECT_TRUE(namesIn(_out).empty());
+}
+
+TEST_F(Output, OverwritingRemovesTheEarlierFileBeforeTheExportIsTried) {
+    setOverwriting();
+    _folder.write("out/Plan.mpp", "earlier");
+    exportTo(_folder.path("out/Plan.mpp"), "fclose:0:5");
+    expectFailedExport();
+    EXPECT_TRUE(namesIn(_out).empty());
+}
+
+} // namespace
+} // namespace brackwater::test
