@@ -1,14 +1,19 @@
-# What `cmake --install` puts where, and the Debian package of it.
-install(TARGETS Brackwater mppinspect make-template RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES "${CMAKE_BINARY_DIR}/share/Template.mpp" DESTINATION ${CMAKE_INSTALL_DATADIR}/brackwater)
-install(FILES packaging/Brackwater.1 packaging/mppinspect.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES packaging/brackwater.bash-completion DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-        RENAME Brackwater)
-install(FILES packaging/brackwater.bash-completion DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-        RENAME mppinspect)
-install(FILES packaging/_Brackwater packaging/_mppinspect DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
-install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# What `cmake --install` puts where, and the Debian package of it (`cpack` in the build folder, or `scripts/test-package`).
+set(doc "${CMAKE_INSTALL_DATADIR}/doc/brackwater")
+set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+
+install(TARGETS Brackwater mppinspect make-template RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(FILES "${CMAKE_BINARY_DIR}/share/Template.mpp" DESTINATION "${CMAKE_INSTALL_DATADIR}/brackwater")
+install(FILES packaging/Brackwater.1 packaging/mppinspect.1 packaging/make-template.1
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME Brackwater)
+install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME mppinspect)
+install(FILES packaging/_Brackwater packaging/_mppinspect
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
+install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
+install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
+install(FILES docs/fidelity.md docs/format.md DESTINATION "${doc}/docs")
+install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME brackwater)
@@ -17,9 +22,17 @@ set(CPACK_PACKAGE_CONTACT "The Brackwater developers <developers@brackwater.exam
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}/package")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+    WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-# The libraries' packages and versions are read out of the programs.
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "Takes a .zelb bundle and a template of the 2007 family and writes a complete .mpp file."
+    "Comes with a\n template, and with mppinspect, which shows and checks what such a file holds.")
+string(REPLACE ";" " " CPACK_DEBIAN_PACKAGE_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
+# The libraries' packages and versions are read out of the programs. Of libgsf the build that mends the known overflows
+# of the compound-file reader is needed, which its interface does not tell.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libgsf-1-114 (>= 1.14.50-1+deb12u1)")
 include(CPack)
