@@ -6,7 +6,8 @@
 namespace brackwater::test {
 
 pid_t ToolTest::startExport(const std::string& output, const std::string& fault) {
-    ToolStart start{{"--template-path", _template, _bundle, output}, {}, _folder.path("log"), _mostBytesOfAFile};
+    ToolStart start{
+        BRACKWATER_TOOL, {"--template-path", _template, _bundle, output}, {}, _folder.path("log"), _mostBytesOfAFile};
     start.environment["XDG_CONFIG_HOME"] = _folder.path("config");
     start.environment["TZ"] = "UTC";
     if (!fault.empty()) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "ToolRun.h"
-
 #include "support/PlanBundle.h"
 #include "support/TempFolder.h"
+#include "support/ToolRun.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,9 @@
 
 namespace brackwater::test {
 
-/// How the built program is started.
+/// How a built program is started.
 struct ToolStart {
+    std::string program;                ///< its path
     std::vector<std::string> arguments; ///< behind its name
     std::map<std::string, std::string> environment;
     std::string logPath;         ///< takes standard error

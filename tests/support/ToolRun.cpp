@@ -1,4 +1,4 @@
-#include "ToolRun.h"
+#include "support/ToolRun.h"
 
 #include <csignal>
 #include <cstdio>
@@ -26,11 +26,11 @@ namespace {
         const rlimit limit{start.mostBytesOfAFile, start.mostBytesOfAFile};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    std::vector<char*> arguments{const_cast<char*>(BRACKWATER_TOOL)};
+    std::vector<char*> arguments{const_cast<char*>(start.program.c_str())};
     for (const std::string& argument : start.arguments)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
-    execv(BRACKWATER_TOOL, arguments.data());
+    execv(start.program.c_str(), arguments.data());
     _exit(127);
 }
 
