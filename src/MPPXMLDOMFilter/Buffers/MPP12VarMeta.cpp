@@ -24,6 +24,11 @@ void MPP12VarMeta::writeMetaHeader() {
     writeInteger(static_cast<std::uint32_t>(_var2Data->cumulativeDataSize())); // 20
 }
 
+inline void MPP12VarMeta::requireElementLeft() const {
+    if (_curElementIndex >= _var2Data->elementsCount())
+        throw Exception(kRangeException, "Attempt to write too many elements into VarMeta");
+}
+
 void MPP12VarMeta::writeElementMetaWithType(std::uint64_t type, std::uint64_t id) {
     requireElementLeft();
     writeRecord(id, _var2Data->offsetOfElementWithType(type, id), type);
@@ -34,16 +39,11 @@ void MPP12VarMeta::writeNextElementMetaWithID(std::uint64_t id, std::uint64_t ty
     writeRecord(id, _var2Data->offsetOfElementAtIndex(_curElementIndex), type);
 }
 
-void MPP12VarMeta::requireElementLeft() const {
-    if (_curElementIndex >= _var2Data->elementsCount())
-        throw Exception(kRangeException, "Attempt to write too many elements into VarMeta");
-}
-
 void MPP12VarMeta::writeRecord(std::uint64_t id, std::uint64_t offset, std::uint64_t type) {
-    writeInteger(static_cast<std::uint32_t>(id));        //  0
-    writeInteger(static_cast<std::uint32_t>(offset));    //  4  of the element's size field
-    write2ByteInteger(static_cast<std::uint16_t>(type)); //  8
-    write2ByteInteger(_descriptionEnding);               // 10
+    const std::uint32_t typeAndEnding = static_cast<std::uint16_t>(type) | std::uint32_t{_descriptionEnding} << 16;
+    writeIntegers(static_cast<std::uint32_t>(id),      // 0
+                  static_cast<std::uint32_t>(offset)); // 4  of the element's size field
+    writeInteger(typeAndEnding);                       // 8  2 bytes each
     ++_curElementIndex;
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <tuple>
 
 namespace brackwater {
@@ -34,7 +35,10 @@ constexpr std::int64_t floorDivide(std::int64_t dividend, std::int64_t divisor) 
 /// Bytes of an integer, little-endian, whatever the machine's order.
 template <typename Unsigned>
 constexpr std::array<std::uint8_t, sizeof(Unsigned)> littleEndian(Unsigned value) noexcept {
-    std::array<std::uint8_t, sizeof(Unsigned)> bytes{};
+    using Bytes = std::array<std::uint8_t, sizeof(Unsigned)>;
+    if constexpr (std::endian::native == std::endian::little)
+        return std::bit_cast<Bytes>(value);
+    Bytes bytes{};
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<std::uint8_t>(value >> (8 * i) & 0xFF);
     return bytes;
@@ -56,18 +60,12 @@ std::uint16_t dayCount(std::int64_t wallSeconds) noexcept {
 
 MPPData::MPPData() { _bytes.reserve(kInitialCapacity); }
 
-std::uint8_t* MPPData::append(std::size_t count) {
-    if (_bytes.size() - _size < count)
-        _bytes.resize(_size + count + kRoom);
-    std::uint8_t* place = _bytes.data() + _size;
-    _size += count;
-    return place;
-}
+void MPPData::makeRoom(std::size_t count) { _bytes.resize(_size + count + kRoom); }
 
 template <typename Unsigned>
 void MPPData::appendInteger(Unsigned value) {
     const auto bytes = littleEndian(value);
-    std::copy(bytes.begin(), bytes.end(), append(bytes.size()));
+    std::memcpy(append(bytes.size()), bytes.data(), bytes.size());
 }
 
 void MPPData::appendText(std::string_view text, MPPEncoding encoding) {
@@ -78,6 +76,10 @@ void MPPData::appendText(std::string_view text, MPPEncoding encoding) {
 }
 
 void MPPData::writeInteger(std::uint32_t value) { appendInteger(value); }
+
+void MPPData::writeIntegers(std::uint32_t first, std::uint32_t second) {
+    appendInteger(std::uint64_t{second} << 32 | first);
+}
 
 void MPPData::write2ByteInteger(std::uint16_t value) { appendInteger(value); }
 

@@ -30,6 +30,8 @@ public:
     MPPData& operator=(const MPPData&) = delete;
 
     void writeInteger(std::uint32_t value);
+    /// Two integers at once, for the many records that begin with such a pair.
+    void writeIntegers(std::uint32_t first, std::uint32_t second);
     void write2ByteInteger(std::uint16_t value);
     void write1ByteInteger(std::uint8_t value);
     /// IEEE 754 binary64.
@@ -66,7 +68,14 @@ public:
 
 private:
     /// Room for `count` bytes at the end, which the caller fills.
-    std::uint8_t* append(std::size_t count);
+    std::uint8_t* append(std::size_t count) {
+        if (_bytes.size() - _size < count) [[unlikely]]
+            makeRoom(count);
+        std::uint8_t* place = _bytes.data() + _size;
+        _size += count;
+        return place;
+    }
+    void makeRoom(std::size_t count);
     template <typename Unsigned>
     void appendInteger(Unsigned value);
     template <typename Unsigned>

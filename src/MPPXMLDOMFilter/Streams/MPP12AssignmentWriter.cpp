@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 
 namespace brackwater {
@@ -218,12 +219,16 @@ Amounts amountsOfMaterial(const MPPAssignment& assignment) {
 } // namespace
 
 void MPP12AssignmentWriter::logAssignment(const MPPAssignment& assignment) {
-    std::array<char, 320> work; // the longest number of six decimals has 317 characters
-    const auto end =
-        std::to_chars(work.data(), work.data() + work.size(), assignment.work, std::chars_format::fixed, 6);
-    _logLine = "+++ curAssignment: <MPPAssignment>, work: ";
-    _logLine.append(work.data(), end.ptr);
-    _logLine += assignment.resource.record() ? " resource: <MPPResource>" : " resource: (null)";
+    const LoggedValues values{std::bit_cast<std::uint64_t>(assignment.work), assignment.resource.record() != nullptr};
+    if (_logLine.empty() || values != _loggedValues) {
+        std::array<char, 320> work; // the longest number of six decimals has 317 characters
+        const auto end =
+            std::to_chars(work.data(), work.data() + work.size(), assignment.work, std::chars_format::fixed, 6);
+        _logLine = "+++ curAssignment: <MPPAssignment>, work: ";
+        _logLine.append(work.data(), end.ptr);
+        _logLine += values.hasResource ? " resource: <MPPResource>" : " resource: (null)";
+        _loggedValues = values;
+    }
     logLine(_logLine);
 }
 

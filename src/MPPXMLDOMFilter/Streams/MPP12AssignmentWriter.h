@@ -32,6 +32,13 @@ protected:
     void writeSteps() override;
 
 private:
+    /// What makes one log line differ from another.
+    struct LoggedValues {
+        std::uint64_t workBits = 0;
+        bool hasResource = false;
+        friend bool operator==(const LoggedValues&, const LoggedValues&) = default;
+    };
+
     void writeVar2Data();
     void writeVarMeta();
     void writeFixedData();
@@ -52,7 +59,8 @@ private:
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
     std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
-    std::string _logLine; ///< kept, since there is one for each assignment
+    std::string _logLine; ///< the latest one: neighbours often log the same
+    LoggedValues _loggedValues;
 };
 
 } // namespace brackwater
