@@ -133,7 +133,7 @@ TEST_F(ChangingInput, TemplateThatIsCutWhileItIsCopiedStopsAtTheEntry) {
 TEST_F(ChangingInput, FolderThatAppearsAtTheDestinationStaysAndNoTemporaryFileDoes) {
     const auto putFolder = [&] { _folder.write("out/Plan.mpp/inner", "earlier"); };
     EXPECT_THAT(failureWith("opening a file at path " + _output, putFolder),
-                StartsWith("WARNING: Writing stopped at '" + _template + "': the output cannot be created: "));
+                StartsWith("WARNING: Writing stopped at '" + _output + "': the output cannot be created: "));
     EXPECT_EQ(_folder.read("out/Plan.mpp/inner"), "earlier");
 }
 

@@ -8,6 +8,7 @@
 #include "MPPXMLDOMFilter/Walk/EntryTable.h"
 #include "MPPXMLDOMFilter/Walk/TemplateWalk.h"
 #include "Platform/Log.h"
+#include "Platform/PathText.h"
 
 #include <fmt/core.h>
 
@@ -19,11 +20,14 @@ namespace {
 
 constexpr int kFormat2007 = 2;
 
-std::string reasonOfRefusal(int formatVersion) {
+std::string reasonOfRefusal(const FileURL& templateUrl, int formatVersion) {
+    if (kindOfPath(templateUrl.path()) == PathKind::Missing)
+        return "the template cannot be found any more";
     if (formatVersion == 0)
         return "the template cannot be read, or names no known format";
-    return fmt::format("a template of format version {} cannot be written, only one of version {}", formatVersion,
-                       kFormat2007);
+    return fmt::format(
+        "the template is of Microsoft Project {} (format version {}), and one of 2007 (version {}) is needed",
+        formatVersion < kFormat2007 ? "2003 or earlier" : "2010 or later", formatVersion, kFormat2007);
 }
 
 /// Opens the output, walks the template into it and closes it. A failed walk leaves the output as far as it got.
@@ -31,13 +35,13 @@ bool writeEntriesToUrl(MPPProject* project, const MPPFormatReader& templateRoot,
                        MPPWriteFailure& failure) {
     MPPFormatWriter output(outputUrl);
     if (!output.open()) {
-        failure.reason = fmt::format("the output cannot be created: {}", output.failureText());
+        failure = {outputUrl.path(), fmt::format("the output cannot be created: {}", output.failureText())};
         return false;
     }
     const bool written = TemplateWalk(project, failure).writeEntries(templateRoot, output);
     const bool closed = output.close();
     if (written && !closed)
-        failure.reason = fmt::format("the output cannot be finished: {}", output.failureText());
+        failure = {outputUrl.path(), fmt::format("the output cannot be finished: {}", output.failureText())};
     return written && closed;
 }
 
@@ -62,7 +66,7 @@ bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUr
     MPPWriteFailure found;
     bool written = false;
     if (const int version = getFormatVersionOfTemplateAtUrl(templateUrl); version != kFormat2007) {
-        found.reason = reasonOfRefusal(version);
+        found.reason = reasonOfRefusal(templateUrl, version);
     } else {
         if (project != nullptr)
             preprocessProject(*project);

@@ -9,7 +9,7 @@ namespace brackwater {
 
 /// Where and why a write stopped, for the driver's log line.
 struct MPPWriteFailure {
-    std::string entryPath; ///< "   112/TBkndCal", or the template's path where no entry was reached
+    std::string entryPath; ///< "   112/TBkndCal", or the path of the template or the output where no entry was reached
     std::string reason;
 };
 

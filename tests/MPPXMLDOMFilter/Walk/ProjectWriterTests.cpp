@@ -72,7 +72,12 @@ TEST_F(ProjectWriter, OtherFormatVersionsAreRefusedWithoutAWord) {
     }
     EXPECT_EQ(_failure.reason, "the template cannot be read, or names no known format");
     write(refused[1]);
-    EXPECT_EQ(_failure.reason, "a template of format version 3 cannot be written, only one of version 2");
+    EXPECT_EQ(
+        _failure.reason,
+        "the template is of Microsoft Project 2010 or later (format version 3), and one of 2007 (version 2) is needed");
+    std::filesystem::remove(_template);
+    EXPECT_FALSE(MPPProjectWriter::writeProject(nullptr, urlOf(_output), urlOf(_template), &_failure));
+    EXPECT_EQ(_failure.reason, "the template cannot be found any more");
 }
 
 TEST_F(ProjectWriter, ProjectIsPreparedOnlyForATemplateThatIsWritten) {
@@ -93,7 +98,7 @@ TEST_F(ProjectWriter, ProjectIsPreparedOnlyForATemplateThatIsWritten) {
 TEST_F(ProjectWriter, OutputThatCannotBeCreatedEndsTheWrite) {
     const std::string output = _folder.path("missing/Out.mpp");
     EXPECT_FALSE(write(bytesOfCompoundFile(kCopied), output));
-    EXPECT_EQ(_failure.entryPath, _template);
+    EXPECT_EQ(_failure.entryPath, output);
     EXPECT_TRUE(_log.contains("'" + output + "' error: "));
     EXPECT_EQ(_log.lines().back(), "writeProject finished\n");
     EXPECT_FALSE(std::filesystem::exists(_folder.path("missing")));
