@@ -1,18 +1,20 @@
 // Arbitrary bytes as a file to show.
-#include <exception>
-
 #include "FuzzSupport.h"
+#include "LibraryLeaks.h"
+
 #include "mppinspect/CompoundFile.h"
 #include "mppinspect/ProjectFile.h"
 #include "mppinspect/TextReport.h"
+
+#include <exception>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace brackwater::inspect;
     try {
         const ProjectFile project = decode(CompoundFile::fromBytes(Bytes(data, data + size)));
-        for (const Section section : {Section::Summary, Section::Entries, Section::Properties, Section::Tasks,
-                                      Section::Resources, Section::Assignments, Section::Links, Section::Calendars,
-                                      Section::Complaints})
+        for (const Section section :
+             {Section::Summary, Section::Entries, Section::Properties, Section::Tasks, Section::Resources,
+              Section::Assignments, Section::Links, Section::Calendars, Section::Complaints})
             (void)report(project, section);
     } catch (const std::exception&) {
         // A file that is no compound file, or none that can be shown.

@@ -1,5 +1,6 @@
 // Arbitrary bytes as the template of a default project.
 #include "FuzzSupport.h"
+#include "LibraryLeaks.h"
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"

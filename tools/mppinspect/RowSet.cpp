@@ -62,9 +62,9 @@ VarData::VarData(const RowStreams& streams, const std::string& where, Complaints
 }
 
 VarData::Owned VarData::elementsOf(std::uint32_t owner) const {
-    const auto ownerOf = [](const Element& element) { return static_cast<std::uint32_t>(element.key >> 16); };
-    const auto owned = std::ranges::equal_range(_elements, owner, {}, ownerOf);
-    return {owned.begin(), owned.end()};
+    const auto first = std::ranges::lower_bound(_elements, std::uint64_t{owner} << 16, {}, &Element::key);
+    const auto end = std::ranges::lower_bound(_elements, (std::uint64_t{owner} + 1) << 16, {}, &Element::key);
+    return {first, end};
 }
 
 ByteView VarData::find(Owned elements, std::uint16_t type) {
