@@ -25,6 +25,10 @@ if(BRACKWATER_SANITIZE)
     target_compile_options(brackwater_settings INTERFACE -Wno-maybe-uninitialized)
   endif()
   target_link_options(brackwater_settings INTERFACE -fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The compiler loses track of what is set where the sanitizers put their checks in between.
+    target_compile_options(brackwater_settings INTERFACE -Wno-maybe-uninitialized)
+  endif()
 endif()
 if(BRACKWATER_FUZZ)
   target_compile_options(brackwater_settings INTERFACE -fsanitize=fuzzer-no-link)
@@ -35,7 +39,8 @@ if(BRACKWATER_COVERAGE)
 endif()
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   # Hardening for the program that reads other people's files.
-  target_compile_options(brackwater_settings INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2 -fPIE
+  target_compile_options(brackwater_settings INTERFACE -fstack-protector-strong -fstack-clash-protection
+                         -D_FORTIFY_SOURCE=2 -fPIE
                          -D_GLIBCXX_ASSERTIONS)
   target_link_options(brackwater_settings INTERFACE -pie -Wl,-z,relro,-z,now)
 endif()

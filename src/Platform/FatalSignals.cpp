@@ -21,7 +21,7 @@ constinit FileRemovedAtSignal* newestFile = nullptr;
 void die(int signalNumber) {
     flushLog();
     // The handler was taken off when it was entered (SA_RESETHAND), so this ends the process as the signal would have.
-    raise(signalNumber);
+    static_cast<void>(raise(signalNumber));
 }
 
 void cleanAndDie(int signalNumber) {

@@ -8,11 +8,10 @@ constexpr Guid kDefaultResourceGuid{
     Guid::Bytes{0x7E, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xFF}};
 } // namespace
 
-MPPProject::MPPProject() {
+MPPProject::MPPProject()
+    : standardCalendar(std::make_shared<MPPCalendar>()), summaryInfo(std::make_shared<MPPSummaryInformation>()) {
     taskType = 1;
-    summaryInfo = std::make_shared<MPPSummaryInformation>();
 
-    standardCalendar = std::make_shared<MPPCalendar>();
     standardCalendar->name = "Standard";
 
     auto defaultCalendar = std::make_shared<MPPCalendar>(kDefaultResourceGuid);
