@@ -109,6 +109,18 @@ TEST(AssignmentMapper, FailsForResourcesThatItCannotFindOrThatSayNothing) {
                        "No Resource ID is associated witgh the Assignment.");
 }
 
+// Such a task has the empty UID, which is valid once; only its assignments need an id.
+TEST(AssignmentMapper, TaskWithAnEmptyIdFailsWhereItHasAssignments) {
+    auto scenario = ScenarioBuilder()
+                        .resource("r-1", "type=Group child=r1")
+                        .resource("r1", "type=Staff")
+                        .task("t-1", "type=group", "<child-task idref=''/>");
+    auto withDummy = scenario;
+    const MappedProject project(withDummy.task(""));
+    EXPECT_EQ(project->tasks.size(), 2U);
+    expectMappingFails(scenario.task("", "assign=r1"), "No Task ID is associated witgh the Assignment.");
+}
+
 TEST(AssignmentMapper, GroupsAndResourcesOutsideTheTreeFailAtTheEnd) {
     expectMappingFails(taskWithResources("assign=r6").resource("r6", "type=Group"),
                        "Can not find Resource ID for Resource with UID='6' in the map.");
