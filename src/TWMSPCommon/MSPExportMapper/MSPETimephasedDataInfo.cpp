@@ -15,8 +15,8 @@ namespace {
 constexpr int kSunday = 1;
 constexpr int kSaturday = 7;
 
-// Far beyond the 180 years of dates that the target holds: a damaged date must not fill the memory with days.
-constexpr double kMostDays = 1'000'000;
+// Beyond the 180 years of dates that the target holds: a damaged date must not fill time and memory with days.
+constexpr double kMostDays = 100'000;
 constexpr double kSecondsOfDay = 86'400;
 
 CivilTime lastSecondOfDay(CivilTime time) {
