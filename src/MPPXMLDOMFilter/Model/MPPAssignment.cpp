@@ -7,12 +7,29 @@
 
 namespace brackwater {
 
+namespace {
+
+template <typename Record>
+void appendIdOf(const Record* record, std::string& text) {
+    if (record)
+        text.append("ID=").append(fmt::format_int(record->ID).c_str());
+    else
+        text += "<null>";
+}
+
+} // namespace
+
 std::string MPPAssignment::description() const {
-    const MPPTask* taskRecord = task.pointer();
-    const MPPResource* resourceRecord = resource.pointer();
-    return fmt::format("<MPPAssignment>: ID={} task: {} resource: {}", ID,
-                       taskRecord ? fmt::format("ID={}", taskRecord->ID) : "<null>",
-                       resourceRecord ? fmt::format("ID={}", resourceRecord->ID) : "<null>");
+    std::string text;
+    appendDescriptionTo(text);
+    return text;
+}
+
+void MPPAssignment::appendDescriptionTo(std::string& text) const {
+    text.append("<MPPAssignment>: ID=").append(fmt::format_int(ID).c_str()).append(" task: ");
+    appendIdOf(task.pointer(), text);
+    text += " resource: ";
+    appendIdOf(resource.pointer(), text);
 }
 
 } // namespace brackwater

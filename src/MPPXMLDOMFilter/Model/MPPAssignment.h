@@ -53,6 +53,8 @@ struct MPPAssignment {
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     [[nodiscard]] std::uint16_t getDelay() const { return 0; }
     [[nodiscard]] std::string description() const;
+    /// The same for a line that is logged for each assignment: without a text of its own.
+    void appendDescriptionTo(std::string& text) const;
 
 private:
     Guid _GUID;

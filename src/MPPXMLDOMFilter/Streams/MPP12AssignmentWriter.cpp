@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
 
 namespace brackwater {
 
@@ -219,17 +218,26 @@ Amounts amountsOfMaterial(const MPPAssignment& assignment) {
 } // namespace
 
 void MPP12AssignmentWriter::logAssignment(const MPPAssignment& assignment) {
-    const LoggedValues values{std::bit_cast<std::uint64_t>(assignment.work), assignment.resource.record() != nullptr};
-    if (_logLine.empty() || values != _loggedValues) {
-        std::array<char, 320> work; // the longest number of six decimals has 317 characters
-        const auto end =
-            std::to_chars(work.data(), work.data() + work.size(), assignment.work, std::chars_format::fixed, 6);
-        _logLine = "+++ curAssignment: <MPPAssignment>, work: ";
-        _logLine.append(work.data(), end.ptr);
-        _logLine += values.hasResource ? " resource: <MPPResource>" : " resource: (null)";
-        _loggedValues = values;
-    }
+    _logLine = "+++ curAssignment: ";
+    assignment.appendDescriptionTo(_logLine);
+    _logLine += ", work: ";
+    _logLine += loggedWork(assignment.work);
+    _logLine += " resource: ";
+    _logLine += loggedResource(assignment.resource.record());
     logLine(_logLine);
+}
+
+const std::string& MPP12AssignmentWriter::loggedWork(double work) {
+    const auto bits = std::bit_cast<std::uint64_t>(work);
+    if (_loggedWork.text.empty() || bits != _loggedWork.bits)
+        _loggedWork = {bits, fmt::format("{:.6f}", work)};
+    return _loggedWork.text;
+}
+
+const std::string& MPP12AssignmentWriter::loggedResource(const MPPResource* resource) {
+    if (resource != _loggedResource.resource)
+        _loggedResource = {resource, resource ? resource->description() : "(null)"};
+    return _loggedResource.text;
 }
 
 void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assignment) {

@@ -32,11 +32,14 @@ protected:
     void writeSteps() override;
 
 private:
-    /// What makes one log line differ from another.
-    struct LoggedValues {
-        std::uint64_t workBits = 0;
-        bool hasResource = false;
-        friend bool operator==(const LoggedValues&, const LoggedValues&) = default;
+    /// Texts of log lines that neighbours often share.
+    struct LoggedWork {
+        std::uint64_t bits = 0;
+        std::string text;
+    };
+    struct LoggedResource {
+        const MPPResource* resource = nullptr;
+        std::string text = "(null)";
     };
 
     void writeVar2Data();
@@ -49,6 +52,8 @@ private:
     void writeAssignmentVar2Data(const MPPAssignment& assignment, EncodedDate momentOfWriting);
     void writeAssignmentFixedData(const MPPAssignment& assignment);
     void logAssignment(const MPPAssignment& assignment);
+    [[nodiscard]] const std::string& loggedWork(double work);
+    [[nodiscard]] const std::string& loggedResource(const MPPResource* resource);
     void writeHoleFixedData(std::uint64_t id);
     /// The ID of the last assignment: the rows count up to it.
     [[nodiscard]] std::uint64_t lastID() const;
@@ -59,8 +64,9 @@ private:
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
     std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
-    std::string _logLine; ///< the latest one: neighbours often log the same
-    LoggedValues _loggedValues;
+    std::string _logLine; ///< kept for its memory
+    LoggedWork _loggedWork;
+    LoggedResource _loggedResource;
 };
 
 } // namespace brackwater

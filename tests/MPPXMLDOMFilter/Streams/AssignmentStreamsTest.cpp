@@ -3,6 +3,7 @@
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
 #include "support/LogCapture.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <initializer_list>
@@ -228,13 +229,24 @@ TEST_F(AssignmentStreams, AnIDWithoutAnAssignmentLeavesAHole) {
     EXPECT_EQ(stream("Fixed2Data").size(), 2U * 48U);
 }
 
-TEST_F(AssignmentStreams, EachAssignmentIsLogged) {
+TEST_F(AssignmentStreams, EachAssignmentIsLoggedAsItDescribesItself) {
+    MPPResource other;
+    other.ID = 12;
+    other.name = "Crane";
     addAssignment(&task, &resource).work = 1.25;
+    addAssignment(&task, &other).work = 1.25;
     addAssignment(&task, nullptr);
     ASSERT_TRUE(writeAssignments()) << failureReason;
-    EXPECT_THAT(log.lines(),
-                testing::ElementsAre("+++ curAssignment: <MPPAssignment>, work: 1.250000 resource: <MPPResource>",
-                                     "+++ curAssignment: <MPPAssignment>, work: 0.000000 resource: (null)"));
+    const std::vector<std::string> lines = log.lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(
+        lines[0],
+        fmt::format("+++ curAssignment: <MPPAssignment>: ID=1 task: ID=1 resource: ID={}, work: 1.250000 resource: {}",
+                    resource.ID, resource.description()));
+    EXPECT_EQ(lines[1], "+++ curAssignment: <MPPAssignment>: ID=2 task: ID=1 resource: ID=12, work: 1.250000 resource: "
+                        "<MPPResource>: ID=12 name=\"Crane\" group=\"(null)\" type=0 (Work) calendar: <null>");
+    EXPECT_EQ(lines[2], "+++ curAssignment: <MPPAssignment>: ID=3 task: ID=1 resource: <null>, work: 0.000000 "
+                        "resource: (null)");
 }
 
 } // namespace
