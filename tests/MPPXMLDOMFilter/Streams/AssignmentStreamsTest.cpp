@@ -1,6 +1,7 @@
 #include "StreamsTest.h"
 
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
+#include "Platform/TimeZone.h"
 #include "support/LogCapture.h"
 
 #include <fmt/format.h>
@@ -167,6 +168,18 @@ TEST_F(AssignmentStreams, MaterialShowsQuantitiesInsteadOfWork) {
     };
     EXPECT_THAT(amounts(0), testing::ElementsAre(3, 180000, 135000, 180000, 45000));
     EXPECT_THAT(amounts(1), testing::ElementsAre(3, 180000, 0, 180000, 180000)) << "nothing is done of no work";
+}
+
+TEST_F(AssignmentStreams, TheMomentOfWritingIsThePresent) {
+    addAssignment(&task, &resource);
+    const std::uint32_t before = MPPData::encodedDate(Date::now(), TimeZone::system());
+    ASSERT_TRUE(writeAssignments()) << failureReason;
+    const std::uint32_t after = MPPData::encodedDate(Date::now(), TimeZone::system());
+    const auto records = varRecords();
+    ASSERT_EQ(records.at(1).type, 634);
+    // Days stand above tenths of a minute, so later moments are greater numbers.
+    EXPECT_GE(integerAt(records.at(1).payload, 0), before);
+    EXPECT_LE(integerAt(records.at(1).payload, 0), after);
 }
 
 TEST_F(AssignmentStreams, BaselinesAndNotesHaveElementsAndBits) {

@@ -245,7 +245,9 @@ TEST_F(TaskStreams, FlagsFollowNotesAndSettings) {
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstTaskRow), expected));
     EXPECT_EQ(wordAt(fixedRow(kFirstTaskRow), 64), 7);
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstTaskRow + 1), metaOfPlainTask().integer(4, 48 + 2 * 264)));
-    EXPECT_EQ(idsAndTypes(varRecords()), "0:14 0:1252 1:14 1:15 2:14");
+    const auto records = varRecords();
+    EXPECT_EQ(idsAndTypes(records), "0:14 0:1252 1:14 1:15 2:14");
+    EXPECT_TRUE(sameBytes(records.at(1).payload, ByteImage(8).integer(0, 1).integer(4, 1)));
 }
 
 TEST_F(TaskStreams, TheProjectsOwnNotesTextsAndBaselinesSetItsFlags) {
