@@ -196,5 +196,31 @@ TEST(Records, ADescribedWeekTellsAbsentDaysFromFreeOnes) {
     EXPECT_EQ(range->description(), "<MPPCalendarTimeRange>: start=08:00 end=12:00");
 }
 
+TEST(Records, ADescribedCalendarListsItsWeeksAndExceptions) {
+    auto base = std::make_shared<MPPCalendar>();
+    base->ID = 3;
+    MPPCalendar calendar;
+    calendar.ID = 5;
+    calendar.name = "Shift";
+    calendar.baseCalendar.setRecord(base);
+    EXPECT_EQ(calendar.description(), "<MPPCalendar>: ID=5 name=\"Shift\" isBaseCalendar=NO baseCalendar: ID=3\n"
+                                      "  defaultWorkWeek: (null)\n  workWeeks=0\n  exceptions=0");
+
+    auto week = std::make_shared<MPPCalendarWorkWeek>();
+    auto exception = std::make_shared<MPPCalendarException>();
+    exception->name = "Fair";
+    calendar.isBaseCalendar = true;
+    calendar.baseCalendar.clear();
+    calendar.defaultWorkWeek = week;
+    calendar.workWeeks = {week};
+    calendar.exceptions = {exception, exception};
+    const std::string fair = "<MPPCalendarException>: name='Fair' startDate=(null) endDate=(null) workRanges=0\n    ";
+    EXPECT_EQ(calendar.description(), "<MPPCalendar>: ID=5 name=\"Shift\" isBaseCalendar=YES baseCalendar: <null>\n"
+                                      "  defaultWorkWeek: " +
+                                          week->description() +
+                                          "\n  workWeeks=1\n  workWeek[0]: " + week->description() +
+                                          "\n  exceptions=2\n  exception[0]: " + fair + "\n  exception[1]: " + fair);
+}
+
 } // namespace
 } // namespace brackwater::test
