@@ -16,7 +16,8 @@ template <typename Integer>
     // The limits as doubles: the upper one is rounded up to a power of two where the type has more than 53 bits, so it
     // is compared with >=.
     constexpr double lowest = static_cast<double>(std::numeric_limits<Integer>::min());
-    constexpr double beyond = static_cast<double>(std::numeric_limits<Integer>::max() / 2 + 1) * 2.0;
+    constexpr Integer halfBeyond = std::numeric_limits<Integer>::max() / 2 + 1;
+    constexpr double beyond = static_cast<double>(halfBeyond) * 2.0;
     if (value >= beyond)
         return std::numeric_limits<Integer>::max();
     if (value <= lowest)

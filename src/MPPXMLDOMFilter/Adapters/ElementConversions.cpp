@@ -30,7 +30,8 @@ std::optional<Date> date(ElementText text) { return MSPIUtilities::mspdiToMppDat
 double duration(ElementText text) { return MSPIUtilities::mspdiToMppDuration(orEmpty(text)); }
 
 double wholeHours(ElementText text) {
-    return static_cast<double>(MSPIUtilities::mspdiDurationInSecs(orEmpty(text)) / kSecondsPerHour);
+    const auto hours = MSPIUtilities::mspdiDurationInSecs(orEmpty(text)) / kSecondsPerHour;
+    return static_cast<double>(hours);
 }
 
 std::string_view shown(ElementText text) noexcept { return text.value_or("(null)"); }

@@ -57,7 +57,11 @@ std::vector<MSPETimephasedDataInfo::Day> MSPETimephasedDataInfo::days() const {
 
 void MSPETimephasedDataInfo::addTimephasedDataToArray(MSPETimephasedDataArray& array,
                                                       std::vector<bool>* workingDays) const {
-    for (const Day& day : days()) {
+    const std::vector<Day> spanDays = days();
+    // A few segments that each span all of time would do the same.
+    assertThat(static_cast<double>(array.size() + spanDays.size()) <= kMostDays,
+               "Timephased data of one task is longer than {:.0f} days.", kMostDays);
+    for (const Day& day : spanDays) {
         array.push_back(newDayElement(day));
         if (workingDays)
             workingDays->push_back(day.isWorkingDay);
