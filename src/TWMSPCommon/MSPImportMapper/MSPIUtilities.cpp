@@ -4,6 +4,7 @@
 #include "Platform/GregorianCalendar.h"
 #include "TWMSPCommon/MSPImportMapper/IsoPrinter.h"
 #include "TWMSPCommon/MSPImportMapper/IsoScanner.h"
+#include "TWMSPCommon/MSPImportMapper/RecentResults.h"
 
 #include <fmt/format.h>
 
@@ -73,6 +74,28 @@ Parsed parse(std::string_view text, std::string_view form) {
 }
 
 bool isRead(UnitMask units) { return units != 0 && units != NSNotFound; }
+
+/// What `convert` makes of a text in the system zone, from the last conversions where it is among them.
+template <typename Result, typename Convert>
+Result recentOrNew(RecentResults<ShortTextKey, Result>& recent, std::string_view text, Convert convert) {
+    if (text.size() > ShortTextKey::kLongest)
+        return convert();
+    const ShortTextKey key(text);
+    return recent.get(TimeZone::system(), key, key.hash(), convert);
+}
+
+std::optional<Date> dateFromMspdi(std::string_view text) {
+    const Parsed parsed = parse(text, "MSPDI");
+    assertThat(parsed.units != 0 && (parsed.units & MSPCTimeZoneMask) == 0,
+               "Not a valid MSPDI date-time: '{}' (time zone?).", text);
+    return MSPIUtilities::dateFromComponents(parsed.components);
+}
+
+std::string zelbFromDate(Date date, const TimeZone& zone, Date now) {
+    MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar(zone).fieldsOfDate(date)));
+    components.forceSystemTimezoneforDate(date, now);
+    return iso::print(components, MSPCAllUnits);
+}
 
 UnitMask unitsOf(std::string_view text) {
     MSPCDateComponents components;
@@ -153,10 +176,8 @@ bool MSPIUtilities::isMspdiDuration(std::string_view text) {
 std::optional<Date> MSPIUtilities::mspdiToMppDateTime(std::string_view text) {
     if (text.empty())
         return std::nullopt;
-    const Parsed parsed = parse(text, "MSPDI");
-    assertThat(parsed.units != 0 && (parsed.units & MSPCTimeZoneMask) == 0,
-               "Not a valid MSPDI date-time: '{}' (time zone?).", text);
-    return dateFromComponents(parsed.components);
+    static RecentResults<ShortTextKey, std::optional<Date>> recent;
+    return recentOrNew(recent, text, [text] { return dateFromMspdi(text); });
 }
 
 std::optional<Date> MSPIUtilities::zelbToMppDateTime(std::string_view text) {
@@ -172,9 +193,19 @@ std::optional<Date> MSPIUtilities::zelbToMppDateTime(std::string_view text) {
 std::optional<std::string> MSPIUtilities::mppToZelbDateTime(std::optional<Date> date) {
     if (!date)
         return std::nullopt;
-    MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar().fieldsOfDate(*date)));
-    components.forceSystemTimezoneforDate(date);
-    return iso::print(components, MSPCAllUnits);
+    // The offset that is told depends on the present one as well.
+    struct Key {
+        std::uint64_t date = 0;
+        std::int64_t offsetNow = 0;
+        bool isDaylightNow = false;
+        bool operator==(const Key&) const = default;
+    };
+    static RecentResults<Key, std::string> recent;
+    const TimeZone zone = TimeZone::system();
+    const Date now = Date::now();
+    const Key key{std::bit_cast<std::uint64_t>(date->secondsSince1970), zone.secondsFromGMT(now),
+                  zone.isDaylightSavingTime(now)};
+    return recent.get(zone, key, key.date * 0x9E3779B97F4A7C15U, [&] { return zelbFromDate(*date, zone, now); });
 }
 
 std::optional<std::string> MSPIUtilities::mppToMspdiDateTime(std::optional<Date> date) {
@@ -183,7 +214,8 @@ std::optional<std::string> MSPIUtilities::mppToMspdiDateTime(std::optional<Date>
 }
 
 std::optional<std::string> MSPIUtilities::zelbToMspdiDateTime(std::string_view text) {
-    return zelbToMspdiDateTime(text, 0);
+    static RecentResults<ShortTextKey, std::optional<std::string>> recent;
+    return recentOrNew(recent, text, [text] { return zelbToMspdiDateTime(text, 0); });
 }
 
 std::optional<std::string> MSPIUtilities::zelbToMspdiDateOnly(std::string_view text) {
