@@ -1,16 +1,13 @@
 #include "Platform/XMLDocument.h"
 
-#include "Platform/XMLIndex.h"
 #include "Platform/XMLParser.h"
-
-#include <libxml/parser.h>
-#include <libxml/tree.h>
+#include "Platform/XMLPrinter.h"
+#include "Platform/XMLTree.h"
 
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
-#include <new>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -78,17 +75,11 @@ std::optional<std::string> textOfFile(const std::string& path, std::string& faul
     return text;
 }
 
-const xmlChar* chars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
-
 } // namespace
 
-XMLDocument::XMLDocument(_xmlDoc* document) : _document(document), _index(std::make_unique<XMLIndex>(document)) {
-    _document->_private = _index.get();
-    if (_document->encoding == nullptr) // without one, the library prints letters beyond ASCII as references
-        _document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-}
+XMLDocument::XMLDocument(std::unique_ptr<xmltree::Tree> tree) : _tree(std::move(tree)) {}
 
-XMLDocument::~XMLDocument() { xmlFreeDoc(_document); }
+XMLDocument::~XMLDocument() = default;
 
 std::unique_ptr<XMLDocument> XMLDocument::readFile(const std::string& path, std::string* reason) {
     return read([&path](std::string& fault) { return textOfFile(path, fault); }, path, reason);
@@ -100,34 +91,21 @@ std::unique_ptr<XMLDocument> XMLDocument::readText(std::string_view text, std::s
 
 std::unique_ptr<XMLDocument> XMLDocument::read(const XMLText& text, std::string_view name, std::string* reason) {
     std::string fault;
-    if (_xmlDoc* tree = parseXML(text, name, fault))
-        return std::unique_ptr<XMLDocument>(new XMLDocument(tree));
+    if (auto tree = parseXML(text, name, fault))
+        return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
     if (reason != nullptr)
         *reason = fault;
     return nullptr;
 }
 
 std::unique_ptr<XMLDocument> XMLDocument::withRootElement(std::string_view name) {
-    prepareXMLLibrary();
-    xmlDoc* tree = xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0"));
-    if (tree == nullptr)
-        throw std::bad_alloc();
-    xmlDocSetRootElement(tree, xmlNewDocNode(tree, nullptr, chars(std::string(name)), nullptr));
-    return std::unique_ptr<XMLDocument>(new XMLDocument(tree));
+    auto tree = std::make_unique<xmltree::Tree>();
+    xmltree::Tree::append(tree->document(), tree->newElement({tree->copyOf(name), name.size()}, nullptr));
+    return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
-XMLElement XMLDocument::rootElement() const { return XMLElement(xmlDocGetRootElement(_document)); }
+XMLElement XMLDocument::rootElement() const { return XMLElement(_tree->root()); }
 
-std::string XMLDocument::serialized() const {
-    constexpr int indented = 1;
-    xmlChar* bytes = nullptr;
-    int size = 0;
-    xmlDocDumpFormatMemoryEnc(_document, &bytes, &size, "UTF-8", indented);
-    if (bytes == nullptr)
-        return {};
-    const std::string text(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
-    xmlFree(bytes);
-    return text;
-}
+std::string XMLDocument::serialized() const { return xmltree::printed(*_tree); }
 
 } // namespace brackwater

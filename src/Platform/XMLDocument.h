@@ -8,11 +8,11 @@
 #include <string>
 #include <string_view>
 
-struct _xmlDoc; // NOLINT: libxml2's own name
-
 namespace brackwater {
 
-class XMLIndex;
+namespace xmltree {
+class Tree;
+}
 
 /// An XML document in memory, and the owner of all its nodes.
 ///
@@ -41,12 +41,11 @@ public:
     [[nodiscard]] std::string serialized() const;
 
 private:
-    explicit XMLDocument(_xmlDoc* document);
+    explicit XMLDocument(std::unique_ptr<xmltree::Tree> tree);
     static std::unique_ptr<XMLDocument> read(const std::function<std::optional<std::string>(std::string&)>& text,
                                              std::string_view name, std::string* reason);
 
-    _xmlDoc* _document;
-    std::unique_ptr<XMLIndex> _index;
+    std::unique_ptr<xmltree::Tree> _tree;
 };
 
 } // namespace brackwater

@@ -9,15 +9,17 @@
 #include <string_view>
 #include <vector>
 
-struct _xmlNode; // NOLINT: libxml2's own name; the library is included by this folder's sources only
-
 namespace brackwater {
+
+namespace xmltree {
+struct Element;
+}
 
 /// An element of an XML tree: a light handle that is copied freely and is valid as long as its XMLDocument. Names are
 /// local names.
 class XMLElement {
 public:
-    explicit XMLElement(_xmlNode* node) noexcept : _node(node) {}
+    explicit XMLElement(xmltree::Element* node) noexcept : _node(node) {}
 
     [[nodiscard]] std::string_view name() const noexcept;
     /// The text of the element and all elements below it.
@@ -26,8 +28,11 @@ public:
     /// otherwise into `storage`. Valid as long as both are left alone.
     [[nodiscard]] std::string_view textView(std::string& storage) const;
     [[nodiscard]] std::optional<std::string> attributeForName(std::string_view name) const;
-    /// The same without a copy, as `textView`.
-    [[nodiscard]] std::optional<std::string_view> attributeView(std::string_view name, std::string& storage) const;
+    /// The same without a copy: a view into the tree.
+    [[nodiscard]] std::optional<std::string_view> attributeView(std::string_view name) const noexcept;
+    [[nodiscard]] std::optional<std::string_view> attributeView(std::string_view name, std::string&) const noexcept {
+        return attributeView(name);
+    }
     [[nodiscard]] std::optional<XMLElement> parent() const noexcept;
     /// The elements below this one in document order: a reader that needs many children walks them once.
     [[nodiscard]] std::optional<XMLElement> firstChildElement() const noexcept;
@@ -55,11 +60,11 @@ public:
     void insertComment(std::string_view text, int index);
 
     /// The handle's node, for this folder's sources.
-    [[nodiscard]] _xmlNode* node() const noexcept { return _node; }
+    [[nodiscard]] xmltree::Element* node() const noexcept { return _node; }
     friend bool operator==(const XMLElement&, const XMLElement&) = default;
 
 private:
-    _xmlNode* _node;
+    xmltree::Element* _node;
 };
 
 struct XMLElement::LastFound {

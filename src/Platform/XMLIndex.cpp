@@ -1,6 +1,6 @@
 #include "Platform/XMLIndex.h"
 
-#include "Platform/XMLNodes.h"
+#include "Platform/XMLTree.h"
 
 #include <bit>
 #include <cstdint>
@@ -8,19 +8,20 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace brackwater {
 
-using namespace xmlnodes;
+using namespace xmltree;
 
 // A hash table from a value (or a value and a parent's value) to the elements that carry it. An entry is an element;
 // the first element of a value heads the chain of all that share it and is the one that hangs in a bucket.
 class XMLIndex::Table {
 public:
-    Table(const XMLQuery& query, const _xmlDoc* document)
+    Table(const XMLQuery& query, const Element* document)
         : _form(query.form()), _name(query.name()), _attribute(query.attribute()),
           _parentAttribute(query.parentAttribute()) {
-        if (xmlNode* root = xmlDocGetRootElement(document))
+        if (Element* root = elementFrom(document->first))
             collect(root);
         _buckets.resize(std::bit_ceil(_entries.size() + 1), kNone);
         for (std::uint32_t index = 0; index < _entries.size(); ++index)
@@ -33,15 +34,15 @@ public:
     }
 
     [[nodiscard]] LastFound lastFound(const XMLQuery& query) {
-        const std::uint32_t head = headOf({query.value(), query.parentValue()});
+        const std::uint32_t head = headOf(Key{query.value(), query.parentValue()});
         if (head == kNone)
             return {};
         return {_entries[head].count, _entries[_entries[head].lastOfValue].element};
     }
 
-    [[nodiscard]] std::vector<_xmlNode*> allFound(const XMLQuery& query) {
-        std::vector<_xmlNode*> found;
-        for (std::uint32_t index = headOf({query.value(), query.parentValue()}); index != kNone;
+    [[nodiscard]] std::vector<Element*> allFound(const XMLQuery& query) {
+        std::vector<Element*> found;
+        for (std::uint32_t index = headOf(Key{query.value(), query.parentValue()}); index != kNone;
              index = _entries[index].nextOfValue)
             found.push_back(_entries[index].element);
         return found;
@@ -64,8 +65,8 @@ private:
     };
 
     struct Entry {
-        _xmlNode* element;
-        std::string_view value; // kept at hand where it stands in one piece in the tree, else without data
+        Element* element;
+        Key key; // at hand, without a detour through the element's attributes
         std::uint32_t hash;
         std::uint32_t nextInBucket = kNone;
         std::uint32_t nextOfValue = kNone;
@@ -73,67 +74,50 @@ private:
         std::uint32_t count = 1;
     };
 
-    void collect(xmlNode* root) {
+    void collect(Element* root) {
         if (_form == XMLQuery::Form::ChildWithValue) {
-            for (xmlNode* node = root->children; node != nullptr; node = node->next)
+            for (Node* node = root->first; node != nullptr; node = node->next)
                 collectElement(node);
             return;
         }
-        for (xmlNode* node = root; node != nullptr; node = nextBelow(node, root))
+        for (Node* node = root; node != nullptr; node = nextBelow(node, root))
             collectElement(node);
     }
 
-    void collectElement(xmlNode* node) {
-        if (node->type != XML_ELEMENT_NODE || !isNamed(node->name, _name))
+    void collectElement(Node* node) {
+        if (node->kind != Kind::Element || asElement(node)->nameView() != _name)
             return;
-        if (const auto key = keyOf(node, _ownStorage)) {
-            const bool inOnePiece = key->value.data() != _ownStorage.value.data();
-            _entries.push_back({node, inOnePiece ? key->value : std::string_view(), key->hash()});
-        }
+        if (const auto key = keyOf(asElement(node)))
+            _entries.push_back({asElement(node), *key, key->hash()});
     }
-
-    // Room for values that do not stand in one piece in the tree.
-    struct Storage {
-        std::string value;
-        std::string parentValue;
-    };
 
     // Nothing where an attribute is missing.
-    std::optional<Key> keyOf(const xmlNode* element, Storage& storage) const {
-        const xmlAttr* own = attributeOf(element, _attribute);
+    std::optional<Key> keyOf(const Element* element) const {
+        const Attribute* own = attributeOf(element, _attribute);
         if (own == nullptr)
             return std::nullopt;
-        const std::string_view value = textOf(own->children, storage.value);
         if (_form == XMLQuery::Form::ChildWithValue)
-            return Key{value, {}};
-        const xmlNode* parent = element->parent;
-        if (parent == nullptr || parent->type != XML_ELEMENT_NODE)
-            return std::nullopt;
-        const xmlAttr* parents = attributeOf(parent, _parentAttribute);
+            return Key{own->view(), {}};
+        const Attribute* parents = attributeOf(element->parent, _parentAttribute); // the document has none
         if (parents == nullptr)
             return std::nullopt;
-        return Key{value, textOf(parents->children, storage.parentValue)};
-    }
-
-    bool hasKey(const Entry& entry, const Key& key) {
-        if (entry.value.data() != nullptr && _form == XMLQuery::Form::ChildWithValue)
-            return entry.value == key.value;
-        return keyOf(entry.element, _othersStorage) == key;
+        return Key{own->view(), parents->view()};
     }
 
     std::uint32_t& bucketOf(std::uint32_t hash) { return _buckets[hash & (_buckets.size() - 1)]; }
 
-    std::uint32_t headOf(const Key& key) {
-        const std::uint32_t hash = key.hash();
+    std::uint32_t headOf(const Key& key) { return headOf(key, key.hash()); }
+
+    std::uint32_t headOf(const Key& key, std::uint32_t hash) {
         std::uint32_t index = bucketOf(hash);
-        while (index != kNone && !(_entries[index].hash == hash && hasKey(_entries[index], key)))
+        while (index != kNone && !(_entries[index].hash == hash && _entries[index].key == key))
             index = _entries[index].nextInBucket;
         return index;
     }
 
     void insert(std::uint32_t index) {
         Entry& entry = _entries[index];
-        const std::uint32_t head = headOf(*keyOf(entry.element, _ownStorage));
+        const std::uint32_t head = headOf(entry.key, entry.hash);
         if (head == kNone) {
             std::uint32_t& bucket = bucketOf(entry.hash);
             entry.nextInBucket = bucket;
@@ -152,17 +136,15 @@ private:
     std::string _parentAttribute;
     std::vector<Entry> _entries;
     std::vector<std::uint32_t> _buckets;
-    Storage _ownStorage;    // of the element that is being added
-    Storage _othersStorage; // of the elements that a key is compared with
 };
 
-XMLIndex::XMLIndex(_xmlDoc* document) : _document(document) {}
+XMLIndex::XMLIndex(Element* document) : _document(document) {}
 
 XMLIndex::~XMLIndex() = default;
 
 XMLIndex::LastFound XMLIndex::lastFound(const XMLQuery& query) { return tableFor(query).lastFound(query); }
 
-std::vector<_xmlNode*> XMLIndex::allFound(const XMLQuery& query) { return tableFor(query).allFound(query); }
+std::vector<Element*> XMLIndex::allFound(const XMLQuery& query) { return tableFor(query).allFound(query); }
 
 void XMLIndex::clear() { _tables.clear(); }
 

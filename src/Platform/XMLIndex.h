@@ -6,10 +6,11 @@
 #include <memory>
 #include <vector>
 
-struct _xmlDoc;  // NOLINT: libxml2's own names
-struct _xmlNode; // NOLINT
-
 namespace brackwater {
+
+namespace xmltree {
+struct Element;
+}
 
 /// Elements of a document by the values of their attributes, for the two forms of query that name a value:
 /// NAME[@A='V'] relative to the root, and //NAME[@A='V' and ../@B='W']. For each combination of names that is asked for
@@ -17,7 +18,8 @@ namespace brackwater {
 /// document's size. The tables hold no copies of names or values.
 class XMLIndex {
 public:
-    explicit XMLIndex(_xmlDoc* document);
+    /// `document` is the node above the root.
+    explicit XMLIndex(xmltree::Element* document);
     ~XMLIndex();
     XMLIndex(const XMLIndex&) = delete;
     XMLIndex& operator=(const XMLIndex&) = delete;
@@ -25,11 +27,11 @@ public:
     /// How many elements a query finds, and the last of them in document order (null where it finds none).
     struct LastFound {
         std::size_t count = 0;
-        _xmlNode* last = nullptr;
+        xmltree::Element* last = nullptr;
     };
     [[nodiscard]] LastFound lastFound(const XMLQuery& query);
     /// All elements that a query finds, in document order.
-    [[nodiscard]] std::vector<_xmlNode*> allFound(const XMLQuery& query);
+    [[nodiscard]] std::vector<xmltree::Element*> allFound(const XMLQuery& query);
 
     /// Forgets all tables, since the tree has changed.
     void clear();
@@ -38,7 +40,7 @@ private:
     class Table;
     Table& tableFor(const XMLQuery& query);
 
-    _xmlDoc* _document;
+    xmltree::Element* _document;
     std::vector<std::unique_ptr<Table>> _tables;
 };
 

@@ -1,11 +1,10 @@
 #include "Platform/XMLParser.h"
 
 #include "Platform/Log.h"
-#include "Platform/XMLNodes.h"
+#include "Platform/XMLTreeBuilder.h"
 
 #include <fmt/format.h>
 #include <glib.h>
-#include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
@@ -16,7 +15,7 @@
 
 namespace brackwater {
 
-using namespace xmlnodes;
+using namespace xmltree;
 
 namespace {
 
@@ -29,28 +28,12 @@ struct FreeContext {
 };
 using ContextOwner = std::unique_ptr<xmlParserCtxt, FreeContext>;
 
-struct FreeTree {
-    void operator()(xmlDoc* tree) const { xmlFreeDoc(tree); }
-};
-using TreeOwner = std::unique_ptr<xmlDoc, FreeTree>;
-
-// A prefix that no namespace was declared for stays part of the name in the library's tree; names here are local ones.
-const xmlChar* withoutPrefix(const xmlChar* name) {
-    const xmlChar* colon = xmlStrchr(name, ':');
-    return colon == nullptr || colon[1] == '\0' ? name : colon + 1;
+std::string_view view(const xmlChar* text, int length) {
+    return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)};
 }
 
-void dropUndeclaredPrefixes(xmlNode* root) {
-    xmlDict* names = root->doc->dict; // holds the names of a tree that was read, for as long as the tree lives
-    for (xmlNode* node = root; node != nullptr; node = nextBelow(node, root)) {
-        if (node->type != XML_ELEMENT_NODE)
-            continue;
-        if (node->ns == nullptr)
-            node->name = xmlDictLookup(names, withoutPrefix(node->name), -1);
-        for (xmlAttr* attribute = node->properties; attribute != nullptr; attribute = attribute->next)
-            if (attribute->ns == nullptr)
-                attribute->name = xmlDictLookup(names, withoutPrefix(attribute->name), -1);
-    }
+std::string_view view(const xmlChar* text) {
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
 }
 
 std::string oneLine(const char* message) {
@@ -69,7 +52,7 @@ public:
     /// Faults that an earlier reading of the same text has logged already are not logged again.
     explicit Reading(std::string_view name, std::size_t loggedBefore = 0) : _name(name), _loggedBefore(loggedBefore) {}
 
-    xmlDoc* read(std::string text, std::string& reason);
+    std::unique_ptr<Tree> read(std::string text, std::string& reason);
     /// True when the text should be UTF-8 and was found not to be: the library falls back to Latin-1 at such a byte.
     [[nodiscard]] bool metForeignBytes() const {
         return _context != nullptr && _context->charset == XML_CHAR_ENCODING_8859_1 && !isConverted();
@@ -79,11 +62,17 @@ public:
 private:
     static Reading& of(void* context) { return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(context)->_private); }
 
+    /// What stands in the internal subset is no part of the tree.
+    void addNode(Kind kind, std::string_view text) {
+        if (_context->inSubset == 0)
+            _builder->addNode(kind, text);
+    }
+    void refuseLongText();
     bool openContext(const std::string& text);
     void setCallbacks();
     void refuse(std::string_view why);
     void report(const xmlError& fault);
-    [[nodiscard]] std::optional<std::string> whyRefused(const xmlNode* root) const;
+    [[nodiscard]] std::optional<std::string> whyRefused(const Element* root) const;
     [[nodiscard]] bool hasMarkupBehindRoot() const;
     /// True when the text is in another encoding than UTF-8, which the library converts on its way.
     [[nodiscard]] bool isConverted() const {
@@ -100,7 +89,17 @@ private:
         if (fault != nullptr)
             of(context).report(*fault);
     }
+    static void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                               int namespaceCount, const xmlChar** namespaces, int attributeCount, int defaultedCount,
+                               const xmlChar** attributes);
+    static void onEndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+        of(context)._builder->endElement();
+    }
+    static void onText(void* context, const xmlChar* text, int length);
     static void onBlanks(void* context, const xmlChar* blanks, int length);
+    static void onComment(void* context, const xmlChar* text) { of(context).addNode(Kind::Comment, view(text)); }
+    static void onInstruction(void* context, const xmlChar* target, const xmlChar* content);
+    static void onReference(void* context, const xmlChar* name) { of(context).addNode(Kind::Reference, view(name)); }
     static void onEntity(void* context, const xmlChar*, int, const xmlChar*, const xmlChar*, xmlChar*) {
         of(context).refuse("it declares entities");
     }
@@ -119,11 +118,12 @@ private:
     std::size_t _faults = 0;
     bool _endsTooEarly = false; // a fault was met where the text ends: inside a tag, a comment, or with elements open
     ContextOwner _context;
+    std::optional<TreeBuilder> _builder;
     std::string _refusal;
     std::string _lastFault;
 };
 
-xmlDoc* Reading::read(std::string text, std::string& reason) {
+std::unique_ptr<Tree> Reading::read(std::string text, std::string& reason) {
     if (text.empty()) {
         reason = fmt::format("'{}' could not be read: it is empty", _name);
         return nullptr;
@@ -134,16 +134,14 @@ xmlDoc* Reading::read(std::string text, std::string& reason) {
     }
     std::string().swap(text); // the library has its own copy
     xmlParseDocument(_context.get());
-    TreeOwner tree(_context->myDoc);
+    xmlFreeDoc(_context->myDoc); // of which only the names are in use
     _context->myDoc = nullptr;
-    xmlNode* root = tree == nullptr ? nullptr : xmlDocGetRootElement(tree.get());
-    if (const auto why = whyRefused(root)) {
+    std::unique_ptr<Tree> tree = _builder->takeTree();
+    if (const auto why = whyRefused(tree->root())) {
         reason = fmt::format("'{}' could not be read: {}", _name, *why);
         return nullptr;
     }
-    if (_context->nsWellFormed == 0)
-        dropUndeclaredPrefixes(root);
-    return tree.release();
+    return tree;
 }
 
 bool Reading::openContext(const std::string& text) {
@@ -153,13 +151,20 @@ bool Reading::openContext(const std::string& text) {
     _context->_private = this;
     xmlCtxtUseOptions(_context.get(), kOptions);
     setCallbacks();
+    _builder.emplace(_context.get());
     return true;
 }
 
 void Reading::setCallbacks() {
     xmlSAXHandler& callbacks = *_context->sax;
     callbacks.serror = onFault;
+    callbacks.startElementNs = onStartElement;
+    callbacks.endElementNs = onEndElement;
+    callbacks.characters = onText;
     callbacks.ignorableWhitespace = onBlanks;
+    callbacks.comment = onComment;
+    callbacks.processingInstruction = onInstruction;
+    callbacks.reference = onReference;
     callbacks.entityDecl = onEntity;
     callbacks.unparsedEntityDecl = onUnparsedEntity;
     callbacks.attributeDecl = onAttributeDeclaration;
@@ -174,15 +179,50 @@ void Reading::refuse(std::string_view why) {
     xmlStopParser(_context.get());
 }
 
+void Reading::onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                             int namespaceCount, const xmlChar** namespaces, int attributeCount, int,
+                             const xmlChar** attributes) {
+    TreeBuilder& builder = *of(context)._builder;
+    builder.startElement(name, prefix, uri);
+    for (int i = 0; i < namespaceCount; ++i, namespaces += 2)
+        builder.addNamespace(namespaces[0], namespaces[1]);
+    for (int i = 0; i < attributeCount; ++i, attributes += 5)
+        builder.addAttribute(attributes[0], attributes[1], attributes[2],
+                             view(attributes[3], static_cast<int>(attributes[4] - attributes[3])));
+}
+
+void Reading::onText(void* context, const xmlChar* text, int length) {
+    if (!of(context)._builder->addText(view(text, length)))
+        of(context).refuseLongText();
+}
+
+void Reading::onInstruction(void* context, const xmlChar* target, const xmlChar* content) {
+    std::string text(view(target));
+    if (content != nullptr)
+        text.append(" ").append(view(content));
+    of(context).addNode(Kind::Instruction, text);
+}
+
+void Reading::refuseLongText() {
+    if (_context->disableSAX != 0)
+        return;
+    xmlError fault{};
+    fault.level = XML_ERR_ERROR;
+    fault.line = _context->input == nullptr ? 0 : _context->input->line;
+    std::string message = "xmlSAX2Characters: huge text node"; // the library's words for it
+    fault.message = message.data();
+    report(fault);
+    xmlStopParser(_context.get());
+}
+
 // Blanks between elements are most of a printed document's nodes and nobody's text. Only line ends with their indents
 // in front of a tag are left out; a single blank between inline elements stays, and so does what stands before a
 // comment or a CDATA section, which may belong to a text.
 void Reading::onBlanks(void* context, const xmlChar* blanks, int length) {
-    const std::string_view text(reinterpret_cast<const char*>(blanks), static_cast<std::size_t>(length));
     const xmlChar* next = static_cast<xmlParserCtxt*>(context)->input->cur;
     const bool beforeTag = next[0] == '<' && next[1] != '!' && next[1] != '?';
-    if (!beforeTag || text.find('\n') == std::string_view::npos)
-        xmlSAX2Characters(context, blanks, length);
+    if (!beforeTag || view(blanks, length).find('\n') == std::string_view::npos)
+        onText(context, blanks, length);
 }
 
 void Reading::report(const xmlError& fault) {
@@ -198,7 +238,7 @@ void Reading::report(const xmlError& fault) {
         logLine("WARNING: '{}', {}", _name, _lastFault);
 }
 
-std::optional<std::string> Reading::whyRefused(const xmlNode* root) const {
+std::optional<std::string> Reading::whyRefused(const Element* root) const {
     if (!_refusal.empty())
         return _refusal;
     if (_context->disableSAX != 0)
@@ -256,7 +296,7 @@ xmlParserInput* loadNothing(const char*, const char*, xmlParserCtxt*) { return n
 
 } // namespace
 
-_xmlDoc* parseXML(const XMLText& text, std::string_view name, std::string& reason) {
+std::unique_ptr<Tree> parseXML(const XMLText& text, std::string_view name, std::string& reason) {
     prepareXMLLibrary();
     const auto fetch = [&](std::string& fetched) {
         std::string fault;
@@ -273,9 +313,9 @@ _xmlDoc* parseXML(const XMLText& text, std::string_view name, std::string& reaso
     if (!fetch(bytes))
         return nullptr;
     Reading reading(name);
-    TreeOwner tree(reading.read(std::move(bytes), reason));
+    std::unique_ptr<Tree> tree = reading.read(std::move(bytes), reason);
     if (!reading.metForeignBytes())
-        return tree.release();
+        return tree;
     tree.reset();
     if (!fetch(bytes))
         return nullptr;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Platform/XMLTree.h"
+
+#include <cstddef>
+#include <string>
+
+/// Trees as XML text, for the XML sources of this folder.
+namespace brackwater::xmltree {
+
+/// The element on one line, cut after `longest` bytes: a huge element costs no more than the part that is shown.
+[[nodiscard]] std::string beginningOf(const Element* element, std::size_t longest);
+
+/// The whole document, pretty printed behind an XML declaration, empty elements compact.
+[[nodiscard]] std::string printed(Tree& tree);
+
+} // namespace brackwater::xmltree
