@@ -27,6 +27,12 @@ constexpr std::array<SymbolAndCode, 4> kSettled = {{
 constexpr std::string_view kPoundSign = "\u00A3";
 constexpr std::array<std::string_view, 4> kSmallPounds = {"FKP", "GIP", "SHP", "SSP"};
 
+const SymbolAndCode* settledCode(std::string_view symbol) {
+    const auto* found = std::find_if(kSettled.begin(), kSettled.end(),
+                                     [symbol](const SymbolAndCode& pair) { return pair.symbol == symbol; });
+    return found == kSettled.end() ? nullptr : found;
+}
+
 using CodesOfSymbol = std::map<std::string, std::set<std::string>, std::less<>>;
 using CodeOfSymbol = std::map<std::string, std::string, std::less<>>;
 
@@ -62,22 +68,18 @@ CodeOfSymbol makeTable() {
     for (std::int32_t index = 0; index < uloc_countAvailable(); ++index)
         collect(uloc_getAvailable(index), codesOfSymbol);
     CodeOfSymbol table;
-    for (const auto& [symbol, codes] : codesOfSymbol) {
-        if (codes.size() == 1) {
+    for (const auto& [symbol, codes] : codesOfSymbol)
+        if (codes.size() == 1)
             table.emplace(symbol, *codes.begin());
-            continue;
-        }
-        const auto* settled = std::find_if(kSettled.begin(), kSettled.end(),
-                                           [&text = symbol](const SymbolAndCode& pair) { return pair.symbol == text; });
-        if (settled != kSettled.end())
-            table.emplace(symbol, settled->code);
-    }
     return table;
 }
 
 } // namespace
 
 std::optional<std::string> currencyCodeForSymbol(std::string_view symbol) {
+    // The commonest sign of all needs no look at the locales' currencies, of which there are hundreds.
+    if (const auto* settled = settledCode(symbol))
+        return std::string(settled->code);
     static const CodeOfSymbol table = makeTable();
     const auto found = table.find(symbol);
     return found == table.end() ? std::nullopt : std::optional(found->second);

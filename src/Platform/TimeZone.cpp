@@ -83,11 +83,15 @@ SharedRules rulesOfMachine() {
     return rules ? rules : rulesOfUTC();
 }
 
+constinit const TimeZone* heldSystemZone = nullptr;
+
 } // namespace
 
 TimeZone::TimeZone(std::shared_ptr<const Rules> rules) : _rules(std::move(rules)) {}
 
 TimeZone TimeZone::system() {
+    if (heldSystemZone != nullptr)
+        return *heldSystemZone;
     struct Present {
         bool fromTZ = false;
         std::string tz;
@@ -100,6 +104,12 @@ TimeZone TimeZone::system() {
         present = tz ? Present{true, tz, rulesFromTZ(tz)} : Present{false, {}, rulesOfMachine()};
     return TimeZone(present.rules);
 }
+
+SystemTimeZoneHold::SystemTimeZoneHold() : _zone(TimeZone::system()), _outer(heldSystemZone) {
+    heldSystemZone = &_zone;
+}
+
+SystemTimeZoneHold::~SystemTimeZoneHold() { heldSystemZone = _outer; }
 
 TimeZone TimeZone::forSecondsFromGMT(std::int64_t seconds) {
     if (seconds == 0)

@@ -35,4 +35,18 @@ private:
     std::shared_ptr<const Rules> _rules;
 };
 
+/// While one lives, the system zone is the one of its beginning: an export asks for it many times for each date, and
+/// each look at the environment goes through all of it.
+class SystemTimeZoneHold {
+public:
+    SystemTimeZoneHold();
+    ~SystemTimeZoneHold();
+    SystemTimeZoneHold(const SystemTimeZoneHold&) = delete;
+    SystemTimeZoneHold& operator=(const SystemTimeZoneHold&) = delete;
+
+private:
+    TimeZone _zone;
+    const TimeZone* _outer;
+};
+
 } // namespace brackwater

@@ -8,6 +8,7 @@
 #include "Platform/Exception.h"
 #include "Platform/Log.h"
 #include "Platform/PathText.h"
+#include "Platform/TimeZone.h"
 
 #include <cstdint>
 #include <memory>
@@ -84,6 +85,7 @@ bool MSPEMPPExporter::exportZelbBundle(const std::optional<FileURL>& bundleUrl, 
 }
 
 bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl) {
+    const SystemTimeZoneHold systemZone;
     logLine("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...");
     logLine("Input:  '{}'", bundleUrl.path());
     logLine("Output: '{}'", mppUrl.path());

@@ -60,6 +60,46 @@ UnitMask storeTime(const iso::TimeMatch& match, MSPCDateComponents& components) 
            store(match.second, components.second, kSecondUnit) | storeZone(match, components);
 }
 
+/// The forms in which nearly all dates come, "YYYY-MM-DDThh:mm:ss" with nothing, "Z" or an offset "+hh:mm" behind it,
+/// read at once; they mean what the patterns make of them. Nothing for any other text, which is left to the patterns.
+std::optional<UnitMask> readUsualForm(MSPCDateComponents& components, std::string_view text) {
+    constexpr std::string_view kForm = "0000-00-00T00:00:00";
+    constexpr std::string_view kOffsetForm = "00:00";
+    const auto matches = [](std::string_view part, std::string_view form) {
+        for (std::size_t i = 0; i < form.size(); ++i)
+            if (form[i] == '0' ? part[i] < '0' || part[i] > '9' : part[i] != form[i])
+                return false;
+        return true;
+    };
+    const auto number = [text](std::size_t at, std::size_t digits) {
+        std::int64_t value = 0;
+        for (const char digit : text.substr(at, digits))
+            value = value * 10 + (digit - '0');
+        return value;
+    };
+    const bool isUTC = text.size() == 20 && text.back() == 'Z';
+    const bool hasOffset =
+        text.size() == 25 && (text[19] == '+' || text[19] == '-') && matches(text.substr(20), kOffsetForm);
+    if (!(text.size() == kForm.size() || isUTC || hasOffset) || !matches(text, kForm))
+        return std::nullopt;
+    components.year = number(0, 4);
+    components.month = number(5, 2);
+    components.day = number(8, 2);
+    components.hour = number(11, 2);
+    components.minute = number(14, 2);
+    components.second = number(17, 2);
+    constexpr UnitMask kRead = kDateUnits | kTimeUnits;
+    if (isUTC)
+        return kRead | storeUTC(components);
+    if (hasOffset) {
+        const std::int64_t sign = text[19] == '-' ? -1 : 1;
+        components.setTimeZoneHour(sign * number(20, 2));
+        components.setTimeZoneMinute(sign * number(23, 2));
+    }
+    components.fixUTC();
+    return hasOffset ? kRead | MSPCTimeZoneHourUnit | MSPCTimeZoneMinuteUnit : kRead;
+}
+
 /// Components together with the mask of what was read into them.
 struct Parsed {
     MSPCDateComponents components;
@@ -107,6 +147,8 @@ UnitMask unitsOf(std::string_view text) {
 UnitMask MSPIUtilities::updateDateTimeComponentsFromISODateTime(MSPCDateComponents& components, std::string_view text) {
     if (text.empty())
         return NSNotFound;
+    if (const auto units = readUsualForm(components, text))
+        return *units;
     text = upToNul(text);
     const iso::DateMatch date = iso::scanDate(text);
     const UnitMask dateUnits = store(date.year, components.year, kYearUnit) |
