@@ -130,6 +130,10 @@ std::int64_t TimeZone::secondsFromGMT() const { return secondsFromGMT(Date::now(
 
 std::int64_t TimeZone::secondsFromGMT(Date date) const { return _rules->offsetAt(wholeSeconds(date)).total; }
 
+std::int64_t TimeZone::secondsFromGMTAtWallTime(std::int64_t wallSeconds) const {
+    return _rules->totalOffsetAtWallTime(wallSeconds);
+}
+
 bool TimeZone::isDaylightSavingTime() const { return isDaylightSavingTime(Date::now()); }
 
 bool TimeZone::isDaylightSavingTime(Date date) const { return _rules->offsetAt(wholeSeconds(date)).daylight != 0; }

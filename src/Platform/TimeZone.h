@@ -22,6 +22,9 @@ public:
     /// Offset east of Greenwich in seconds, daylight time included: now, and at an instant.
     [[nodiscard]] std::int64_t secondsFromGMT() const;
     [[nodiscard]] std::int64_t secondsFromGMT(Date date) const;
+    /// Offset with which a wall clock is read, in seconds since 1970-01-01T00:00:00 of that clock: the one before the
+    /// change both for a time that a change skips and for one that it repeats.
+    [[nodiscard]] std::int64_t secondsFromGMTAtWallTime(std::int64_t wallSeconds) const;
     [[nodiscard]] bool isDaylightSavingTime() const;
     [[nodiscard]] bool isDaylightSavingTime(Date date) const;
     /// Seconds that daylight time adds at that instant; 0 outside it.

@@ -65,13 +65,24 @@ void TimeZone::Rules::append(std::int64_t instant, Offset offset) {
     _transitions.push_back({instant, instant + std::max(before.total, offset.total), offset});
 }
 
-TimeZone::Rules::Offset TimeZone::Rules::offsetAt(std::int64_t seconds) const {
+template <auto time>
+std::size_t TimeZone::Rules::indexBehind(std::int64_t seconds) const {
+    const std::size_t last = _lastIndex;
+    if (last > 0 && last < _transitions.size() && _transitions[last - 1].*time <= seconds &&
+        seconds < _transitions[last].*time) [[likely]]
+        return last;
     const auto next = std::upper_bound(_transitions.begin(), _transitions.end(), seconds,
-                                       [](std::int64_t value, const Transition& t) { return value < t.instant; });
-    if (next == _transitions.begin())
+                                       [](std::int64_t value, const Transition& t) { return value < t.*time; });
+    _lastIndex = static_cast<std::size_t>(next - _transitions.begin());
+    return _lastIndex;
+}
+
+TimeZone::Rules::Offset TimeZone::Rules::offsetAt(std::int64_t seconds) const {
+    const std::size_t next = indexBehind<&Transition::instant>(seconds);
+    if (next == 0)
         return _initial;
-    if (next != _transitions.end() || !_hasMore) [[likely]]
-        return std::prev(next)->offset;
+    if (next < _transitions.size() || !_hasMore) [[likely]]
+        return _transitions[next - 1].offset;
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t raw = 0;
     std::int32_t daylight = 0;
@@ -80,12 +91,11 @@ TimeZone::Rules::Offset TimeZone::Rules::offsetAt(std::int64_t seconds) const {
 }
 
 std::int64_t TimeZone::Rules::totalOffsetAtWallTime(std::int64_t wallSeconds) const {
-    const auto next = std::upper_bound(_transitions.begin(), _transitions.end(), wallSeconds,
-                                       [](std::int64_t value, const Transition& t) { return value < t.wallTime; });
-    if (next == _transitions.begin())
+    const std::size_t next = indexBehind<&Transition::wallTime>(wallSeconds);
+    if (next == 0)
         return _initial.total;
-    if (next != _transitions.end() || !_hasMore) [[likely]]
-        return std::prev(next)->offset.total;
+    if (next < _transitions.size() || !_hasMore) [[likely]]
+        return _transitions[next - 1].offset.total;
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t raw = 0;
     std::int32_t daylight = 0;

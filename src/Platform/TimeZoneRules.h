@@ -41,6 +41,11 @@ private:
         Offset offset;
     };
 
+    /// The transition behind `seconds`, by the clock that `time` names. Dates that follow each other mostly lie between
+    /// the same two transitions, so those of the last question are tried first.
+    template <auto time>
+    [[nodiscard]] std::size_t indexBehind(std::int64_t seconds) const;
+
     void readTransitions();
     void append(std::int64_t instant, Offset offset);
 
@@ -48,6 +53,7 @@ private:
     std::unique_ptr<icu::BasicTimeZone> _zone; ///< none for a fixed offset
     Offset _initial;                           ///< before the first transition
     std::vector<Transition> _transitions;
+    mutable std::size_t _lastIndex = 0;
     bool _hasMore = false; ///< there are transitions behind the table's end
 };
 

@@ -13,15 +13,13 @@ namespace {
 // Far more than a date can be moved by, far less than 64 bits hold once it is counted in seconds.
 constexpr std::int64_t kLargestZoneField = 1'000'000'000'000'000;
 
-std::int64_t offsetOf(const TimeZone& zone, std::optional<Date> date, Date now) {
-    if (!date)
-        return zone.secondsFromGMT(now);
-    if (!zone.isDaylightSavingTime(now) && zone.isDaylightSavingTime(*date))
-        return zone.secondsFromGMT(now) + saturatingCut<std::int64_t>(zone.daylightSavingTimeOffset(*date));
-    return zone.secondsFromGMT(*date);
-}
-
 } // namespace
+
+std::int64_t offsetToldForDate(Date date, const TimeZone& zone, Date now) {
+    if (zone.isDaylightSavingTime(date) && !zone.isDaylightSavingTime(now))
+        return zone.secondsFromGMT(now) + saturatingCut<std::int64_t>(zone.daylightSavingTimeOffset(date));
+    return zone.secondsFromGMT(date);
+}
 
 void MSPCDateComponents::fixUTC() noexcept { _isUTC = _timeZoneHour == 0 && _timeZoneMinute == 0; }
 
@@ -34,7 +32,7 @@ UnitMask MSPCDateComponents::forceSystemTimezoneforDate(std::optional<Date> date
     const TimeZone zone = TimeZone::system();
     if (!date)
         date = GregorianCalendar(zone).dateFromFields(civilTime());
-    const std::int64_t minutes = offsetOf(zone, date, now) / 60;
+    const std::int64_t minutes = (date ? offsetToldForDate(*date, zone, now) : zone.secondsFromGMT(now)) / 60;
     _timeZoneMinute = minutes % 60;
     _timeZoneHour = minutes / 60;
     fixUTC();

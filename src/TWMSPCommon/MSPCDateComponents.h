@@ -27,6 +27,10 @@ inline constexpr UnitMask MSPCAllUnits = kDateUnits | kTimeUnits | MSPCTimeZoneM
 /// In place of a mask: failure.
 inline constexpr UnitMask NSNotFound = 0x7FFFFFFFFFFFFFFF;
 
+/// The offset in seconds east of Greenwich that a date is told with: the zone's at that instant; but for a date in
+/// daylight time seen from a present outside it, the present one plus the daylight time.
+[[nodiscard]] std::int64_t offsetToldForDate(Date date, const TimeZone& zone, Date now);
+
 /// A broken-down date-time together with the zone in which its fields are to be read: UTC, or an offset from GMT in
 /// hours and minutes that both carry the offset's sign. New components count as UTC until told otherwise.
 class MSPCDateComponents : public DateComponents {

@@ -4,7 +4,7 @@
 #include "Platform/GregorianCalendar.h"
 #include "TWMSPCommon/MSPImportMapper/IsoPrinter.h"
 #include "TWMSPCommon/MSPImportMapper/IsoScanner.h"
-#include "TWMSPCommon/MSPImportMapper/RecentResults.h"
+#include "TWMSPCommon/MSPImportMapper/UsualDates.h"
 
 #include <fmt/format.h>
 
@@ -60,41 +60,20 @@ UnitMask storeTime(const iso::TimeMatch& match, MSPCDateComponents& components) 
            store(match.second, components.second, kSecondUnit) | storeZone(match, components);
 }
 
-/// The forms in which nearly all dates come, "YYYY-MM-DDThh:mm:ss" with nothing, "Z" or an offset "+hh:mm" behind it,
-/// read at once; they mean what the patterns make of them. Nothing for any other text, which is left to the patterns.
-std::optional<UnitMask> readUsualForm(MSPCDateComponents& components, std::string_view text) {
-    constexpr std::string_view kForm = "0000-00-00T00:00:00";
-    constexpr std::string_view kOffsetForm = "00:00";
-    const auto matches = [](std::string_view part, std::string_view form) {
-        for (std::size_t i = 0; i < form.size(); ++i)
-            if (form[i] == '0' ? part[i] < '0' || part[i] > '9' : part[i] != form[i])
-                return false;
-        return true;
-    };
-    const auto number = [text](std::size_t at, std::size_t digits) {
-        std::int64_t value = 0;
-        for (const char digit : text.substr(at, digits))
-            value = value * 10 + (digit - '0');
-        return value;
-    };
-    const bool isUTC = text.size() == 20 && text.back() == 'Z';
-    const bool hasOffset =
-        text.size() == 25 && (text[19] == '+' || text[19] == '-') && matches(text.substr(20), kOffsetForm);
-    if (!(text.size() == kForm.size() || isUTC || hasOffset) || !matches(text, kForm))
-        return std::nullopt;
-    components.year = number(0, 4);
-    components.month = number(5, 2);
-    components.day = number(8, 2);
-    components.hour = number(11, 2);
-    components.minute = number(14, 2);
-    components.second = number(17, 2);
+UnitMask storeUsual(const usualdates::ZonedTime& time, MSPCDateComponents& components) {
+    components.year = time.fields.year;
+    components.month = time.fields.month;
+    components.day = time.fields.day;
+    components.hour = time.fields.hour;
+    components.minute = time.fields.minute;
+    components.second = time.fields.second;
     constexpr UnitMask kRead = kDateUnits | kTimeUnits;
-    if (isUTC)
+    if (time.zone == usualdates::ZonedTime::Zone::UTC)
         return kRead | storeUTC(components);
+    const bool hasOffset = time.zone == usualdates::ZonedTime::Zone::Offset;
     if (hasOffset) {
-        const std::int64_t sign = text[19] == '-' ? -1 : 1;
-        components.setTimeZoneHour(sign * number(20, 2));
-        components.setTimeZoneMinute(sign * number(23, 2));
+        components.setTimeZoneHour(time.offsetHours);
+        components.setTimeZoneMinute(time.offsetMinutes);
     }
     components.fixUTC();
     return hasOffset ? kRead | MSPCTimeZoneHourUnit | MSPCTimeZoneMinuteUnit : kRead;
@@ -115,28 +94,6 @@ Parsed parse(std::string_view text, std::string_view form) {
 
 bool isRead(UnitMask units) { return units != 0 && units != NSNotFound; }
 
-/// What `convert` makes of a text in the system zone, from the last conversions where it is among them.
-template <typename Result, typename Convert>
-Result recentOrNew(RecentResults<ShortTextKey, Result>& recent, std::string_view text, Convert convert) {
-    if (text.size() > ShortTextKey::kLongest)
-        return convert();
-    const ShortTextKey key(text);
-    return recent.get(TimeZone::system(), key, key.hash(), convert);
-}
-
-std::optional<Date> dateFromMspdi(std::string_view text) {
-    const Parsed parsed = parse(text, "MSPDI");
-    assertThat(parsed.units != 0 && (parsed.units & MSPCTimeZoneMask) == 0,
-               "Not a valid MSPDI date-time: '{}' (time zone?).", text);
-    return MSPIUtilities::dateFromComponents(parsed.components);
-}
-
-std::string zelbFromDate(Date date, const TimeZone& zone, Date now) {
-    MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar(zone).fieldsOfDate(date)));
-    components.forceSystemTimezoneforDate(date, now);
-    return iso::print(components, MSPCAllUnits);
-}
-
 UnitMask unitsOf(std::string_view text) {
     MSPCDateComponents components;
     return MSPIUtilities::updateDateTimeComponentsFromISODateTime(components, text);
@@ -147,8 +104,8 @@ UnitMask unitsOf(std::string_view text) {
 UnitMask MSPIUtilities::updateDateTimeComponentsFromISODateTime(MSPCDateComponents& components, std::string_view text) {
     if (text.empty())
         return NSNotFound;
-    if (const auto units = readUsualForm(components, text))
-        return *units;
+    if (const auto usual = usualdates::read(text))
+        return storeUsual(*usual, components);
     text = upToNul(text);
     const iso::DateMatch date = iso::scanDate(text);
     const UnitMask dateUnits = store(date.year, components.year, kYearUnit) |
@@ -218,8 +175,12 @@ bool MSPIUtilities::isMspdiDuration(std::string_view text) {
 std::optional<Date> MSPIUtilities::mspdiToMppDateTime(std::string_view text) {
     if (text.empty())
         return std::nullopt;
-    static RecentResults<ShortTextKey, std::optional<Date>> recent;
-    return recentOrNew(recent, text, [text] { return dateFromMspdi(text); });
+    if (const auto date = usualdates::dateFromMspdi(text, TimeZone::system()))
+        return date;
+    const Parsed parsed = parse(text, "MSPDI");
+    assertThat(parsed.units != 0 && (parsed.units & MSPCTimeZoneMask) == 0,
+               "Not a valid MSPDI date-time: '{}' (time zone?).", text);
+    return dateFromComponents(parsed.components);
 }
 
 std::optional<Date> MSPIUtilities::zelbToMppDateTime(std::string_view text) {
@@ -235,19 +196,12 @@ std::optional<Date> MSPIUtilities::zelbToMppDateTime(std::string_view text) {
 std::optional<std::string> MSPIUtilities::mppToZelbDateTime(std::optional<Date> date) {
     if (!date)
         return std::nullopt;
-    // The offset that is told depends on the present one as well.
-    struct Key {
-        std::uint64_t date = 0;
-        std::int64_t offsetNow = 0;
-        bool isDaylightNow = false;
-        bool operator==(const Key&) const = default;
-    };
-    static RecentResults<Key, std::string> recent;
     const TimeZone zone = TimeZone::system();
-    const Date now = Date::now();
-    const Key key{std::bit_cast<std::uint64_t>(date->secondsSince1970), zone.secondsFromGMT(now),
-                  zone.isDaylightSavingTime(now)};
-    return recent.get(zone, key, key.date * 0x9E3779B97F4A7C15U, [&] { return zelbFromDate(*date, zone, now); });
+    if (auto text = usualdates::zelbFromDate(*date, zone))
+        return text;
+    MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar(zone).fieldsOfDate(*date)));
+    components.forceSystemTimezoneforDate(date);
+    return iso::print(components, MSPCAllUnits);
 }
 
 std::optional<std::string> MSPIUtilities::mppToMspdiDateTime(std::optional<Date> date) {
@@ -256,8 +210,9 @@ std::optional<std::string> MSPIUtilities::mppToMspdiDateTime(std::optional<Date>
 }
 
 std::optional<std::string> MSPIUtilities::zelbToMspdiDateTime(std::string_view text) {
-    static RecentResults<ShortTextKey, std::optional<std::string>> recent;
-    return recentOrNew(recent, text, [text] { return zelbToMspdiDateTime(text, 0); });
+    if (auto mspdi = usualdates::mspdiFromZelb(text, TimeZone::system()))
+        return mspdi;
+    return zelbToMspdiDateTime(text, 0);
 }
 
 std::optional<std::string> MSPIUtilities::zelbToMspdiDateOnly(std::string_view text) {
