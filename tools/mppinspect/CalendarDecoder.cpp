@@ -1,4 +1,5 @@
 #include "Decoders.h"
+#include "WeekText.h"
 
 #include <fmt/format.h>
 
@@ -11,7 +12,6 @@ namespace {
 constexpr RowKind kCalendars{"TBkndCal", 0x00020016, {10, 9}, 3};
 constexpr std::uint16_t kNameElement = 1, kHoursElement = 8;
 constexpr std::size_t kRowSize = 12;
-constexpr std::size_t kDaySize = 60, kMostRanges = 5;
 
 /// Reads the block of working times of one calendar.
 class HoursReader {
@@ -20,10 +20,10 @@ public:
         : _block(block), _name(std::move(name)), _complaints(complaints) {}
 
     void readInto(Calendar& calendar) {
-        if (!_block.has(0, 7 * kDaySize))
+        if (!_block.has(0, kWeekSize))
             return complain("a calendar's block of working times is cut off");
         calendar.week = week(0);
-        _at = 7 * kDaySize;
+        _at = kWeekSize;
         for (std::uint32_t left = count(); left > 0 && !_failed; --left)
             readException(calendar);
         for (std::uint32_t left = count(); left > 0 && !_failed; --left)
@@ -62,10 +62,10 @@ private:
     }
 
     void readWorkWeek(Calendar& calendar) {
-        constexpr std::size_t size = 7 * kDaySize + 12;
+        constexpr std::size_t size = kWeekSize + 12;
         if (!have(size))
             return;
-        WorkWeek workWeek{*_block.u16(_at + 7 * kDaySize), *_block.u16(_at + 7 * kDaySize + 2), week(_at), {}};
+        WorkWeek workWeek{*_block.u16(_at + kWeekSize), *_block.u16(_at + kWeekSize + 2), week(_at), {}};
         _at += size;
         workWeek.name = alignedName();
         calendar.workWeeks.push_back(std::move(workWeek));
@@ -86,34 +86,11 @@ private:
     }
 
     Week week(std::size_t at) {
-        Week days;
-        for (std::size_t day = 0; day < days.size(); ++day) {
-            const std::size_t dayAt = at + day * kDaySize;
-            if (*_block.u16(dayAt) == 0)
-                days.at(day) = ranges(dayAt + 2);
-        }
-        return days;
+        return weekAt(_block, at, [this](std::string_view what) { complain(what); });
     }
 
-    // Number, total, starts, lengths, running totals.
     std::vector<TimeRange> ranges(std::size_t at) {
-        constexpr std::size_t startsAt = 6, lengthsAt = 18;
-        std::vector<TimeRange> list;
-        std::size_t number = *_block.u16(at);
-        if (number > kMostRanges) {
-            complain("a day has more ranges than fit");
-            number = kMostRanges;
-        }
-        std::uint64_t total = 0;
-        for (std::size_t i = 0; i < number; ++i) {
-            const std::uint32_t start = *_block.u16(at + startsAt + 2 * i);
-            const std::uint32_t length = *_block.u32(at + lengthsAt + 4 * i);
-            total += length;
-            list.push_back({start, start + length});
-        }
-        if (number > 0 && total != *_block.u32(at + 2))
-            complain("the total of a day's ranges is not their sum");
-        return list;
+        return rangesAt(_block, at, [this](std::string_view what) { complain(what); });
     }
 
     void complain(std::string_view what) {

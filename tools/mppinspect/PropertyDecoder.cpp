@@ -1,4 +1,5 @@
 #include "Decoders.h"
+#include "WeekText.h"
 
 #include <fmt/format.h>
 
@@ -57,18 +58,11 @@ std::string optionalNumber(const std::optional<std::uint32_t>& number) {
     return number ? fmt::format("{}", *number) : "(cut off)";
 }
 
-// Monday's ranges stand for the week: a line of a table has no room for seven days.
+// What does not fit in them is of no account: calendars have hours of their own.
 std::string hoursText(ByteView hours) {
-    constexpr std::size_t size = 420, monday = 60;
-    if (hours.size() != size)
-        return fmt::format("{} bytes instead of {}", hours.size(), size);
-    std::string text = "Monday";
-    const std::size_t number = std::min<std::size_t>(*hours.u16(monday + 2), 5);
-    for (std::size_t i = 0; i < number; ++i) {
-        const std::uint32_t start = *hours.u16(monday + 8 + 2 * i);
-        text += fmt::format(" {}-{}", timeText(start), timeText(start + *hours.u32(monday + 20 + 4 * i)));
-    }
-    return text;
+    if (hours.size() != kWeekSize)
+        return fmt::format("{} bytes instead of {}", hours.size(), kWeekSize);
+    return weekText(weekAt(hours, 0, [](std::string_view) {}));
 }
 
 std::string valueText(Form form, ByteView value, Complaints& complaints) {

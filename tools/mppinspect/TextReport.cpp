@@ -1,6 +1,7 @@
 #include "TextReport.h"
 
 #include "TextTable.h"
+#include "WeekText.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -297,33 +298,6 @@ std::string linksPage(const ProjectFile& project) {
     page.heading("Links", project.links.size());
     page.table(table);
     return page.take();
-}
-
-std::string rangesText(const std::vector<TimeRange>& ranges) {
-    if (ranges.empty())
-        return "free";
-    std::vector<std::string> texts;
-    for (const TimeRange& range : ranges)
-        texts.push_back(fmt::format("{}-{}", timeText(range.start), timeText(range.end)));
-    return fmt::format("{}", fmt::join(texts, " "));
-}
-
-// Days that follow one another with the same times stand together; inherited ones are left out.
-std::string weekText(const Week& week) {
-    constexpr std::array names{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-    std::vector<std::string> parts;
-    for (std::size_t day = 0; day < week.size();) {
-        std::size_t last = day;
-        if (week.at(day)) {
-            const std::string text = rangesText(*week.at(day));
-            while (last + 1 < week.size() && week.at(last + 1) && rangesText(*week.at(last + 1)) == text)
-                ++last;
-            const std::string days = last == day ? names.at(day) : fmt::format("{}-{}", names.at(day), names.at(last));
-            parts.push_back(fmt::format("{} {}", days, text));
-        }
-        day = last + 1;
-    }
-    return parts.empty() ? "inherited" : fmt::format("{}", fmt::join(parts, ", "));
 }
 
 std::string calendarsPage(const ProjectFile& project) {
