@@ -21,6 +21,11 @@ void Complaints::add(std::string_view where, std::string_view what, std::string 
         group.places.push_back(std::move(place));
 }
 
+void Complaints::add(const Group& group) {
+    if (_index.try_emplace({group.where, group.what}, _groups.size()).second)
+        _groups.push_back(group);
+}
+
 std::vector<std::string> Complaints::lines() const {
     std::vector<std::string> lines;
     for (const Group& group : _groups) {

@@ -21,6 +21,8 @@ public:
 
     /// `place` says which row or element, it may be empty.
     void add(std::string_view where, std::string_view what, std::string place = {});
+    /// Takes over what was complained of elsewhere.
+    void add(const Group& group);
     [[nodiscard]] bool empty() const noexcept { return _groups.empty(); }
     /// In the order of their first appearance.
     [[nodiscard]] const std::vector<Group>& groups() const noexcept { return _groups; }

@@ -1,3 +1,4 @@
+#include "Check.h"
 #include "TextReport.h"
 
 #include <fmt/format.h>
@@ -6,12 +7,14 @@
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-using brackwater::inspect::Section;
+using namespace brackwater::inspect;
 
 constexpr int kDone = 0, kFailed = 1, kWrongArguments = 2;
 
@@ -38,43 +41,81 @@ int usage() {
                        "Shows what a project file holds; without an option everything.\n";
     for (const Option& option : kOptions)
         text += fmt::format("  {:<14}{}\n", option.name, option.help);
+    text +=
+        "Or, each alone:\n"
+        "  --check       whether a template suits, or what a planner would stumble over; status 1 when there is any\n";
     fmt::print(stderr, "{}", text);
     return kWrongArguments;
 }
 
-void show(const brackwater::inspect::ProjectFile& project, std::span<const Section> sections) {
+enum class Output { Sections, Check };
+
+struct Arguments {
+    Output output = Output::Sections;
+    std::vector<Section> sections;
+    const char* path = nullptr;
+};
+
+/// Nothing where they make no sense.
+std::optional<Arguments> parse(std::span<char*> arguments) {
+    Arguments parsed;
+    for (const std::string_view argument : arguments) {
+        const auto option = std::ranges::find(kOptions, argument, &Option::name);
+        if (option != kOptions.end())
+            parsed.sections.push_back(option->section);
+        else if (argument == "--check" && parsed.output == Output::Sections)
+            parsed.output = Output::Check;
+        else if (argument.starts_with('-') || argument.empty() || parsed.path != nullptr)
+            return std::nullopt;
+        else
+            parsed.path = argument.data();
+    }
+    if (parsed.path == nullptr || (parsed.output != Output::Sections && !parsed.sections.empty()))
+        return std::nullopt;
+    return parsed;
+}
+
+void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+void printSections(const ProjectFile& project, std::vector<Section> sections) {
+    if (sections.empty())
+        for (const Option& option : kOptions)
+            sections.push_back(option.section);
     bool first = true;
     for (const Section section : sections) {
-        const std::string text = (first ? "" : "\n") + report(project, section);
-        std::fwrite(text.data(), 1, text.size(), stdout);
+        print((first ? "" : "\n") + report(project, section));
         first = false;
     }
+}
+
+int run(const Arguments& arguments) {
+    const CompoundFile file = CompoundFile::open(arguments.path);
+    const ProjectFile project = decode(file);
+    int status = kDone;
+    switch (arguments.output) {
+    case Output::Sections:
+        printSections(project, arguments.sections);
+        break;
+    case Output::Check: {
+        const Findings findings = check(file, project);
+        print(findingsText(findings));
+        status = findings.any() ? kFailed : kDone;
+        break;
+    }
+    }
+    return std::fflush(stdout) == 0 ? status : kFailed;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    std::vector<Section> sections;
-    const char* path = nullptr;
-    for (const char* argument : std::span(argv, static_cast<std::size_t>(argc)).subspan(argc > 0 ? 1 : 0)) {
-        const auto option = std::ranges::find(kOptions, std::string_view(argument), &Option::name);
-        if (option != kOptions.end())
-            sections.push_back(option->section);
-        else if (argument[0] == '-' || path != nullptr)
-            return usage();
-        else
-            path = argument;
-    }
-    if (path == nullptr)
+    const auto arguments = parse(std::span(argv, static_cast<std::size_t>(argc)).subspan(argc > 0 ? 1 : 0));
+    if (!arguments)
         return usage();
-    if (sections.empty())
-        for (const Option& option : kOptions)
-            sections.push_back(option.section);
     try {
-        show(decode(brackwater::inspect::CompoundFile::open(path)), sections);
+        return run(*arguments);
     } catch (const std::exception& failure) {
         fmt::print(stderr, "mppinspect: {}\n", failure.what());
         return kFailed;
     }
-    return std::fflush(stdout) == 0 ? kDone : kFailed;
 }

@@ -55,7 +55,7 @@ TEST_F(Program, ShowsTheSectionsThatItIsAskedFor) {
 }
 
 TEST_F(Program, ExplainsItselfWhenTheArgumentsAreWrong) {
-    for (const char* arguments : {"", "--nonsense x.mpp", "a.mpp b.mpp"}) {
+    for (const char* arguments : {"", "--nonsense x.mpp", "a.mpp b.mpp", "--check", "--check --tasks x.mpp"}) {
         EXPECT_EQ(run(arguments), 2) << arguments;
         EXPECT_THAT(err, StartsWith("Usage: mppinspect [OPTION ...] FILE.mpp\n"));
         EXPECT_THAT(out, IsEmpty());
@@ -67,6 +67,14 @@ TEST_F(Program, NamesAFileThatIsNone) {
     EXPECT_THAT(err, StartsWith("mppinspect: cannot open '" + _folder.path("missing.mpp")));
     EXPECT_EQ(run(_folder.write("text.mpp", "no project")), 1);
     EXPECT_THAT(err, HasSubstr("is not a compound file"));
+}
+
+TEST_F(Program, ChecksATemplateAndTellsByItsStatus) {
+    EXPECT_EQ(run("--check " + templateFile()), 0);
+    EXPECT_EQ(out, "nothing found\n");
+    layout::writeCompoundFile(_folder.path("T10.mpp"), layout::templateTree(layout::VersionFolder::Project2010));
+    EXPECT_EQ(run("--check " + _folder.path("T10.mpp")), 1);
+    EXPECT_THAT(out, StartsWith("error: 112: the storage is missing"));
 }
 
 } // namespace
