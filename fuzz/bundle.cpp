@@ -44,10 +44,13 @@ private:
                                           "2027-03-01 08:00:00",
                                           "99999999999999999999-01-01T00:00:00Z",
                                           "2027-13-45T99:99:99Z",
-                                          "1500-01-01T00:00:00Z",
-                                          "2200-01-01T00:00:00Z",
+                                          "1983-12-30T00:00:00Z",
+                                          "2031-01-01T00:00:00Z",
                                           "",
                                           "abc"};
+    // Not for tasks: a split one has an element a day, and an input would take seconds.
+    static constexpr std::array kFarDates = {"1500-01-01T00:00:00Z", "1983-12-31T00:00:00Z", "2163-06-06T00:00:00Z",
+                                             "2200-01-01T00:00:00Z", "9999-12-31T24:00:00Z", "0001-01-01T00:00:00Z"};
     static constexpr std::array kNumbers = {"0",  "1",    "3600", "-7200", "0.5", "1e308", "99999999999999999999",
                                             "",   "x",    "1.5",  "28800", "nan", "-1",    "2147483648",
                                             "60", "0.29", "86400"};
@@ -119,7 +122,8 @@ private:
     }
     std::string event() {
         if (oneIn(8))
-            return fmt::format("<event start=\"{}\" end=\"{}\"/>", pick(kDates), pick(kDates));
+            return fmt::format("<event start=\"{}\" end=\"{}\"/>", pick(kDates),
+                               oneIn(2) ? pick(kDates) : pick(kFarDates));
         const int day = _choices.ConsumeIntegralInRange(1, 28);
         const int hour = _choices.ConsumeIntegralInRange(0, 12);
         return fmt::format("<event start=\"2027-03-{:02}T{:02}:00:00Z\" end=\"2027-03-{:02}T{:02}:00:00Z\"/>", day,

@@ -20,8 +20,9 @@ namespace {
     close(log);
     for (const auto& [name, value] : start.environment)
         setenv(name.c_str(), value.c_str(), 1);
-    // As a shell starts it, whatever the test's process does with this signal.
-    std::signal(SIGXFSZ, SIG_DFL);
+    // As a shell starts it, whatever the test's process does with these signals.
+    for (const int signalNumber : {SIGXFSZ, SIGINT, SIGQUIT, SIGHUP, SIGTERM})
+        std::signal(signalNumber, SIG_DFL);
     if (start.mostBytesOfAFile != 0) {
         const rlimit limit{start.mostBytesOfAFile, start.mostBytesOfAFile};
         setrlimit(RLIMIT_FSIZE, &limit);
