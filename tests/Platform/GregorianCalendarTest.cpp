@@ -162,22 +162,6 @@ TEST(GregorianCalendar, LeavesOutTenDaysOfOctober1582) {
     EXPECT_EQ(calendar.fieldsOfDate(*calendar.dateFromFields({1500, 2, 29})), (CivilTime{1500, 2, 29})) << "Julian";
 }
 
-TEST(GregorianCalendar, MovesAWallTimeInTheSpringGapForward) {
-    const GregorianCalendar berlin(*TimeZone::withName("Europe/Berlin"));
-    EXPECT_EQ(berlin.fieldsOfDate(*berlin.dateFromFields({2012, 3, 25, 2, 30})), (CivilTime{2012, 3, 25, 3, 30}));
-    const GregorianCalendar lordHowe(*TimeZone::withName("Australia/Lord_Howe"));
-    EXPECT_EQ(lordHowe.fieldsOfDate(*lordHowe.dateFromFields({2012, 10, 7, 2, 10})), (CivilTime{2012, 10, 7, 2, 40}));
-    const GregorianCalendar apia(*TimeZone::withName("Pacific/Apia"));
-    EXPECT_EQ(apia.fieldsOfDate(*apia.dateFromFields({2011, 12, 30, 9})), (CivilTime{2011, 12, 31, 9}));
-}
-
-TEST(GregorianCalendar, ReadsARepeatedWallTimeAsTheFirstOne) {
-    const GregorianCalendar berlin(*TimeZone::withName("Europe/Berlin"));
-    const Date first = *berlin.dateFromFields({2012, 10, 28, 2, 30});
-    EXPECT_EQ(first, GregorianCalendar::dateFromFields({2012, 10, 28, 0, 30}, 0));
-    EXPECT_EQ(berlin.fieldsOfDate(first.advancedBy(3600)), (CivilTime{2012, 10, 28, 2, 30}));
-}
-
 TEST(GregorianCalendar, DropsFractionsTowardsThePast) {
     const GregorianCalendar calendar(TimeZone::forSecondsFromGMT(0));
     EXPECT_EQ(calendar.fieldsOfDate(Date{0.999}), (CivilTime{1970, 1, 1, 0, 0, 0}));

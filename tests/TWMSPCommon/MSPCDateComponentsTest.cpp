@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <string>
 
 namespace brackwater {
 namespace {
@@ -25,15 +24,6 @@ Date utc(const CivilTime& time) { return GregorianCalendar::dateFromFields(time,
 
 const Date kWinterNow = utc({2012, 1, 15});
 const Date kSummerNow = utc({2012, 7, 15});
-
-TEST(MSPCDateComponents, AreUTCUntilToldOtherwise) {
-    MSPCDateComponents components;
-    EXPECT_TRUE(components.isUTC());
-    components.setTimeZoneMinute(30);
-    EXPECT_TRUE(components.isUTC()) << "setters are plain";
-    components.fixUTC();
-    EXPECT_FALSE(components.isUTC());
-}
 
 TEST(MSPCDateComponents, MoveToAnotherOffset) {
     auto components = componentsOf({2012, 6, 1, 8, 0, 0}, 5, 30);
@@ -105,20 +95,6 @@ TEST(MSPCDateComponents, AddDaylightTimeToThePresentOffsetWhenForcedFromWinter) 
     const ScopedTimeZone lordHowe("Australia/Lord_Howe");
     components.forceSystemTimezoneforDate(kWinterNow, kSummerNow);
     EXPECT_EQ(components.secondsFromGMT(), 11 * 3600) << "half an hour of daylight time";
-}
-
-TEST(MSPCDateComponents, ShowTheirFieldsForDebugging) {
-    auto components = componentsOf({2012, 6, 1, 8, 30, 0}, -3, -30);
-    components.era = 1;
-    components.week = 22;
-    components.weekday = 6;
-    components.weekdayOrdinal = 1;
-    const std::string fields =
-        "\n  era=1\n  year=2012\n  month=6\n  day=1\n  hour=8\n  minute=30\n  second=0\n  week=22"
-        "\n  weekday=6\n  weekdayOrdinal=1\n  quarter=9223372036854775807";
-    EXPECT_EQ(DateComponents(components).description(), "NSDateComponents:" + fields);
-    EXPECT_EQ(components.description(),
-              "MSPCDateComponents:" + fields + "\n  isUTC=0\n  timeZoneHour=-3\n  timeZoneMinute=-30");
 }
 
 TEST(DateComponents, CountYearsWithinTheirEra) {

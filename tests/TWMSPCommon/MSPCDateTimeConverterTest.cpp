@@ -90,20 +90,5 @@ TEST_F(DateTimeConverter, WritesMspdiTextsInTheCapturedZone) {
     EXPECT_EQ(Converter::mspdiFromMppDateOnly(std::nullopt), std::nullopt);
 }
 
-TEST_F(DateTimeConverter, KeepsDatesOnly) { EXPECT_EQ(Converter::mspdiFromZelbDateOnly("2012-06-01"), "2012-06-01"); }
-
-TEST_F(DateTimeConverter, GivesTheFormattersOffsetItsThreeParts) {
-    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("2012-06-01T09:00:00-0330", false), "2012-06-01T09:00:00-03:30:00");
-    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("2012-06-01T09:00:00+005328", false), "2012-06-01T09:00:00+00:53:28");
-    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("2012-06-01T09:00:00+00532", false), "2012-06-01T09:00:00+00:53:2");
-    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("2012-06-01T09:00:00", false), "2012-06-01T09:00:00Z");
-    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("2012-06-01", true), "2012-06-01T00:00:00Z");
-    test::expectAssertion("No date string specified.",
-                          [] { std::ignore = Converter::ensureISOTimeZoneFormat("", false); });
-    test::expectAssertion("[matches count] == 1",
-                          [] { std::ignore = Converter::ensureISOTimeZoneFormat("T+0200\nT+0200", false); });
-    test::expectAssertion("[matches count] == 1", [] { std::ignore = Converter::mppFromZelbDateTime("T+02\nT+02"); });
-}
-
 } // namespace
 } // namespace brackwater

@@ -132,20 +132,6 @@ TEST(OneLineTexts, CdataKeepsItsCharacterReferencesButNoLineEnds) {
     EXPECT_EQ(stringByReplacingOccurrencesOfNewline(" <![CDATA[a&#x0A;b]]>"), " <![CDATA[a b]]>");
 }
 
-TEST(ElementBuilding, ShortCallsBuildElementsAttributesAndComments) {
-    const auto document = XMLDocument::withRootElement("p");
-    const XMLElement root = document->rootElement();
-    addChildElementWithName(root, "empty");
-    addChildElementWithName(root, "text", std::string("t & u"));
-    addChildElementWithName(root, "none", std::nullopt);
-    insertChildElementWithName(root, "first", 0);
-    insertChildElementWithName(root, "second", "2", 1);
-    addComment(root, "c");
-    insertComment(root, std::nullopt, 0);
-    EXPECT_EQ(root.description(),
-              "<p><!----><first/><second>2</second><empty/><text>t &amp; u</text><none/><!--c--></p>");
-}
-
 TEST(ElementBuilding, AttributeWithoutAValueIsMadeOrKept) {
     const auto document = XMLDocument::withRootElement("p");
     const XMLElement root = document->rootElement();

@@ -8,7 +8,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 namespace brackwater {
@@ -215,13 +214,6 @@ TEST_F(RunnerWithBundle, OverwritingRemovesWhatStandsAtTheOutput) {
     _folder.write("out/My Plan.mpp/inner/file", "a folder in the way");
     EXPECT_THAT(runWithTemplate({_bundle, _folder.path("out")}), Contains("### Exporter SUCCEEDED."));
     EXPECT_TRUE(std::filesystem::is_regular_file(_folder.path("out/My Plan.mpp")));
-}
-
-TEST_F(RunnerWithBundle, WithoutThePreferenceTheRunnerLogsTheGivenNameAndTheExporterTheUniqueOne) {
-    _folder.write("My Plan.mpp", "old");
-    EXPECT_THAT(runWithTemplate({_bundle}), IsSupersetOf({"outputFilePath='" + _folder.path("My Plan.mpp") + "'",
-                                                          "Output: '" + _folder.path("My Plan-1.mpp") + "'"}));
-    EXPECT_EQ(_folder.read("My Plan.mpp"), "old");
 }
 
 TEST_F(Runner, ListExportsItsLinesInOrderAndOutlivesAFailedExport) {

@@ -1,5 +1,4 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLDocumentAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLExtendedAttributeAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
@@ -12,16 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace brackwater::test {
-
-TEST(AdapterFrame, EveryElementHasItsNameAndARecordOfItsOwn) {
-    const auto one = MSPEXMLTaskAdapter::elementWithName("Task", nullptr);
-    const auto other = MSPEXMLTaskAdapter::elementWithName("Task", nullptr);
-
-    EXPECT_EQ(one->name(), "Task");
-    ASSERT_NE(one->mppDomObject(), nullptr);
-    EXPECT_NE(one->mppDomObject(), other->mppDomObject());
-    EXPECT_TRUE(one->hasMppDomObject());
-}
 
 TEST(AdapterFrame, InsertingAppendsWhateverTheIndex) {
     const auto project = MSPEXMLProjectAdapter::elementWithName("Project", nullptr);
@@ -61,25 +50,6 @@ TEST(AdapterFrame, RefusesToBeMadeWithoutMapper) {
     expectAssertion("!!! PROHIBITED CONSTRUCTOR CALL: -[MSPEXMLTaskAdapter initWithName:@\"Task\" "
                     "stringValue:@\"(null)\"]",
                     [] { (void)MSPEXMLTaskAdapter::initWithName("Task", std::nullopt); });
-}
-
-TEST(AdapterFrame, TheDocumentHoldsItsRoot) {
-    const auto project = MSPEXMLProjectAdapter::elementWithName("Project", nullptr);
-    EXPECT_EQ(MSPEXMLDocumentAdapter::documentWithRootElement(project)->rootElement(), project);
-}
-
-TEST(CollectionAdapter, HandsTheRecordsOverAndOutlivesTheirElements) {
-    MSPEXMLCollectionAdapter<MPPTask> tasks("Tasks", nullptr);
-    std::weak_ptr<MPPTask> record;
-    {
-        const auto task = MSPEXMLTaskAdapter::elementWithName("Task", nullptr);
-        task->mppDomObject()->ID = 7;
-        record = task->mppDomObject();
-        tasks.addChild(task);
-    }
-    ASSERT_EQ(tasks.collection().size(), 1U);
-    EXPECT_EQ(tasks.collection().front(), record.lock());
-    EXPECT_EQ(tasks.collection().front()->ID, 7U);
 }
 
 TEST(CollectionAdapter, KeepsAChildWithoutRecordAliveAndAddsNothing) {

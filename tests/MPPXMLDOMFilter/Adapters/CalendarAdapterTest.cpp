@@ -1,4 +1,3 @@
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLCalendarAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLExceptionAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTimePeriodAdapter.h"
@@ -67,49 +66,6 @@ TEST(WorkingTimeAdapter, HasNoTimeWhereTheTextIsNoClock) {
     EXPECT_EQ(clock(std::nullopt), "none");
 }
 
-TEST(CalendarAdapter, StoresItsVocabulary) {
-    const auto element = MSPEXMLCalendarAdapter::elementWithName("Calendar", nullptr);
-    const MPPCalendar& calendar = *element->mppDomObject();
-    element->addChildElementWithName("UID", "4");
-    element->addChildElementWithName("BaseCalendarUID", "-1");
-    element->addChildElementWithName("IsBaseCalendar", "1");
-    element->addChildElementWithName("Name", "Night shift");
-
-    EXPECT_EQ(calendar.ID, 4U);
-    EXPECT_EQ(calendar.baseCalendar.proxyText(), "-1");
-    EXPECT_TRUE(calendar.isBaseCalendar);
-    EXPECT_EQ(calendar.name, "Night shift");
-    EXPECT_EQ(calendar.defaultWorkWeek, nullptr);
-    EXPECT_EQ(element->addChildElementWithName("Elsewhere"), nullptr);
-}
-
-TEST(CalendarAdapter, FillsDefaultWeekExceptionsAndWorkWeeks) {
-    const auto element = MSPEXMLCalendarAdapter::elementWithName("Calendar", nullptr);
-    const MPPCalendar& calendar = *element->mppDomObject();
-    const auto weekDays = element->addChildElementWithName("WeekDays");
-    const auto monday = weekDay("2");
-    weekDays->addChild(monday);
-    weekDays->addChild(weekDay("1"));
-    addWorkingTime(*monday, "08:00:00", "12:00:00"); // after the week took the day
-    element->addChildElementWithName("Exceptions")
-        ->addChild(MSPEXMLExceptionAdapter::elementWithName("Exception", nullptr));
-    element->addChildElementWithName("Exceptions")
-        ->addChild(MSPEXMLExceptionAdapter::elementWithName("Exception", nullptr));
-    const auto workWeek = MSPEXMLWorkWeekAdapter::elementWithName("WorkWeek", nullptr);
-    (void)workWeek->addChildElementWithName("WeekDays");
-    element->addChildElementWithName("WorkWeeks")->addChild(workWeek);
-
-    ASSERT_NE(calendar.defaultWorkWeek, nullptr);
-    ASSERT_NE(calendar.defaultWorkWeek->mondayWorkRanges, nullptr);
-    EXPECT_EQ(descriptionOfRanges(calendar.defaultWorkWeek->mondayWorkRanges.get()), "08:00-12:00 ");
-    ASSERT_NE(calendar.defaultWorkWeek->sundayWorkRanges, nullptr);
-    EXPECT_TRUE(calendar.defaultWorkWeek->sundayWorkRanges->empty());
-    EXPECT_EQ(calendar.defaultWorkWeek->tuesdayWorkRanges, nullptr);
-    EXPECT_EQ(calendar.exceptions.size(), 2U);
-    ASSERT_EQ(calendar.workWeeks.size(), 1U);
-    EXPECT_EQ(calendar.workWeeks.front(), workWeek->mppDomObject());
-}
-
 TEST(WeekDaysAdapter, PutsEachDayInItsPlace) {
     const auto weekDays = MSPEXMLWeekDaysAdapter::elementWithName("WeekDays", nullptr);
     for (const char* dayType : {"1", "2", "3", "4", "5", "6", "7"}) {
@@ -172,25 +128,6 @@ TEST(WeekDayAdapter, TakesItsWorkingTimesInEitherWay) {
     EXPECT_FALSE(day->mppDomObject()->back()->end);
     expectAssertion("Received adapter of incorect class 'MSPEXMLNotesAdapter'",
                     [&] { day->addChild(MSPEXMLNotesAdapter::elementWithName("WorkingTime", nullptr)); });
-}
-
-TEST(ExceptionAdapter, TakesItsDatesNameAndWorkingTimes) {
-    const auto element = MSPEXMLExceptionAdapter::elementWithName("Exception", nullptr);
-    const MPPCalendarException& exception = *element->mppDomObject();
-    element->addChildElementWithName("EnteredByOccurrences", "0");
-    element->addChild(timePeriod("2012-06-01T00:00:00", "2012-06-02T23:59:59"));
-    element->addChildElementWithName("Occurrences", "2");
-    element->addChildElementWithName("Name", "Regatta");
-    element->addChildElementWithName("DayWorking", "1");
-    addWorkingTime(*element, "18:00:00", "20:00:00");
-    element->addChildElementWithName("WorkingTimes")
-        ->addChild(MSPEXMLWorkingTimeAdapter::elementWithName("WorkingTime", nullptr));
-
-    EXPECT_EQ(exception.startDate, MSPIUtilities::mspdiToMppDateTime("2012-06-01T00:00:00"));
-    EXPECT_EQ(exception.endDate, MSPIUtilities::mspdiToMppDateTime("2012-06-02T23:59:59"));
-    EXPECT_EQ(exception.name, "Regatta");
-    ASSERT_EQ(exception.workRanges.size(), 2U);
-    EXPECT_EQ(exception.workRanges.front()->end->hours(), 20);
 }
 
 TEST(ExceptionAdapter, WarnsOfOtherTypesAndGoesOn) {

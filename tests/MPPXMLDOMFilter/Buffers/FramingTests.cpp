@@ -72,19 +72,6 @@ TEST(MarkedElements, WithFramesRefuseAClosingTooMuchBeforeTheyPatch) {
     expectException(kOffsetMarkedDataException, kReason, [&] { props.closeCurrentElement(); });
 }
 
-TEST(Var2Data, PutsThePayloadSizeInFront) {
-    MPPVar2Data var2;
-    addElement(var2, 7, 1, 3);
-    var2.clearBuffer();
-    addElement(var2, 7, 2, 0);
-    EXPECT_EQ(bytesOf(var2), (Bytes{0, 0, 0, 0}));
-    addElement(var2, 8, 2, 2);
-    EXPECT_EQ(bytesOf(var2), (Bytes{0, 0, 0, 0, 2, 0, 0, 0, 2, 2}));
-    EXPECT_EQ(var2.offsetOfElementWithType(7, 1), 0U);
-    EXPECT_EQ(var2.offsetOfElementWithType(7, 2), 7U);
-    EXPECT_EQ(var2.offsetOfElementWithType(8, 2), 11U);
-}
-
 TEST(Var2Data, SecondElementOfAPairReplacesTheFirstButCounts) {
     MPPVar2Data var2;
     addElement(var2, 7, 5, 1);
@@ -95,25 +82,6 @@ TEST(Var2Data, SecondElementOfAPairReplacesTheFirstButCounts) {
     EXPECT_EQ(var2.numberOfElementsForID(6), 0U);
     expectException(kRangeException, "No data in Var2Data for (type, id) pair specified",
                     [&] { (void)var2.offsetOfElementWithType(5, 7); });
-}
-
-TEST(VarMeta, OfNoElementsIsItsHeader) {
-    MPP12VarMeta meta(std::make_shared<MPPVar2Data>(), 9);
-    meta.writeMetaHeader();
-    EXPECT_EQ(wordsOf(meta), (Words{kMetaMagic, 0, 0, 0, 0, 0}));
-    EXPECT_EQ(meta.dataSize(), 24U);
-}
-
-TEST(VarMeta, RecordsFollowTheCallersOrder) {
-    const auto var2 = std::make_shared<MPPVar2Data>();
-    addElement(*var2, 0x11, 1, 6);
-    addElement(*var2, 0x22, 2, 8);
-    var2->clearBuffer();
-    MPP12VarMeta meta(var2, 0x3501);
-    meta.writeMetaHeader();
-    meta.writeElementMetaWithType(0x22, 2);
-    meta.writeElementMetaWithType(0x11, 1);
-    EXPECT_EQ(wordsOf(meta), (Words{kMetaMagic, 0, 2, 0, 0, 22, /**/ 2, 10, 0x35010022, /**/ 1, 0, 0x35010011}));
 }
 
 TEST(VarMeta, NextRecordsTakeTheElementsInTurn) {
@@ -143,28 +111,6 @@ TEST(FixedMeta, GivesCountSizeAndTheOffsetOfEachRow) {
     EXPECT_EQ(wordsOf(meta), (Words{kMetaMagic, 4, 2, 21, /**/ 0xCAFE, 0, 77, /**/ 0, 16}));
     expectException(kRangeException, "Attempt to write too many elements into FixedMeta",
                     [&] { meta.writeNextElementStartWithInt(0); });
-}
-
-TEST(Props, WithoutElementsIsSixteenBytes) {
-    MPPProps props;
-    props.open();
-    props.close();
-    EXPECT_EQ(wordsOf(props), (Words{12, 12, 0x00016974, 0}));
-}
-
-TEST(Props, ElementsHaveHeadsAndTheHeaderCountsThem) {
-    MPPProps props(0xABCD);
-    props.open();
-    props.startNewElementForType(0x02400002, 0x11);
-    props.writeInteger(99);
-    props.closeCurrentElement();
-    props.setWriteSizeTwice(true);
-    EXPECT_EQ(props.startNewElementForType(0x02400004, 0x22), 1U);
-    props.writeInteger(1);
-    props.writeInteger(2);
-    props.closeCurrentElement();
-    props.close();
-    EXPECT_EQ(wordsOf(props), (Words{48, 48, 0xABCD, 2, /**/ 4, 0x02400002, 0x11, 99, /**/ 8, 0x02400004, 8, 1, 2}));
 }
 
 TEST(Props, StayInMemoryUntilClosed) {

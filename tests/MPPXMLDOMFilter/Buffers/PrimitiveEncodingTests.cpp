@@ -35,24 +35,6 @@ TEST(Primitives, IntegersAndDoublesAreLittleEndian) {
     EXPECT_EQ(written([](MPPData& data) { data.writeDouble(1.5); }), (Bytes{0, 0, 0, 0, 0, 0, 0xF8, 0x3F}));
 }
 
-TEST(Primitives, GuidStandsAsItIsAndNullAsZeros) {
-    const Guid guid(Guid::Bytes{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
-    EXPECT_EQ(written([&](MPPData& data) { data.writeGUID(&guid); }),
-              (Bytes{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
-    EXPECT_EQ(written([](MPPData& data) { data.writeGUID(nullptr); }), Bytes(16, 0));
-}
-
-TEST(Primitives, BytesAndZerosAreAppended) {
-    const Bytes given{9, 0, 8};
-    EXPECT_EQ(written([&](MPPData& data) {
-                  data.writeData(given);
-                  data.writeZeroesBlockOfSize(2);
-                  data.writeZeroesBlockOfSize(0);
-                  data.writeData({});
-              }),
-              (Bytes{9, 0, 8, 0, 0}));
-}
-
 TEST(Strings, EndInTwoZeroBytesInBothEncodings) {
     EXPECT_EQ(text("", MPPEncoding::ASCII), (Bytes{0, 0}));
     EXPECT_EQ(text("", MPPEncoding::Unicode), (Bytes{0, 0}));
@@ -78,14 +60,6 @@ TEST(Strings, OneCharacterThatCannotBeConvertedDropsTheWholeText) {
     };
     for (const auto& utf8 : illFormed)
         EXPECT_EQ(text(utf8, MPPEncoding::Unicode), (Bytes{0, 0})) << utf8;
-}
-
-TEST(Strings, DroppedTextLeavesWhatStoodBefore) {
-    EXPECT_EQ(written([](MPPData& data) {
-                  data.write1ByteInteger(7);
-                  data.writeString("ok \xFF", MPPEncoding::Unicode);
-              }),
-              (Bytes{7, 0, 0}));
 }
 
 constexpr std::string_view kRtfStart =
@@ -149,19 +123,6 @@ TEST(Patches, PastTheEndAreRefused) {
     expectException(kRangeException, kReason,
                     [&] { data.writeIntegerAtOffset(1, std::numeric_limits<std::size_t>::max() - 1); });
     EXPECT_EQ(bytesOf(data), Bytes(4, 0));
-}
-
-TEST(Sizes, ClearedBytesStayCountedAndResetOnesDoNot) {
-    MPPData data;
-    data.writeZeroesBlockOfSize(600);
-    data.clearBuffer();
-    EXPECT_EQ(data.dataSize(), 0U);
-    EXPECT_EQ(data.cumulativeDataSize(), 600U);
-    data.writeInteger(1);
-    EXPECT_EQ(data.cumulativeDataSize(), 604U);
-    data.resetData();
-    EXPECT_EQ(data.dataSize(), 0U);
-    EXPECT_EQ(data.cumulativeDataSize(), 600U);
 }
 
 } // namespace

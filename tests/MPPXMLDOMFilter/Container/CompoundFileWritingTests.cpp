@@ -1,6 +1,5 @@
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Container/MPPFormatWriter.h"
-#include "Platform/Exception.h"
 #include "support/CompoundFile.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"
@@ -10,7 +9,6 @@
 
 #include <filesystem>
 #include <set>
-#include <sys/stat.h>
 
 namespace brackwater::test {
 namespace {
@@ -75,16 +73,6 @@ TEST_F(Writing, TreeIsReadBackAsWritten) {
                      "Empty",
                      {}));
     EXPECT_EQ(*entryAt(tree, "Nothing"), storage("Nothing", {}));
-}
-
-TEST_F(Writing, ReleaseClosesToo) {
-    {
-        MPPFormatWriter root(urlOf(_path));
-        ASSERT_TRUE(root.open());
-        ASSERT_TRUE(root.createChildWithName("A", false)->writeBytes(patternBytes(10)));
-        ASSERT_TRUE(root.createChildWithName("B", false)->writeBytes(patternBytes(20)));
-    }
-    EXPECT_EQ(listing(readCompoundFile(_path)), "A\nB\n");
 }
 
 TEST_F(Writing, SecondOpenStreamIsRefusedBeforeItHarmsTheFirst) {
@@ -183,20 +171,6 @@ TEST_F(Writing, DestinationThatBecomesAFolderFailsTheClose) {
     EXPECT_FALSE(root.close());
     EXPECT_NE(root.failureText(), "");
     EXPECT_EQ(_folder.read("Out.mpp/Inner"), "x");
-}
-
-TEST(Library, StartsAgainAfterItsStop) {
-    const TempFolder folder;
-    const LogCapture log;
-    for (int i = 0; i < 3; ++i) {
-        const CompoundFileLibrary library;
-        const CompoundFileLibrary nested;
-        MPPFormatWriter root(FileURL::fileURLWithPath(folder.path("Out.mpp"), false));
-        ASSERT_TRUE(root.open());
-        ASSERT_TRUE(root.createChildWithName("A", false));
-        ASSERT_TRUE(root.close());
-        EXPECT_EQ(listing(readCompoundFile(folder.path("Out.mpp"))), "A\n");
-    }
 }
 
 } // namespace

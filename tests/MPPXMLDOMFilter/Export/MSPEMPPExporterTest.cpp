@@ -44,37 +44,6 @@ protected:
     std::optional<test::LogCapture> _log;
 };
 
-TEST_F(Exporter, TellsItsStepsInOrder) {
-    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
-    const std::string output = _folder.path("Plan.mpp");
-    EXPECT_TRUE(exportBundle(bundle, output));
-    EXPECT_TRUE(_folder.has("Plan.mpp"));
-
-    std::vector<std::string> own;
-    for (const std::string& line : _log->lines()) {
-        for (const char* begin : {"MSPE", "Input:", "Output:", "Mapping Tarnwick", "mspdiXmlDoc", "Writing out",
-                                  "project.", "writeProject"}) {
-            if (line.starts_with(begin))
-                own.push_back(line);
-        }
-    }
-    EXPECT_THAT(own, ElementsAre("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...",
-                                 "Input:  '" + bundle + "'", "Output: '" + output + "'",
-                                 "Mapping Tarnwick document ...", "mspdiXmlDoc: <MSPEXMLDocumentAdapter>",
-                                 "Writing out exported MS Project document ...", StartsWith("project.tasks: ("),
-                                 StartsWith("project.resources: ("), "writeProject started\n",
-                                 "writeProject finished\n", "MSPEMPPExporter: Finished with success=YES"));
-}
-
-TEST_F(Exporter, PassesTheTemplateOnInItsInfo) {
-    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
-    _log.emplace();
-    MSPEMPPExporter exporter(MSPEExportInfo{{"InfoMSPDIProjectName", "Plan"}});
-    EXPECT_TRUE(exporter.exportZelbBundle(fileUrl(bundle), fileUrl(_folder.path("Plan.mpp")), fileUrl(_template)));
-    EXPECT_THAT(exporter.info(), ElementsAre(testing::Pair("InfoMPPTemplateUrl", fileUrl(_template).absoluteString()),
-                                             testing::Pair("InfoMSPDIProjectName", "Plan")));
-}
-
 struct UrlFault {
     std::optional<FileURL> source, destination, templateUrl;
     std::string reason;
@@ -143,14 +112,6 @@ TEST_F(Exporter, SaysWhereAndWhyAWriteStopped) {
     EXPECT_FALSE(_folder.has("Plan.mpp"));
 }
 
-TEST_F(Exporter, MissingFolderOfTheDestinationIsAFailedExport) {
-    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
-    EXPECT_FALSE(exportBundle(bundle, _folder.path("none/Plan.mpp")));
-    EXPECT_THAT(lastLines(), testing::Pair(StartsWith("WARNING: Writing stopped at '"),
-                                           "MSPEMPPExporter: Finished with success=NO"));
-    EXPECT_FALSE(_folder.has("none"));
-}
-
 TEST_F(Exporter, FullDiskIsAFailedExport) {
     const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
     test::writeCompoundFile(_template, {test::compObj2007(), test::stream("Other", test::patternBytes(500'000))});
@@ -179,20 +140,6 @@ TEST_F(Exporter, SaysWhyNoScenarioWasMapped) {
     expectNotMapped(bundle, "'drawing'");
     _folder.write("Plan.zelb/plan.xml", "<scenario xmlns='http://tarnwick.example/namespace/Tarnwick/v9'/>");
     expectNotMapped(bundle, "Tarnwick/v9");
-}
-
-TEST_F(Exporter, FailureOfMappingEndsInTheHandler) {
-    const std::string bundle = test::writeBundle(_folder, "Plan.zelb");
-    _folder.write("Plan.zelb/plan.xml", "<scenario xmlns='http://tarnwick.example/namespace/Tarnwick/v2'/>");
-    EXPECT_FALSE(exportBundle(bundle, _folder.path("Plan.mpp")));
-    EXPECT_THAT(_log->lines().back(), StartsWith("EXCEPTION: NSInternalInconsistencyException\n"));
-    EXPECT_FALSE(_folder.has("Plan.mpp"));
-}
-
-TEST_F(Exporter, ListsTheRecordsThatItWrites) {
-    EXPECT_TRUE(exportBundle(test::writeBundle(_folder, "Plan.zelb"), _folder.path("Plan.mpp")));
-    EXPECT_TRUE(_log->contains("project.tasks: (\n    <MPPTask>: ID=0 title=\"Plan\""));
-    EXPECT_TRUE(_log->contains(",\n    <MPPTask>: ID=1 title=\"Task\""));
 }
 
 } // namespace

@@ -6,43 +6,6 @@
 namespace brackwater::test {
 namespace {
 
-TEST(Records, ATaskWithoutRelationsReportsAllOnesIn32Bits) {
-    const MPPTask task;
-    EXPECT_EQ(task.parentTaskID(), 0xFFFFFFFFU);
-    EXPECT_EQ(task.calendarID(), 0xFFFFFFFFU);
-    EXPECT_EQ(task.priority, 500U);
-    EXPECT_TRUE(task.estimated);
-}
-
-TEST(Records, ATaskReportsTheIDsOfItsRelations) {
-    MPPTask parent;
-    parent.ID = 7;
-    const auto calendar = std::make_shared<MPPCalendar>();
-    calendar->ID = 3;
-    MPPTask task;
-    task.parent = &parent;
-    task.calendar.setRecord(calendar);
-    EXPECT_EQ(task.parentTaskID(), 7U);
-    EXPECT_EQ(task.calendarID(), 3U);
-}
-
-TEST(Records, FixedAnswersIgnoreFieldsOfTheSameName) {
-    MPPTask task;
-    task.startDate = Date{100};
-    task.endDate = Date{200};
-    task.actualStart = task.stop = task.resume = Date{300};
-    task.percentageComplete = 40;
-    EXPECT_EQ(task.getEarlyStart(), Date{100});
-    EXPECT_EQ(task.getLateStart(), Date{100});
-    EXPECT_EQ(task.getEarlyFinish(), Date{200});
-    EXPECT_EQ(task.getLateFinish(), Date{200});
-    EXPECT_EQ(task.getActualStart(), std::nullopt);
-    EXPECT_EQ(task.getStop(), std::nullopt);
-    EXPECT_EQ(task.getResume(), std::nullopt);
-    EXPECT_EQ(task.getPercentageComplete(), 0U);
-    EXPECT_EQ(task.getFixedCostAccrual(), 3);
-}
-
 TEST(Records, TheProjectAnswersTwoQuestionsOtherwiseThanATask) {
     const MPPProject project;
     const MPPTask& row = project;
@@ -68,41 +31,6 @@ TEST(Records, ANewProjectHasTheRecordOfWorkWithoutAResource) {
     ASSERT_TRUE(project.summaryInfo);
     EXPECT_FALSE(project.summaryInfo->title);
     EXPECT_FALSE(project.calendar.record());
-}
-
-TEST(Records, AResourceScalesUnitsAndCostButNotItsRate) {
-    MPPResource resource;
-    EXPECT_EQ(resource.getMaxUnits(), 10000.0);
-    resource.costPerUse = 2.5;
-    resource.standartRate = 3.5;
-    EXPECT_EQ(resource.getCostPerUse(), 250.0);
-    EXPECT_EQ(resource.getStandartRate(), 3.5);
-}
-
-TEST(Records, TextFieldsOfAResourceCountFromOne) {
-    MPPResource resource;
-    EXPECT_FALSE(resource.hasCustomFieldText(1));
-    resource.customFieldsText = {"", "x"};
-    EXPECT_FALSE(resource.hasCustomFieldText(0));
-    EXPECT_FALSE(resource.hasCustomFieldText(1));
-    EXPECT_TRUE(resource.hasCustomFieldText(2));
-    EXPECT_FALSE(resource.hasCustomFieldText(3));
-    EXPECT_FALSE(resource.hasGroup());
-    resource.group = "";
-    EXPECT_TRUE(resource.hasGroup()) << "an empty text is present";
-}
-
-TEST(Records, KindsOfResourcesSetTwoFields) {
-    MPPResource resource;
-    EXPECT_EQ(resource.getResourceType(), 0U);
-    resource.setResourceTypeCost();
-    EXPECT_EQ(resource.getResourceType(), 1U);
-    EXPECT_TRUE(resource.isCostResource());
-    resource.setResourceTypeMaterial();
-    EXPECT_EQ(resource.getResourceType(), 1U);
-    EXPECT_FALSE(resource.isCostResource());
-    resource.setResourceTypeWork();
-    EXPECT_EQ(resource.getResourceType(), 0U);
 }
 
 TEST(Records, TheIndexesOfAssignmentsAreBuiltOnce) {
@@ -146,54 +74,6 @@ TEST(Records, AReferenceIsUnsetAProxyOrARecord) {
     EXPECT_FALSE(reference.isProxy());
     reference.setRecord(nullptr);
     EXPECT_TRUE(reference.isUnset());
-}
-
-TEST(Records, DescriptionsNameRelatedRecordsByTheirIDs) {
-    MPPTask parent;
-    parent.ID = 3;
-    MPPTask task;
-    task.ID = 4;
-    task.title = "Dig";
-    task.outlineLevel = 2;
-    EXPECT_EQ(task.description(), "<MPPTask>: ID=4 title=\"Dig\" outlineLevel=2 parent: <null>");
-    task.parent = &parent;
-    EXPECT_EQ(task.description(), "<MPPTask>: ID=4 title=\"Dig\" outlineLevel=2 parent: ID=3");
-
-    MPPResource resource;
-    resource.ID = 5;
-    resource.setResourceTypeMaterial();
-    EXPECT_EQ(resource.description(),
-              "<MPPResource>: ID=5 name=\"(null)\" group=\"(null)\" type=1 (Material) calendar: <null>");
-
-    MPPAssignment assignment;
-    assignment.task.setRecord(&task);
-    EXPECT_EQ(assignment.description(), "<MPPAssignment>: ID=0 task: ID=4 resource: <null>");
-
-    MPPConstraint link;
-    link.task1.setRecord(&task);
-    link.constraintType = 1;
-    EXPECT_EQ(link.description(),
-              "<MPPConstraint>: task1.ID=4 task2=<null> constraintType=1 (FS) lag=0.000000 isPercentage=NO");
-    link.constraintType = 4;
-    EXPECT_NE(link.description().find(" (?"
-                                      "?) "),
-              std::string::npos);
-}
-
-TEST(Records, ADescribedWeekTellsAbsentDaysFromFreeOnes) {
-    MPPCalendarWorkWeek week;
-    EXPECT_FALSE(week.definesAnyDay());
-    week.mondayWorkRanges = std::make_shared<MPPRangeList>();
-    EXPECT_TRUE(week.definesAnyDay()) << "a free day is defined";
-    auto range = std::make_shared<MPPCalendarTimeRange>();
-    range->start.emplace().setHours(8);
-    range->end.emplace().setHours(12);
-    week.tuesdayWorkRanges = std::make_shared<MPPRangeList>(MPPRangeList{range, range});
-    const std::string text = week.description();
-    EXPECT_NE(text.find("sunday: <null>"), std::string::npos) << text;
-    EXPECT_NE(text.find("monday: \n"), std::string::npos) << text;
-    EXPECT_NE(text.find("tuesday: 08:00-12:00 08:00-12:00 "), std::string::npos) << text;
-    EXPECT_EQ(range->description(), "<MPPCalendarTimeRange>: start=08:00 end=12:00");
 }
 
 TEST(Records, ADescribedCalendarListsItsWeeksAndExceptions) {

@@ -51,15 +51,10 @@ TEST_F(AssignmentStreams, PlannedWorkWithoutPhases) {
     ASSERT_TRUE(writeAssignments()) << failureReason;
     const auto records = varRecords();
     EXPECT_EQ(idsAndTypes(records), "1:49 1:634 1:665 1:667");
-    const ByteImage expected = ByteImage(72)
-                                   .word(2, 32)
-                                   .integer(4, 0x0304002C)
-                                   .real(8, 160000)
-                                   .real(16, 60000)
-                                   .integer(24, 12799) // 1 / 3 * 100 * 384 in this order is just below 12800
-                                   .integer(32, 1)
-                                   .integer(36, 0x0304C800)
-                                   .integer(40, 1);
+    ByteImage expected(72);
+    expected.word(2, 32).integer(4, 0x0304002C).real(8, 160000).real(16, 60000);
+    expected.integer(32, 1).integer(36, 0x0304C800).integer(40, 1);
+    expected.integer(24, 12799); // 1 / 3 * 100 * 384 in this order is just below 12800
     EXPECT_TRUE(sameBytes(records.at(0).payload, expected));
     EXPECT_TRUE(sameBytes(records.at(2).payload, ByteImage(16)));
     EXPECT_TRUE(sameBytes(records.at(3).payload, ByteImage(16)));

@@ -3,8 +3,6 @@
 #include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP14CalendarWriter.h"
 
-#include <cstdlib>
-
 namespace brackwater::test {
 namespace {
 
@@ -214,14 +212,8 @@ TEST_F(CalendarStreams, ExceptionsAndWorkWeeksFollowTheWeek) {
     EXPECT_EQ(integerAt(block, kExceptions), 3U);
     constexpr std::size_t kFirst = kExceptions + 4;
     // Two characters and a terminator are 6 bytes; 2 more follow.
-    const ByteImage first = ByteImage(88 + 4 + 6 + 2)
-                                .word(0, 10)
-                                .word(2, 0xFFFF)
-                                .word(4, 2)
-                                .integer(72, 1)
-                                .integer(80, 1)
-                                .integer(88, 6)
-                                .text(92, "ab");
+    ByteImage first(88 + 4 + 6 + 2);
+    first.word(0, 10).word(2, 0xFFFF).word(4, 2).integer(72, 1).integer(80, 1).integer(88, 6).text(92, "ab");
     EXPECT_TRUE(sameBytes(slice(block, kFirst, 100), first));
     constexpr std::size_t kSecond = kFirst + 100;
     ByteImage second(88 + 4 + 2 + 2);

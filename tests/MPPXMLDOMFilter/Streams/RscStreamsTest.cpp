@@ -35,14 +35,10 @@ std::vector<std::uint32_t> payloadSizes(const Bytes& var2Data) {
 }
 
 ByteImage metaOfPlainResource(std::size_t index) {
-    return ByteImage(37)
-        .integer(0, 0x00040000)
-        .integer(4, static_cast<std::uint32_t>(48 + 188 * (index - kHeaderRows)))
-        .byte(8, 3)
-        .byte(9, 0x92)
-        .word(10, 0xFFFF)
-        .byte(12, 0xFF)
-        .byte(13, 0x3F);
+    ByteImage record(37);
+    record.integer(0, 0x00040000).integer(4, static_cast<std::uint32_t>(48 + 188 * (index - kHeaderRows))).byte(8, 3);
+    record.byte(9, 0x92).word(10, 0xFFFF).byte(12, 0xFF).byte(13, 0x3F);
+    return record;
 }
 
 TEST_F(ResourceStreams, AProjectWithoutResourcesHoldsTheDefaultRow) {
@@ -78,21 +74,9 @@ TEST_F(ResourceStreams, ARowHoldsEachFieldAtItsOffset) {
     resource.baseline0 = std::make_shared<MPPResourceBaseline>(MPPResourceBaseline{2, 3});
     preprocess();
     ASSERT_TRUE(writeResources()) << failureReason;
-    const ByteImage expected = ByteImage(188)
-                                   .integer(0, 2)
-                                   .integer(4, 2)
-                                   .word(8, 2)
-                                   .word(10, 2)
-                                   .word(12, 3)
-                                   .word(14, 1)
-                                   .integer(16, 5)
-                                   .date(20, 10, 1)
-                                   .date(24, 20, 2)
-                                   .real(28, 12.5)
-                                   .real(44, 5000)
-                                   .real(68, 120000)
-                                   .real(84, 250)
-                                   .real(148, 300);
+    ByteImage expected(188);
+    expected.integer(0, 2).integer(4, 2).word(8, 2).word(10, 2).word(12, 3).word(14, 1).integer(16, 5).date(20, 10, 1);
+    expected.date(24, 20, 2).real(28, 12.5).real(44, 5000).real(68, 120000).real(84, 250).real(148, 300);
     EXPECT_TRUE(sameBytes(fixedRow(kFirstRow + 1), expected));
     const ByteImage expected2 = ByteImage(40).guid(0, resource.GUID()).real(16, 3.0).guid(24, resource.GUID());
     EXPECT_TRUE(sameBytes(fixed2Row(kFirstRow + 1), expected2));
@@ -143,24 +127,13 @@ TEST_F(ResourceStreams, MetaFollowsWhatAResourceHas) {
     ASSERT_TRUE(writeResources()) << failureReason;
 
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstRow), metaOfPlainResource(kFirstRow).byte(9, 0x12)));
-    const ByteImage expected = metaOfPlainResource(kFirstRow + 1)
-                                   .integer(0, 0x000F0000)
-                                   .byte(9, 0x96)
-                                   .byte(13, 0xFF)
-                                   .byte(14, 0x91)
-                                   .byte(15, 0x81)
-                                   .byte(16, 0x81)
-                                   .byte(17, 0x81)
-                                   .byte(18, 0x03)
-                                   .byte(33, 0x40);
+    ByteImage expected = metaOfPlainResource(kFirstRow + 1);
+    expected.integer(0, 0x000F0000).byte(9, 0x96).byte(13, 0xFF).byte(14, 0x91).byte(15, 0x81).byte(16, 0x81);
+    expected.byte(17, 0x81).byte(18, 0x03).byte(33, 0x40);
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstRow + 1), expected));
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstRow + 2), metaOfPlainResource(kFirstRow + 2).integer(0, 0x00050000)));
-    const ByteImage expected2 = ByteImage(49)
-                                    .integer(4, 40 * (kFirstRow + 1))
-                                    .byte(8, 0x47)
-                                    .integer(37, 2)
-                                    .integer(43, 0xCCCCCCCC)
-                                    .byte(47, 0xCC);
+    ByteImage expected2(49);
+    expected2.integer(4, 40 * (kFirstRow + 1)).byte(8, 0x47).integer(37, 2).integer(43, 0xCCCCCCCC).byte(47, 0xCC);
     EXPECT_TRUE(sameBytes(fixed2Meta(kFirstRow + 1), expected2));
 }
 

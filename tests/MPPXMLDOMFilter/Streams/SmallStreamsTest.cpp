@@ -91,11 +91,9 @@ protected:
         EXPECT_TRUE(stream("Var2Data").empty());
         EXPECT_TRUE(sameBytes(stream("VarMeta"), ByteImage(24).integer(0, 0xFADFADBA)));
         EXPECT_TRUE(sameBytes(stream("FixedData"), fixedData));
-        const ByteImage header = ByteImage(16)
-                                     .integer(0, 0xFADFADBA)
-                                     .integer(4, 4)
-                                     .integer(8, 1)
-                                     .integer(12, static_cast<std::uint32_t>(fixedData.bytes().size()));
+        ByteImage header(16);
+        header.integer(0, 0xFADFADBA).integer(4, 4).integer(8, 1);
+        header.integer(12, static_cast<std::uint32_t>(fixedData.bytes().size()));
         EXPECT_TRUE(sameBytes(slice(stream("FixedMeta"), 0, 16), header));
         EXPECT_TRUE(sameBytes(metaRecord(stream("FixedMeta"), record.bytes().size(), 0), record));
     }

@@ -37,17 +37,10 @@ ByteImage rowWithoutDates() {
 }
 
 ByteImage metaOfPlainTask() {
-    return ByteImage(47)
-        .integer(0, 0x00010000)
-        .integer(4, 3 * 16 + 264)
-        .byte(8, 0x43)
-        .byte(9, 0x82)
-        .byte(11, 0x90)
-        .byte(12, 0x01)
-        .byte(13, 0xC6)
-        .integer(14, 0xFFFFFFFF)
-        .integer(18, 0x01FFFFFF)
-        .byte(22, 0x08);
+    ByteImage record(47);
+    record.integer(0, 0x00010000).integer(4, 3 * 16 + 264).byte(8, 0x43).byte(9, 0x82).byte(11, 0x90).byte(12, 0x01);
+    record.byte(13, 0xC6).integer(14, 0xFFFFFFFF).integer(18, 0x01FFFFFF).byte(22, 0x08);
+    return record;
 }
 
 TEST_F(TaskStreams, AProjectWithoutTasksHoldsItsTitleAndItsOwnRow) {
@@ -102,49 +95,14 @@ TEST_F(TaskStreams, ARowHoldsEachFieldAtItsOffset) {
     preprocess();
     ASSERT_TRUE(writeTasks()) << failureReason;
 
-    const ByteImage expected = rowWithoutDates()
-                                   .integer(0, 2)
-                                   .integer(4, 2)
-                                   .date(8, 6000, 2)
-                                   .date(12, 4800, 1)
-                                   .date(16, 0, 3)
-                                   .date(20, 0, 4)
-                                   .integer(36, 1)
-                                   .word(40, 2)
-                                   .integer(60, 4800)
-                                   .word(64, 0x27)
-                                   .integer(66, 2400)
-                                   .integer(70, 0xFFFFFFFF)
-                                   .integer(74, 100)
-                                   .word(78, 0x27)
-                                   .word(80, 0xFFFF)
-                                   .word(86, 8)
-                                   .date(88, 4800, 1)
-                                   .date(92, 6000, 2)
-                                   .date(96, 0, 5)
-                                   .date(104, 0, 8)
-                                   .date(108, 0, 9)
-                                   .date(112, 0, 6)
-                                   .date(116, 0, 4)
-                                   .word(120, 0xABCD)
-                                   .word(122, 40)
-                                   .word(124, 30)
-                                   .word(126, 2)
-                                   .word(128, 3)
-                                   .date(130, 0, 7)
-                                   .integer(144, 0x00009080)
-                                   .date(148, 4800, 1)
-                                   .date(152, 6000, 2)
-                                   .integer(160, 3)
-                                   .real(168, 0.1 * 60 * 1000)
-                                   .real(176, 240000)
-                                   .real(184, 120000)
-                                   .real(192, 180000)
-                                   .real(200, 6.5)
-                                   .real(208, 1.5)
-                                   .real(216, 7)
-                                   .real(224, 8)
-                                   .real(232, 9);
+    ByteImage expected = rowWithoutDates();
+    expected.integer(0, 2).integer(4, 2).date(8, 6000, 2).date(12, 4800, 1).date(16, 0, 3).date(20, 0, 4);
+    expected.integer(36, 1).word(40, 2).integer(60, 4800).word(64, 0x27).integer(66, 2400).integer(70, 0xFFFFFFFF);
+    expected.integer(74, 100).word(78, 0x27).word(80, 0xFFFF).word(86, 8).date(88, 4800, 1).date(92, 6000, 2);
+    expected.date(96, 0, 5).date(104, 0, 8).date(108, 0, 9).date(112, 0, 6).date(116, 0, 4).word(120, 0xABCD);
+    expected.word(122, 40).word(124, 30).word(126, 2).word(128, 3).date(130, 0, 7).integer(144, 0x00009080);
+    expected.date(148, 4800, 1).date(152, 6000, 2).integer(160, 3).real(168, 0.1 * 60 * 1000).real(176, 240000);
+    expected.real(184, 120000).real(192, 180000).real(200, 6.5).real(208, 1.5).real(216, 7).real(224, 8).real(232, 9);
     EXPECT_TRUE(sameBytes(fixedRow(kFirstTaskRow + 1), expected));
 }
 
@@ -166,32 +124,14 @@ TEST_F(TaskStreams, TheProjectsRowsDifferFromATasks) {
     preprocess();
     ASSERT_TRUE(writeTasks()) << failureReason;
 
-    const ByteImage row = rowWithoutDates()
-                              .date(12, 0, 1)
-                              .integer(36, 0xFFFFFFFF)
-                              .word(64, 0x15)
-                              .word(78, 0x15)
-                              .word(86, 8)
-                              .date(88, 0, 1)
-                              .word(120, 500)
-                              .word(126, 1)
-                              .word(128, 3)
-                              .integer(144, 0x80)
-                              .date(148, 0, 1)
-                              .integer(160, 1);
+    ByteImage row = rowWithoutDates();
+    row.date(12, 0, 1).integer(36, 0xFFFFFFFF).word(64, 0x15).word(78, 0x15).word(86, 8).date(88, 0, 1).word(120, 500);
+    row.word(126, 1).word(128, 3).integer(144, 0x80).date(148, 0, 1).integer(160, 1);
     EXPECT_TRUE(sameBytes(fixedRow(kProjectRow), row));
 
-    const ByteImage meta = ByteImage(47)
-                               .integer(0, 0x00020000)
-                               .integer(4, 48)
-                               .byte(8, 0x43)
-                               .byte(9, 0x07)
-                               .byte(10, 0x10)
-                               .byte(12, 0x01)
-                               .byte(13, 0xC6)
-                               .integer(14, 0xFFFFFFFF)
-                               .integer(18, 0x01FFFFFF)
-                               .byte(22, 0x08);
+    ByteImage meta(47);
+    meta.integer(0, 0x00020000).integer(4, 48).byte(8, 0x43).byte(9, 0x07).byte(10, 0x10).byte(12, 0x01).byte(13, 0xC6);
+    meta.integer(14, 0xFFFFFFFF).integer(18, 0x01FFFFFF).byte(22, 0x08);
     EXPECT_TRUE(sameBytes(fixedMeta(kProjectRow), meta));
     EXPECT_TRUE(sameBytes(fixedMeta(0), ByteImage(47).integer(0, 4).integer(8, 4)));
     EXPECT_TRUE(sameBytes(fixedMeta(2), ByteImage(47).integer(0, 4).integer(4, 32).integer(8, 4)));
@@ -213,12 +153,8 @@ TEST_F(TaskStreams, ATasksOtherRowsNameItsParentAndItsStart) {
     ASSERT_TRUE(writeTasks()) << failureReason;
 
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstTaskRow), metaOfPlainTask()));
-    const ByteImage expected = ByteImage(54)
-                                   .guid(0, child.GUID())
-                                   .real(16, 2.0)
-                                   .guid(24, parent.GUID())
-                                   .integer(44, 0x00040003)
-                                   .date(50, 100, 4);
+    ByteImage expected(54);
+    expected.guid(0, child.GUID()).real(16, 2.0).guid(24, parent.GUID()).integer(44, 0x00040003).date(50, 100, 4);
     EXPECT_TRUE(sameBytes(fixed2Row(kFirstTaskRow + 1), expected));
     EXPECT_TRUE(sameBytes(slice(fixed2Row(kFirstTaskRow), 24, 16), ByteImage(16).guid(0, project.GUID())));
 }
@@ -279,13 +215,8 @@ TEST_F(TaskStreams, TextFieldsHaveTypesAndBitsByPosition) {
     const auto records = varRecords();
     EXPECT_EQ(idsAndTypes(records), "0:14 0:1252 1:14 1:51 1:54 1:57 1:70 1:317 1:322 1:323 1:330 1:331 1:336 2:14");
     EXPECT_TRUE(sameBytes(records.at(6).payload, ByteImage(8).text(0, "v10")));
-    const ByteImage expected = metaOfPlainTask()
-                                   .integer(0, 11 << 16)
-                                   .byte(22, 0xC8)
-                                   .byte(23, 0x81)
-                                   .byte(32, 0x84)
-                                   .byte(33, 0x81)
-                                   .byte(34, 0x21);
+    ByteImage expected = metaOfPlainTask();
+    expected.integer(0, 11 << 16).byte(22, 0xC8).byte(23, 0x81).byte(32, 0x84).byte(33, 0x81).byte(34, 0x21);
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstTaskRow), expected));
 }
 

@@ -55,16 +55,6 @@ TEST(TemplateWalk, StoragesOfTheRootAreFoldersWhateverTheirName) {
     EXPECT_EQ(walk.output->streams.at("CEdl/Store/Data"), patternBytes(20));
 }
 
-TEST(TemplateWalk, StopsAtTheFirstFailureAndTellsWhere) {
-    const Walked walk({stream("A", {}),
-                       storage("Folder", {storage("B", {storage("Deep", {stream("C", {})})}), stream("Later", {})}),
-                       stream("AfterAll", {})});
-    EXPECT_FALSE(walk.written);
-    EXPECT_EQ(walk.failure.entryPath, "Folder/B");
-    EXPECT_EQ(walk.failure.reason, "the storage 'Deep' lies too deep for the copier");
-    EXPECT_EQ(walk.output->created, (std::vector<std::string>{"A", "Folder", "Folder/B", "Folder/B/Deep"}));
-}
-
 TEST(TemplateWalk, StreamWriterWithoutAProjectFails) {
     const Walked walk({storage("   112", {storage("TBkndTask", {stream("Props", {})})})});
     EXPECT_FALSE(walk.written);
@@ -84,12 +74,6 @@ TEST(TemplateWalk, FailsWithPlaceAndReasonWhicheverCallOfTheSinkFails) {
         EXPECT_NE(walk.failure.reason, "") << failing;
         EXPECT_EQ(walk.output->openStreams, 0) << failing;
     }
-}
-
-TEST(TemplateWalk, OfAnEmptyTemplateWritesNothing) {
-    const Walked walk(CompoundTree{});
-    EXPECT_TRUE(walk.written);
-    EXPECT_EQ(walk.output->calls, 0U);
 }
 
 } // namespace

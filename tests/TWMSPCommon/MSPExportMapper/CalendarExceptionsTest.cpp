@@ -73,28 +73,12 @@ TEST_F(CalendarExceptions, AnEventFromMidnightToMidnightCoversWholeDays) {
                 ElementsAre("2012-06-01T00:00:00 - 2012-06-01T23:59:59 (1) 00:00:00-23:59:59"));
 }
 
-TEST_F(CalendarExceptions, EventsOfOneDayShareOneException) {
-    EXPECT_THAT(shown(mapped(event("2012-06-01T14:00:00Z", "2012-06-01T16:00:00Z") +
-                             event("2012-06-01T08:00:00Z", "2012-06-01T10:00:00Z"))),
-                ElementsAre("2012-06-01T00:00:00 - 2012-06-01T23:59:59 (1) 08:00:00-10:00:00 14:00:00-16:00:00"));
-}
-
 TEST_F(CalendarExceptions, OverlappingEventsAreCutAtEachBoundary) {
     EXPECT_THAT(shown(mapped(event("2012-06-01T18:00:00Z", "2012-06-03T20:00:00Z") +
                              event("2012-06-02T18:00:00Z", "2012-06-04T20:00:00Z"))),
                 ElementsAre("2012-06-01T00:00:00 - 2012-06-01T23:59:59 (1) 18:00:00-20:00:00",
                             "2012-06-02T00:00:00 - 2012-06-03T23:59:59 (2) 18:00:00-20:00:00 18:00:00-20:00:00",
                             "2012-06-04T00:00:00 - 2012-06-04T23:59:59 (1) 18:00:00-20:00:00"));
-}
-
-TEST_F(CalendarExceptions, NeighboursOfEqualTimesAreJoinedOnlyWhereTheyTouch) {
-    EXPECT_THAT(shown(mapped(event("2012-06-01T18:00:00Z", "2012-06-01T20:00:00Z") +
-                             event("2012-06-02T18:00:00Z", "2012-06-02T20:00:00Z") +
-                             event("2012-06-03T18:00:00Z", "2012-06-03T21:00:00Z") +
-                             event("2012-06-05T18:00:00Z", "2012-06-05T21:00:00Z"))),
-                ElementsAre("2012-06-01T00:00:00 - 2012-06-02T23:59:59 (2) 18:00:00-20:00:00",
-                            "2012-06-03T00:00:00 - 2012-06-03T23:59:59 (1) 18:00:00-21:00:00",
-                            "2012-06-05T00:00:00 - 2012-06-05T23:59:59 (1) 18:00:00-21:00:00"));
 }
 
 TEST_F(CalendarExceptions, DaysOfAnEventAreThoseOfTheSystemZone) {
@@ -178,24 +162,6 @@ TEST_F(CalendarExceptions, FlattenedDaysMustFitTheirKind) {
     });
     expectAssertion("Failed to make MSPCDateComponents from ZELB date-time: ''.",
                     [] { mappedDays("<flattened-schedule-day date=''/>", false); });
-}
-
-TEST_F(CalendarExceptions, AnswersFalseForAnIndexOutOfRange) {
-    const MSPECalendarExceptions group = mapped(event("2012-06-01T08:00:00Z", "2012-06-01T10:00:00Z"));
-    Date from{1.0};
-    Date to{2.0};
-    std::int64_t count = 3;
-    double start = 4.0;
-    double end = 5.0;
-    for (const std::int64_t index : {-1, 1}) {
-        EXPECT_FALSE(group.exception(index, from, to));
-        EXPECT_FALSE(group.exception(index, count));
-        EXPECT_FALSE(group.exception(index, 0, start, end));
-        EXPECT_FALSE(group.exception(0, index, start, end));
-    }
-    EXPECT_EQ(from, Date{1.0});
-    EXPECT_EQ(count, 3);
-    EXPECT_EQ(end, 5.0);
 }
 
 } // namespace brackwater::test

@@ -1,6 +1,5 @@
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
 #include "Platform/XMLDocument.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEBaseline.h"
 #include "TWMSPCommon/MSPExportMapper/MSPECalendarMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
@@ -102,16 +101,6 @@ TEST_F(CalendarMapper, TheTopResourceGetsTheProjectsCalendar) {
     EXPECT_EQ(mapper.calendars()->name(), "Calendars");
 }
 
-TEST_F(CalendarMapper, ATopResourceWithoutScheduleGetsTheDefaultWeek) {
-    EXPECT_EQ(week(build(resource("top", ""))[0]->defaultWorkWeek.get()), kDefaultWeek);
-}
-
-TEST_F(CalendarMapper, TheDefaultWeekLiesBeneathTheTopResourcesOwnDays) {
-    EXPECT_EQ(week(build(resource("top", "", kFridayOff))[0]->defaultWorkWeek.get()),
-              "off|08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |"
-              "08:00-12:00 13:00-17:00 |off|off|");
-}
-
 TEST_F(CalendarMapper, AResourceDerivesFromTheTopAndKeepsOnlyTheDaysItNames) {
     const auto calendars = build(resource("top", "") + resource("a", "top", kTuesdayMorning) + resource("b", "top"));
     EXPECT_THAT(heads(calendars), ElementsAre("1 Standard base -1", "2 a derived 1", "3 b derived 1"));
@@ -133,12 +122,6 @@ TEST_F(CalendarMapper, AGroupBecomesABaseCalendarThroughAFlatCopy) {
     EXPECT_EQ(week(calendars[2]->defaultWorkWeek.get()),
               "off|08:00-12:00 13:00-17:00 |08:00-12:00 |08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |off|off|");
     EXPECT_EQ(week(calendars[3]->defaultWorkWeek.get()), "none");
-}
-
-TEST_F(CalendarMapper, AGroupWithoutScheduleGetsTheTopsDays) {
-    const auto calendars = build(resource("top", "", kTuesdayMorning) + resource("g", "top") + resource("r", "g"));
-    EXPECT_EQ(week(calendars[1]->defaultWorkWeek.get()), week(calendars[0]->defaultWorkWeek.get()));
-    EXPECT_THAT(heads(calendars), ElementsAre("1 Standard base -1", "4 g base -1", "3 r derived 4"));
 }
 
 TEST_F(CalendarMapper, ExceptionsAreInheritedAsAWholeAndOnlyByFlatCopies) {

@@ -87,11 +87,6 @@ TEST(AssignmentMapper, MissingAndEmptyUnitsCountAsOne) {
     EXPECT_THAT(text.childrenOfAssignment(0), Contains("Units=1.500"));
 }
 
-TEST(AssignmentMapper, FinishedWorkRemainsAsZero) {
-    const MappedProject project(taskWithResources("effort=3600 effort-done=3600 assign=r1"));
-    EXPECT_THAT(project.childrenOfAssignment(0), Contains("RemainingWork=PT0H0M0S"));
-}
-
 TEST(AssignmentMapper, BaselineIsFoundByTaskAndResource) {
     const auto baseline = ScenarioBuilder::withRoots("", "").task("t1", "assign=r1").task("t2", "assign=r2").document();
     const MappedProject project(taskWithResources("assign=r1 assign=r2"), "", {baseline});
@@ -128,15 +123,6 @@ TEST(AssignmentMapper, GroupsAndResourcesOutsideTheTreeFailAtTheEnd) {
                        "Can not find Resource ID for Resource with UID='6' in the map.");
     expectMappingFails(taskWithResources("assign=r-1"),
                        "Can not find Resource ID for Resource with UID='0' in the map.");
-}
-
-TEST(AssignmentMapper, GroupTaskGetsNoDummyAssignment) {
-    const MappedProject project(ScenarioBuilder::withRoots("r1", "t1,t2")
-                                    .resource("r1", "type=Staff")
-                                    .task("t1", "type=group assign=r1")
-                                    .task("t2", "type=group"));
-    ASSERT_EQ(project->assignments.size(), 1U);
-    EXPECT_EQ(project->assignments[0]->task.record(), project->tasks.at(1).get());
 }
 
 TEST(AssignmentMapper, ManyAssignmentsOnOneTaskTakeLinearTime) {

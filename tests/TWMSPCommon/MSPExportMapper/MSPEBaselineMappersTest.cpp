@@ -44,10 +44,6 @@ TEST(TaskBaseline, BothDatesHangOnTheStart) {
     EXPECT_EQ(noEnd->duration, 0.0);
 }
 
-TEST(TaskBaseline, TaskThatTheBaselineDoesNotHaveHasNone) {
-    EXPECT_EQ(baselineOfTask(ScenarioBuilder().task("t2")), nullptr);
-}
-
 TEST(Baselines, EveryBaselineHasANumberInTheOrderOfTheDocuments) {
     const ScenarioBuilder scenario = ScenarioBuilder::withRoots("", "t1").task("t1");
     const auto first = ScenarioBuilder().task("t1", "duration=60").document();
@@ -56,10 +52,6 @@ TEST(Baselines, EveryBaselineHasANumberInTheOrderOfTheDocuments) {
     ASSERT_EQ(project->tasks.at(1)->baselines.size(), 2U);
     EXPECT_EQ(project->tasks.at(1)->baselines[1]->duration, 120.0);
     EXPECT_TRUE(project.logged("  Mapping 2 baselines for Task ..."));
-}
-
-TEST(Baselines, WithoutADocumentNothingIsSaid) {
-    EXPECT_FALSE(MappedProject(ScenarioBuilder::withRoots("", "t1").task("t1")).logged("baselines"));
 }
 
 TEST(Baselines, NumberBeyondTheDocumentsFails) {

@@ -64,18 +64,6 @@ TEST(Mapper, MissingDocumentIsNotMapped) {
     EXPECT_EQ(mapper.notMappedReason(), "The bundle has no scenario with the id of the one that is being edited.");
 }
 
-TEST(Mapper, CountersBeginAnewWithEachExport) {
-    for (int run = 0; run < 2; ++run) {
-        MSPEMapper mapper(nullptr, tableOfContents(), {}, std::nullopt);
-        EXPECT_EQ(MSPEMapper::nextTaskID(), 0);
-        EXPECT_EQ(MSPEMapper::nextTaskID(), 1);
-        EXPECT_EQ(MSPEMapper::nextResourceID(), 0);
-        EXPECT_EQ(MSPEMapper::nextAssignmentUID(), 1);
-        EXPECT_EQ(MSPEMapper::nextCalendarUID(), 1);
-        EXPECT_EQ(MSPEMapper::nextCalendarUID(), 2);
-    }
-}
-
 TEST(Mapper, ProjectMapperIsThereOnlyWhileItMaps) {
     const LogCapture log;
     MSPEMapper good(ScenarioBuilder::withRoots().document(), tableOfContents(), {}, std::nullopt);

@@ -80,38 +80,6 @@ std::vector<std::string> parentsOfLevels(const std::vector<std::uint64_t>& level
 
 } // namespace
 
-TEST(PostProcessor, RecordsTakeThePlaceOfTheirUids) {
-    UnresolvedModel model;
-    const MPPCalendar& own = model.addCalendar(5, "Anna", "1");
-    MPPTask& first = model.addTask("0", 0);
-    MPPTask& second = model.addTask("12x", 1);
-    second.calendar.setProxyText("5");
-    MPPResource& resource = model.addResource("3");
-    resource.calendar.setProxyText("5");
-    const MPPAssignment& assignment = model.addAssignment("12x", "3");
-    const MPPAssignment& free = model.addAssignment("0", "-65535");
-    auto link = std::make_shared<MPPConstraint>();
-    link->task1.setProxyText("0");
-    link->task2.setProxyText("12x");
-    model.constraints.push_back(link);
-
-    model.run();
-
-    EXPECT_EQ(model.project.calendar.record(), model.calendars[0].get());
-    EXPECT_EQ(model.project.standardCalendar, model.calendars[0]);
-    EXPECT_THAT(model.project.baseCalendars, testing::ElementsAre(model.calendars[0]));
-    EXPECT_EQ(own.baseCalendar.record(), model.calendars[0].get());
-    EXPECT_EQ(second.calendar.record(), &own);
-    EXPECT_EQ(resource.calendar.record(), &own);
-    EXPECT_EQ(assignment.task.record(), &second);
-    EXPECT_EQ(assignment.resource.record(), &resource);
-    EXPECT_EQ(free.task.record(), &first);
-    EXPECT_TRUE(free.resource.isUnset());
-    EXPECT_EQ(link->task1.record(), &first);
-    EXPECT_EQ(link->task2.record(), &second);
-    EXPECT_EQ(second.parent, &first);
-}
-
 TEST(PostProcessor, NegativeCalendarUidIsNoCalendar) {
     UnresolvedModel model;
     MPPTask& task = model.addTask("0", 0);
@@ -176,37 +144,6 @@ TEST(PostProcessor, UidsThatLeadNowhereFail) {
     resourceRecord.addAssignment("7", "3");
     resourceRecord.resourceIds["3"] = 2;
     resourceRecord.expectFails("Can not find mapped Resource with ID='2'");
-}
-
-TEST(PostProcessor, CustomFieldsBecomeNamesAndValues) {
-    UnresolvedModel model;
-    MPPTask& first = model.addTask("0", 0);
-    MPPTask& second = model.addTask("1", 1);
-    MPPResource& resource = model.addResource("1");
-    const auto attribute = [](const char* field, const char* alias, const char* value) {
-        auto made = std::make_shared<MPPExtendedAttribute>();
-        made->fieldID = field;
-        if (alias)
-            made->alias = alias;
-        if (value)
-            made->value = value;
-        return made;
-    };
-    model.project.extendedAttributes = {attribute("1", "Old", nullptr), attribute("2", "Size", nullptr),
-                                        attribute("1", "New", nullptr)};
-    first.extendedAttributes = {attribute("1", nullptr, "a"), attribute("2", nullptr, "b")};
-    second.extendedAttributes = {attribute("1", nullptr, "c")};
-    resource.extendedAttributes = {attribute("2", nullptr, "d")};
-
-    model.run();
-
-    EXPECT_THAT(model.project.customTaskFieldNames, testing::ElementsAre("New", "Size", "New"));
-    EXPECT_THAT(model.project.customResourceFieldNames, testing::ElementsAre("Size"));
-    EXPECT_THAT(first.customFieldValues, testing::ElementsAre("a", "b"));
-    EXPECT_THAT(second.customFieldValues, testing::ElementsAre("c"));
-    EXPECT_THAT(resource.customFieldsText, testing::ElementsAre("d"));
-    EXPECT_TRUE(first.extendedAttributes.empty());
-    EXPECT_TRUE(model.project.extendedAttributes.empty());
 }
 
 TEST(PostProcessor, CustomFieldsThatSayTooLittleFail) {

@@ -59,20 +59,6 @@ TEST(ProjectMapper, MissingDateIsNowOnTheSideThatIsScheduledFrom) {
     EXPECT_TRUE(unclear->scheduleFromStart);
 }
 
-TEST(ProjectMapper, PassesRunInTheirOrder) {
-    const MappedProject project(
-        ScenarioBuilder::withRoots("r1", "t1").resource("r1", "type=Staff").task("t1").task("t9"));
-    const auto& log = project.log();
-    const auto place = [&](std::string_view line) { return std::find(log.begin(), log.end(), line) - log.begin(); };
-    const auto end = static_cast<std::ptrdiff_t>(log.size());
-    EXPECT_LT(place("Mapping 2 Resources and Schedules ..."), place("  Mapping Top Resource id='r-1'"));
-    EXPECT_LT(place("  Mapping Top Resource id='r-1'"), place("  Mapping Project Schedule ..."));
-    EXPECT_LT(place("  Mapping Resource id='r1' name=''"), place("Mapping 3 Tasks ..."));
-    EXPECT_LT(place("Mapping 3 Tasks ..."), place("  Mapping Top Task id='t-1' ..."));
-    EXPECT_LT(place("  Mapping Task id='t1' name='' ..."), end);
-    EXPECT_LT(place("Mapping 3 Tasks ..."), end);
-}
-
 TEST(ProjectMapper, TasksComeDepthFirstWithTheirAssignmentsAndLevels) {
     const MappedProject project(ScenarioBuilder::withRoots("", "t1,t4,t9")
                                     .task("t3", "title=c")
@@ -85,11 +71,6 @@ TEST(ProjectMapper, TasksComeDepthFirstWithTheirAssignmentsAndLevels) {
                        (task->parent ? std::to_string(task->parent->ID) : "-"));
     EXPECT_THAT(tree, ElementsAre("0-0-", "1a10", "2b21", "3c21", "4d10"));
     EXPECT_EQ(project->assignments.size(), 2U) << "a group without resources gets no dummy assignment";
-}
-
-TEST(ProjectMapper, TaskWithoutATitleHasNoName) {
-    const MappedProject project(ScenarioBuilder::withRoots("", "t1").task("t1"));
-    EXPECT_EQ(project->tasks.at(1)->title, std::nullopt);
 }
 
 TEST(ProjectMapper, OnlyGroupsAreWalkedInto) {

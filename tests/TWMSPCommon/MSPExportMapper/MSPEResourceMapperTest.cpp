@@ -18,16 +18,6 @@ ScenarioBuilder oneResource(std::string_view items, std::string_view xml = "") {
 
 } // namespace
 
-TEST(ResourceMapper, DummyResourceComesFirstAndHasIdZero) {
-    const MappedProject project(oneResource("type=Staff name=Anna"));
-    ASSERT_EQ(project->resources.size(), 2U);
-    EXPECT_EQ(project->resources[0]->ID, 0U);
-    EXPECT_EQ(project->resources[0]->name, std::nullopt);
-    EXPECT_EQ(project->resources[0]->type(), 0U);
-    EXPECT_EQ(project->resources[1]->ID, 1U);
-    EXPECT_EQ(project->resources[1]->name, "Anna");
-}
-
 TEST(ResourceMapper, ReadsEveryField) {
     const MappedProject project(
         oneResource("type=Material units-available=0.5 cost-per-use=2.5 cost-per-hour=2.50 email-address=a@example.org",

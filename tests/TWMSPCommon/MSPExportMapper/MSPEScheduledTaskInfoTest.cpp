@@ -1,9 +1,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
 
-#include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 #include "support/ExpectException.h"
 #include "support/ScenarioBuilder.h"
-#include "support/ScopedTimeZone.h"
 
 #include <gtest/gtest.h>
 
@@ -25,33 +23,7 @@ struct ReadTask {
     Info info;
 };
 
-std::string fieldText(std::optional<Date> date) { return MSPIUtilities::mppToZelbDateTime(date).value_or("none"); }
-
 } // namespace
-
-TEST(ScheduledTaskInfo, ReadsEveryField) {
-    const ScopedTimeZone zone("Europe/Berlin");
-    const ReadTask task("type=milestone schedule-type=alap priority=-5 effort=7200 effort-done=1800 "
-                        "completion-percentage=0.75 leveled-start=2012-06-02T10:00:00+02:00 "
-                        "locked-start-date=2012-06-03T00:00:00Z locked-end-date=2012-06-04T00:00:00Z "
-                        "recalculate=units duration=1.5");
-    EXPECT_EQ(task->uid(), "t12");
-    EXPECT_EQ(fieldText(task->startDate()), "2012-06-01T10:00:00+02:00");
-    EXPECT_EQ(fieldText(task->endDate()), "2012-06-01T19:00:00+02:00");
-    EXPECT_EQ(task->duration(), 1.5);
-    EXPECT_EQ(task->taskType(), Info::TaskType::Milestone);
-    EXPECT_EQ(task->scheduleType(), Info::ScheduleType::Alap);
-    EXPECT_EQ(task->priority(), -5);
-    EXPECT_EQ(task->effort(), 7200.0);
-    EXPECT_EQ(task->effortDone(), 1800.0);
-    EXPECT_EQ(task->completionPercentage(), 0.75);
-    EXPECT_EQ(fieldText(task->leveledStart()), "2012-06-02T10:00:00+02:00");
-    EXPECT_EQ(fieldText(task->lockedStartDate()), "2012-06-03T02:00:00+02:00");
-    EXPECT_EQ(fieldText(task->lockedEndDate()), "2012-06-04T02:00:00+02:00");
-    EXPECT_EQ(task->recalculate(), Info::Recalculate::Units);
-    EXPECT_EQ(task->description(), "<MSPEScheduledTaskInfo> uid='t12' taskType=1 scheduleType=2 "
-                                   "startDate=2012-06-01T10:00:00+02:00 endDate=2012-06-01T19:00:00+02:00");
-}
 
 TEST(ScheduledTaskInfo, AbsentAndRepeatedOptionalItemsLeaveTheDefaults) {
     const ReadTask absent("");
@@ -104,30 +76,6 @@ TEST(ScheduledTaskInfo, EffortIsCutToAnIntegerAndTextThatIsNoNumberFails) {
     EXPECT_THROW(ReadTask("duration=P1D"), Exception);
 }
 
-TEST(ScheduledTaskInfo, ConstraintDatesSetBothBounds) {
-    const ReadTask both("start-constraint-date=2012-06-02T00:00:00Z end-constraint-date=2012-06-03T00:00:00Z "
-                        "end-no-earlier-than=2012-06-04T00:00:00Z");
-    EXPECT_EQ(both->noEarlierThan().date, MSPIUtilities::zelbToMppDateTime("2012-06-02T00:00:00Z"));
-    EXPECT_EQ(both->noLaterThan().date, both->noEarlierThan().date);
-    EXPECT_FALSE(both->noEarlierThan().constrainsTaskEnd);
-    EXPECT_FALSE(both->noLaterThan().constrainsTaskEnd);
-
-    const ReadTask end("end-constraint-date=2012-06-03T00:00:00Z");
-    EXPECT_EQ(end->noEarlierThan().date, MSPIUtilities::zelbToMppDateTime("2012-06-03T00:00:00Z"));
-    EXPECT_TRUE(end->noEarlierThan().constrainsTaskEnd);
-    EXPECT_TRUE(end->noLaterThan().constrainsTaskEnd);
-}
-
-TEST(ScheduledTaskInfo, OneSidedBoundsStayWithoutConstraintDates) {
-    const ReadTask task("start-no-earlier-than=2012-06-02T00:00:00Z end-no-earlier-than=2012-06-09T00:00:00Z "
-                        "end-no-later-than=2012-06-03T00:00:00Z");
-    EXPECT_EQ(task->noEarlierThan().date, MSPIUtilities::zelbToMppDateTime("2012-06-02T00:00:00Z"));
-    EXPECT_FALSE(task->noEarlierThan().constrainsTaskEnd);
-    EXPECT_EQ(task->noLaterThan().date, MSPIUtilities::zelbToMppDateTime("2012-06-03T00:00:00Z"));
-    EXPECT_TRUE(task->noLaterThan().constrainsTaskEnd);
-    EXPECT_EQ(ReadTask("end-no-earlier-than=2012-06-09T00:00:00Z")->noLaterThan().date, std::nullopt);
-}
-
 TEST(ScheduledTaskInfo, ReadsPrerequisites) {
     const ReadTask task("", "<prerequisite-task idref='t1' kind='SF' external='other.zelb#t9'>"
                             "<is-resource-dependency>yes</is-resource-dependency>"
@@ -158,22 +106,12 @@ TEST(ScheduledTaskInfo, ReadsPrerequisites) {
     EXPECT_EQ(links[3].lead, 0.0) << "a repeated item";
 }
 
-TEST(ScheduledTaskInfo, OnlyGroupsHaveChildren) {
-    EXPECT_EQ(ReadTask("type=group child=t1,t2")->childTaskUIDs(), (std::vector<std::string>{"t1", "t2"}));
-    EXPECT_TRUE(ReadTask("split child=t1,t2")->childTaskUIDs().empty());
-}
-
 TEST(ScheduledTaskInfo, ProgressComesFromEffortAndThenFromThePercentage) {
     EXPECT_EQ(ReadTask("effort=3600 effort-done=900 completion-percentage=0.9")->percentageComplete(), 0.25);
     EXPECT_EQ(ReadTask("effort=0 completion-percentage=0.5")->percentageComplete(), 0.5);
     EXPECT_EQ(ReadTask("effort=3600 effort-done=0 completion-percentage=0.25")->percentageComplete(), 0.25);
     EXPECT_EQ(ReadTask("effort=3600 completion-percentage=-1")->percentageComplete(), 0.0);
     EXPECT_EQ(ReadTask("effort=3600 effort-done=3600")->percentComplete(), 100);
-}
-
-TEST(ScheduledTaskInfo, PercentagesAreCutNotRounded) {
-    EXPECT_EQ(ReadTask("completion-percentage=0.999")->percentComplete(), 99);
-    EXPECT_EQ(ReadTask("completion-percentage=0.29")->percentComplete(), 28);
 }
 
 TEST(ScheduledTaskInfo, ProgressOutOfRangeFailsWhenItIsAskedFor) {

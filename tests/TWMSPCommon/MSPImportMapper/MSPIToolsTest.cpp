@@ -22,21 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(WorkingTimeOfTexts, AdvancesByTheStandardCalendar) {
-    const test::ScopedTimeZone zone("UTC");
-    const test::LogCapture log;
-    // 2012-06-04 is a Monday.
-    EXPECT_EQ(MSPIUtilities::isoDateTimeAdvanceByDuration("2012-06-04T11:00:00", 14400.0, true, nullptr),
-              "2012-06-04T16:00:00Z");
-    EXPECT_EQ(MSPIUtilities::isoDateTimeAdvanceByZelbDuration("2012-06-04T11:00:00", "14400", false, nullptr),
-              "2012-06-01T16:00:00Z");
-    EXPECT_EQ(MSPIUtilities::isoDateTimeAdvanceByDuration("", 14400.0, true, nullptr), std::nullopt);
-    EXPECT_TRUE(MSPIUtilities::isWorkingDay("2012-06-04", nullptr));
-    EXPECT_FALSE(MSPIUtilities::isWorkingDay("2012-06-03T23:00:00", nullptr));
-    EXPECT_FALSE(MSPIUtilities::isWorkingDay("", nullptr));
-    EXPECT_TRUE(log.lines().empty());
-}
-
 TEST(WorkingTimeOfTexts, IgnoresAnotherCalendarWithAWarning) {
     const test::ScopedTimeZone zone("UTC");
     const test::LogCapture log;
@@ -77,27 +62,6 @@ TEST(DataStreamParams, CompareTheFamiliesThatAreThere) {
     EXPECT_FALSE(equalAfter([](auto& p) { p.hasFixed2Stream = true; }));
     EXPECT_FALSE(equalAfter([](auto& p) { p.firstFixedIndex = 9; }));
     EXPECT_FALSE(equalAfter([](auto& p) { p.var.metaStreamMagicNumber = 9; }));
-}
-
-TEST(DataStreamParams, ArePrintedLineByLine) {
-    const MPPDataStreamParams params = someParams();
-    EXPECT_EQ(MSPIUtilities::stringFromDataStreamParams(params),
-              fmt::format("MPPDataStreamParams ({}):\n"
-                          "  hasPropsStream=YES\n"
-                          "  hasFixedStream=YES\n"
-                          "    fixed.metaStreamMagicNumber=FADFADBA\n"
-                          "    fixed.metaStreamItemSize=47\n"
-                          "    fixed.dataStreamMinItemSize=260\n"
-                          "    fixed.dataStreamMaxItemSize=264\n"
-                          "  hasFixed2Stream=NO\n"
-                          "    fixed2.metaStreamMagicNumber=0\n"
-                          "    fixed2.metaStreamItemSize=0\n"
-                          "    fixed2.dataStreamMinItemSize=0\n"
-                          "    fixed2.dataStreamMaxItemSize=0\n"
-                          "  firstFixedIndex=3\n"
-                          "  hasVarStream=YES\n"
-                          "    var.metaStreamMagicNumber=1234",
-                          fmt::ptr(&params)));
 }
 
 class DebugDump : public testing::Test {

@@ -167,16 +167,6 @@ TEST(MSPIUtilities, ConvertsBetweenTheTextForms) {
     EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(utc({2012, 6, 1, 7})), "2012-06-01T07:00:00Z");
 }
 
-TEST(MSPIUtilities, ConvertsNothingToNothing) {
-    EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(std::nullopt), std::nullopt);
-    EXPECT_EQ(MSPIUtilities::mppToMspdiDateTime(std::nullopt), std::nullopt);
-    for (const auto convert : {&MSPIUtilities::zelbToMspdiDateOnly, &MSPIUtilities::zelbToMspdiDateStartTime,
-                               &MSPIUtilities::zelbToMspdiDateEndTime, &MSPIUtilities::mspdiToZelbDateTime,
-                               &MSPIUtilities::mspdiToZelbTimeOnly, &MSPIUtilities::mspdiDateTimeToString})
-        EXPECT_EQ(convert(""), std::nullopt);
-    EXPECT_EQ(MSPIUtilities::zelbToMspdiDateTime(""), std::nullopt);
-}
-
 TEST(MSPIUtilities, OrdersMspdiTexts) {
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("2012-06-01", "2012-06-01T00:00:01"), -1);
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("2012-06-02", "2012-06-01T08:00:00"), 1);

@@ -2,7 +2,6 @@
 
 #include "Platform/GregorianCalendar.h"
 #include "Platform/XMLDocument.h"
-#include "TWMSPCommon/WorkingTime/MSPEScheduleIterator.h"
 #include "TWMSPCommon/WorkingTime/WorkingTimeDates.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"
@@ -12,7 +11,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -161,20 +159,10 @@ TEST_F(ScheduleCalendar, StepsOverAClockChangeBy86400Seconds) {
     EXPECT_EQ(standard.dateAdvanceByDuration(friday, 7200, true), calendar.dateFromFields({2012, 3, 26, 10}));
 }
 
-TEST_F(ScheduleCalendar, TellsTheHoursOfItsDays) {
-    EXPECT_TRUE(standard.isWorkingDay(at(Monday, 23)));
-    EXPECT_FALSE(standard.isWorkingDay(at(Saturday)));
-    EXPECT_EQ(standard.timePeriodsInWeekday(Monday), 2);
-    EXPECT_EQ(standard.timePeriodsInWeekday(Sunday), 0);
-    EXPECT_FALSE(standard.workingDay(Sunday).timePeriods);
+TEST_F(ScheduleCalendar, KnowsSevenDaysAndTheirPeriods) {
     EXPECT_EQ(standard.durationOfTimePeriod(1, Monday), 14400.0);
-    EXPECT_EQ(standard.startOfTimePeriod(1, Monday), (MSPEScheduleCalendar::TimeOfDay{13, 0, 0}));
-    EXPECT_EQ(standard.endOfTimePeriod(0, Monday), (MSPEScheduleCalendar::TimeOfDay{12, 0, 0}));
-    EXPECT_EQ(standard.startTimeForTimePeriod(0, Monday), 28800.0);
-    EXPECT_EQ(standard.endTimeForTimePeriod(1, Monday), 61200.0);
     for (const auto& [index, weekday] :
          {std::pair<std::int64_t, std::int64_t>{2, Monday}, {-1, Monday}, {0, Sunday}, {0, 0}, {0, 8}}) {
-        EXPECT_EQ(standard.durationOfTimePeriod(index, weekday), -1.0);
         EXPECT_EQ(standard.startTimeForTimePeriod(index, weekday), -1.0);
         EXPECT_EQ(standard.endOfTimePeriod(index, weekday), std::nullopt);
     }
@@ -182,7 +170,6 @@ TEST_F(ScheduleCalendar, TellsTheHoursOfItsDays) {
                     [this] { std::ignore = standard.isWorkingDayWeekday(0); });
     expectAssertion("Incorrect value of weekdey (8). Should be from 1 to 7.",
                     [] { MSPEScheduleCalendar().addWorkingTimePeriod({}, 8); });
-    EXPECT_NE(standard.description().find("monday: working 08:00:00-12:00:00 13:00:00-17:00:00"), std::string::npos);
 }
 
 TEST_F(ScheduleCalendar, ReadsAScheduleElement) {
@@ -202,29 +189,6 @@ TEST_F(ScheduleCalendar, ReadsAScheduleElement) {
     EXPECT_FALSE(calendar.isWorkingDayWeekday(Saturday));
     EXPECT_EQ(calendar.endOfTimePeriod(0, Sunday), (MSPEScheduleCalendar::TimeOfDay{-1, -1, -1}));
     EXPECT_EQ(calendar.startOfTimePeriod(0, Sunday)->hour, 2562047788015215);
-}
-
-TEST_F(ScheduleCalendar, IsWalkedPeriodByPeriod) {
-    MSPEScheduleIterator forward(standard, at(Friday, 15), true);
-    const auto expectNext = [](MSPEScheduleIterator& iterator, Date day, std::int64_t index, std::uint64_t flag) {
-        const auto next = iterator.nextTimePeriod();
-        ASSERT_TRUE(next);
-        EXPECT_EQ(next->date, day);
-        EXPECT_EQ(next->timePeriodIndex, index);
-        EXPECT_EQ(next->flag, flag);
-        EXPECT_EQ(next->timePeriod.fromHour, index == 0 ? 8 : 13);
-    };
-    expectNext(forward, at(Friday), 0, 0);
-    expectNext(forward, at(Friday), 1, 0);
-    expectNext(forward, at(kNextWeek + Monday), 0, 1);
-    expectNext(forward, at(kNextWeek + Monday), 1, 0);
-    MSPEScheduleIterator backward(standard, at(Sunday + kNextWeek), false);
-    expectNext(backward, at(Friday), 1, 1);
-    expectNext(backward, at(Friday), 0, 0);
-    expectNext(backward, at(Thursday), 1, 1);
-
-    const MSPEScheduleCalendar noWork;
-    EXPECT_FALSE(MSPEScheduleIterator(noWork, at(Monday), true).nextTimePeriod());
 }
 
 TEST_F(ScheduleCalendar, MovesDatesByTheStandardWeekOnly) {
