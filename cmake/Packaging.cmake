@@ -12,7 +12,7 @@ install(FILES packaging/_Brackwater packaging/_mppinspect
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
 install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
-install(FILES docs/fidelity.md docs/format.md DESTINATION "${doc}/docs")
+install(FILES docs/fidelity.md docs/format.md docs/json.md DESTINATION "${doc}/docs")
 install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")
 
 set(CPACK_GENERATOR DEB)

@@ -63,6 +63,18 @@ std::string versionFolder(const CompoundFile& file, Complaints& complaints) {
 
 } // namespace
 
+std::string kindText(ResourceKind kind) {
+    switch (kind) {
+    case ResourceKind::Work:
+        return "work";
+    case ResourceKind::Material:
+        return "material";
+    case ResourceKind::Cost:
+        return "cost";
+    }
+    return {};
+}
+
 ProjectFile decode(const CompoundFile& file) {
     ProjectFile project;
     project.entries = file.entries(project.complaints);

@@ -48,6 +48,8 @@ struct Task {
 };
 
 enum class ResourceKind { Work, Material, Cost };
+/// "work", "material", "cost"
+[[nodiscard]] std::string kindText(ResourceKind kind);
 
 struct Resource {
     std::size_t row = 0;

@@ -206,18 +206,6 @@ std::string tasksPage(const ProjectFile& project) {
     return page.take();
 }
 
-std::string kindText(ResourceKind kind) {
-    switch (kind) {
-    case ResourceKind::Work:
-        return "work";
-    case ResourceKind::Material:
-        return "material";
-    case ResourceKind::Cost:
-        return "cost";
-    }
-    return {};
-}
-
 std::string rateText(const Resource& resource, double rate, std::uint16_t units) {
     if (rate == 0)
         return {};

@@ -5,6 +5,8 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <string_view>
+#include <utility>
 
 namespace brackwater::inspect {
 
@@ -47,6 +49,15 @@ std::string textOf(const Date& date) {
     return dayText(date.days) + ' ' + timeText(date.tenths);
 }
 
+std::string isoText(const Date& date) {
+    const std::chrono::days dayAfter(date.tenths / kTenthsPerDay); // a time beyond midnight belongs to the next days
+    const std::chrono::year_month_day day(kDayZero + std::chrono::days(date.days) + dayAfter);
+    const unsigned tenths = date.tenths % kTenthsPerDay;
+    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", static_cast<int>(day.year()),
+                       static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()), tenths / 600,
+                       tenths / 10 % 60, tenths % 10 * 6);
+}
+
 std::string textOf(const std::optional<Date>& date) { return date ? textOf(*date) : std::string(); }
 
 std::string numberText(double value) {
@@ -61,31 +72,63 @@ std::string numberText(double value) {
     return text == "-0" ? "0" : text;
 }
 
+namespace {
+
+constexpr std::uint16_t kPercent = 19, kElapsedPercent = 20;
+
+std::uint16_t codeOf(const Duration& duration) { return duration.unitCode & static_cast<std::uint16_t>(~kEstimated); }
+
+} // namespace
+
+bool isEstimated(const Duration& duration) { return (duration.unitCode & kEstimated) != 0; }
+
+bool isPercentage(const Duration& duration) {
+    return codeOf(duration) == kPercent || codeOf(duration) == kElapsedPercent;
+}
+
+std::string unitText(const Duration& duration) {
+    constexpr std::array<std::pair<std::uint16_t, std::string_view>, 13> names{{{3, "min"},
+                                                                                {4, "emin"},
+                                                                                {5, "h"},
+                                                                                {6, "eh"},
+                                                                                {7, "d"},
+                                                                                {8, "ed"},
+                                                                                {9, "w"},
+                                                                                {10, "ew"},
+                                                                                {11, "mon"},
+                                                                                {12, "emon"},
+                                                                                {kPercent, "%"},
+                                                                                {kElapsedPercent, "e%"},
+                                                                                // what a project's own row has
+                                                                                {21, "d"}}};
+    const std::uint16_t code = codeOf(duration);
+    for (const auto& [known, name] : names)
+        if (known == code)
+            return std::string(name);
+    return fmt::format("unit {}", code);
+}
+
 std::string textOf(const Duration& duration, const WorkingUnits& units) {
-    struct Unit {
-        std::uint16_t code;
-        const char* name;
-        double minutes;
-    };
-    const double day = units.minutesPerDay, week = units.minutesPerWeek, month = day * units.daysPerMonth;
     constexpr double wholeDay = 24 * 60;
-    const std::array table{
-        Unit{3, "min", 1},      Unit{4, "emin", 1},
-        Unit{5, "h", 60},       Unit{6, "eh", 60},
-        Unit{7, "d", day},      Unit{8, "ed", wholeDay},
-        Unit{9, "w", week},     Unit{10, "ew", 7 * wholeDay},
-        Unit{11, "mon", month}, Unit{12, "emon", 30 * wholeDay},
-        Unit{21, "d", day}, // the unit that a project's own row has
-    };
-    const std::uint16_t code = duration.unitCode & static_cast<std::uint16_t>(~kEstimated);
-    const char* const mark = (duration.unitCode & kEstimated) != 0 ? "?" : "";
-    constexpr std::uint16_t percent = 19, elapsedPercent = 20;
-    if (code == percent || code == elapsedPercent)
-        return fmt::format("{}{}%{}", duration.tenths, code == elapsedPercent ? "e" : "", mark);
-    for (const Unit& unit : table)
-        if (unit.code == code && unit.minutes > 0)
-            return fmt::format("{}{}{}", numberText(duration.tenths / 10.0 / unit.minutes), unit.name, mark);
-    return fmt::format("{}min (unit {}){}", numberText(duration.tenths / 10.0), code, mark);
+    const double day = units.minutesPerDay;
+    const std::array<std::pair<std::string_view, double>, 10> minutesOf{{{"min", 1},
+                                                                         {"emin", 1},
+                                                                         {"h", 60},
+                                                                         {"eh", 60},
+                                                                         {"d", day},
+                                                                         {"ed", wholeDay},
+                                                                         {"w", units.minutesPerWeek},
+                                                                         {"ew", 7 * wholeDay},
+                                                                         {"mon", day * units.daysPerMonth},
+                                                                         {"emon", 30 * wholeDay}}};
+    const std::string unit = unitText(duration);
+    const char* const mark = isEstimated(duration) ? "?" : "";
+    if (isPercentage(duration))
+        return fmt::format("{}{}{}", duration.tenths, unit, mark);
+    for (const auto& [name, minutes] : minutesOf)
+        if (name == unit && minutes > 0)
+            return fmt::format("{}{}{}", numberText(duration.tenths / 10.0 / minutes), name, mark);
+    return fmt::format("{}min (unit {}){}", numberText(duration.tenths / 10.0), codeOf(duration), mark);
 }
 
 std::string workText(double thousandthsOfMinutes) { return numberText(thousandthsOfMinutes / 60000.0) + "h"; }

@@ -15,6 +15,8 @@ struct Date {
 [[nodiscard]] std::optional<Date> dateFrom(std::uint32_t raw);
 /// "2026-03-02 08:00"; seconds too where there are any.
 [[nodiscard]] std::string textOf(const Date& date);
+/// "2026-03-02T08:00:00", for programs.
+[[nodiscard]] std::string isoText(const Date& date);
 /// The day alone, as "2026-03-02".
 [[nodiscard]] std::string dayText(std::uint16_t days);
 /// Empty for no date.
@@ -33,6 +35,11 @@ struct Duration {
     std::uint16_t unitCode = 0;
 };
 
+[[nodiscard]] bool isEstimated(const Duration& duration);
+/// Whether the number is a percentage, not tenths of a minute.
+[[nodiscard]] bool isPercentage(const Duration& duration);
+/// "min", "h", "d", "w", "mon", "%", with "e" in front for elapsed ones.
+[[nodiscard]] std::string unitText(const Duration& duration);
 /// "2.5d", "3eh" for elapsed hours, "4d?" for an estimate. A percentage stands with "%".
 [[nodiscard]] std::string textOf(const Duration& duration, const WorkingUnits& units);
 /// Work in thousandths of a minute as hours: "12h".

@@ -1,4 +1,5 @@
 #include "Check.h"
+#include "JsonReport.h"
 #include "TextReport.h"
 
 #include <fmt/format.h>
@@ -48,13 +49,19 @@ int usage() {
     return kWrongArguments;
 }
 
-enum class Output { Sections, Check };
+enum class Output { Sections, Json, Check };
 
 struct Arguments {
     Output output = Output::Sections;
     std::vector<Section> sections;
     const char* path = nullptr;
 };
+
+std::optional<Output> outputOf(std::string_view argument) {
+    if (argument == "--json")
+        return Output::Json;
+    return argument == "--check" ? std::optional(Output::Check) : std::nullopt;
+}
 
 /// Nothing where they make no sense.
 std::optional<Arguments> parse(std::span<char*> arguments) {
@@ -63,8 +70,8 @@ std::optional<Arguments> parse(std::span<char*> arguments) {
         const auto option = std::ranges::find(kOptions, argument, &Option::name);
         if (option != kOptions.end())
             parsed.sections.push_back(option->section);
-        else if (argument == "--check" && parsed.output == Output::Sections)
-            parsed.output = Output::Check;
+        else if (const auto output = outputOf(argument); output && parsed.output == Output::Sections)
+            parsed.output = *output;
         else if (argument.starts_with('-') || argument.empty() || parsed.path != nullptr)
             return std::nullopt;
         else
@@ -95,6 +102,9 @@ int run(const Arguments& arguments) {
     switch (arguments.output) {
     case Output::Sections:
         printSections(project, arguments.sections);
+        break;
+    case Output::Json:
+        writeJson(project, print);
         break;
     case Output::Check: {
         const Findings findings = check(file, project);

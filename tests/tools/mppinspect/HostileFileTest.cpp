@@ -2,6 +2,8 @@
 
 #include "make-template/CompoundFileOutput.h"
 #include "make-template/TemplateTree.h"
+#include "mppinspect/Check.h"
+#include "mppinspect/JsonReport.h"
 #include "mppinspect/TextReport.h"
 #include "support/TempFolder.h"
 
@@ -18,11 +20,16 @@ using inspect::Section;
 // Decodes and prints everything; what is no compound file may be refused, nothing else may happen.
 void readWhole(Bytes bytes) {
     try {
-        const inspect::ProjectFile project = decode(CompoundFile::fromBytes(std::move(bytes)));
+        const CompoundFile file = CompoundFile::fromBytes(std::move(bytes));
+        const inspect::ProjectFile project = decode(file);
         for (const Section section :
              {Section::Summary, Section::Entries, Section::Properties, Section::Tasks, Section::Resources,
               Section::Assignments, Section::Links, Section::Calendars, Section::Complaints})
             EXPECT_FALSE(report(project, section).empty());
+        EXPECT_FALSE(findingsText(check(file, project)).empty());
+        std::size_t size = 0;
+        writeJson(project, [&size](std::string_view piece) { size += piece.size(); });
+        EXPECT_GT(size, 0U);
     } catch (const std::runtime_error&) { // refused
     }
 }

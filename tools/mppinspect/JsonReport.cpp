@@ -1,0 +1,342 @@
+#include "JsonReport.h"
+
+#include "JsonWriter.h"
+
+#include <fmt/format.h>
+
+#include <concepts>
+
+namespace brackwater::inspect {
+
+namespace {
+
+/// Grows when a key is taken away or changes its meaning; new keys leave it.
+constexpr int kVersion = 1;
+
+double hoursOf(double thousandthsOfMinutes) { return thousandthsOfMinutes / 60'000; }
+double wholeOf(double hundredths) { return hundredths / 100; }
+std::optional<double> hoursOf(const std::optional<double>& work) {
+    return work ? std::optional(hoursOf(*work)) : std::nullopt;
+}
+std::optional<double> wholeOf(const std::optional<double>& hundredths) {
+    return hundredths ? std::optional(wholeOf(*hundredths)) : std::nullopt;
+}
+
+/// Writes the parts of a file, each with its keys.
+class JsonReport {
+public:
+    explicit JsonReport(const Sink& sink) : _json(sink) {}
+
+    void write(const ProjectFile& project) {
+        _json.beginObject();
+        add("version", kVersion);
+        addDocument(project);
+        addProject(project);
+        addList("tasks", project.tasks, [this](const Task& task) { addTask(task); });
+        addList("resources", project.resources, [this](const Resource& resource) { addResource(resource); });
+        addList("assignments", project.assignments,
+                [this](const Assignment& assignment) { addAssignment(assignment); });
+        addList("links", project.links, [this](const Link& link) { addLink(link); });
+        addList("calendars", project.calendars, [this](const Calendar& calendar) { addCalendar(calendar); });
+        addList("complaints", project.complaints.groups(), [this](const Complaints::Group& group) {
+            add("where", group.where);
+            add("what", group.what);
+            addArray("places", group.places, [this](const std::string& place) { _json.text(place); });
+            add("count", group.count);
+        });
+        _json.endObject();
+        _json.finish();
+    }
+
+private:
+    // Values.
+
+    void add(std::string_view key, std::string_view text) {
+        _json.key(key);
+        _json.text(text);
+    }
+    void add(std::string_view key, const std::string& text) { add(key, std::string_view(text)); }
+    void add(std::string_view key, const char* text) { add(key, std::string_view(text)); }
+    void add(std::string_view key, double number) {
+        _json.key(key);
+        _json.number(number);
+    }
+    template <std::integral Number>
+    void add(std::string_view key, Number number) {
+        _json.key(key);
+        if constexpr (std::same_as<Number, bool>)
+            _json.boolean(number);
+        else
+            _json.number(static_cast<std::int64_t>(number));
+    }
+    void add(std::string_view key, const Date& date) { add(key, isoText(date)); }
+    void add(std::string_view key, const Guid& guid) { add(key, textOf(guid)); }
+    void add(std::string_view key, const Duration& duration) {
+        const bool percentage = isPercentage(duration);
+        addObject(key, [&] {
+            add("minutes", percentage ? std::nullopt : std::optional(duration.tenths / 10.0));
+            add("percent", percentage ? std::optional(duration.tenths) : std::nullopt);
+            add("unit", unitText(duration));
+            add("estimated", isEstimated(duration));
+        });
+    }
+    template <typename Value>
+    void add(std::string_view key, const std::optional<Value>& value) {
+        if (value)
+            return add(key, *value);
+        _json.key(key);
+        _json.null();
+    }
+
+    // Collections.
+
+    template <typename Content>
+    void addObject(std::string_view key, const Content& content) {
+        _json.key(key);
+        _json.beginObject();
+        content();
+        _json.endObject();
+    }
+    template <typename Elements, typename Content>
+    void addArray(std::string_view key, const Elements& elements, const Content& content) {
+        _json.key(key);
+        _json.beginArray();
+        for (const auto& element : elements)
+            content(element);
+        _json.endArray();
+    }
+    template <typename Records, typename Content>
+    void addList(std::string_view key, const Records& records, const Content& content) {
+        addArray(key, records, [&](const auto& record) {
+            _json.beginObject();
+            content(record);
+            _json.endObject();
+        });
+    }
+
+    // Parts of the file.
+
+    void addDocument(const ProjectFile& project) {
+        addArray("document", project.compObj, [this](const std::string& text) { _json.text(text); });
+        add("folder", project.folder);
+        addList("entries", project.entries, [this](const EntryInfo& entry) {
+            add("path", entry.path);
+            add("storage", entry.isStorage);
+            add("bytes", entry.size);
+        });
+        const auto addSummary = [this](const SummaryValue& value) {
+            add("id", value.id);
+            add("value", value.text);
+        };
+        addList("summary", project.summary, addSummary);
+        addList("documentSummary", project.documentSummary, addSummary);
+    }
+
+    void addProject(const ProjectFile& project) {
+        addList("properties", project.properties, [this](const ProjectProperty& property) {
+            add("type", fmt::format("0x{:08X}", property.type));
+            add("name", property.name);
+            add("value", property.value);
+        });
+        addObject("workingUnits", [&] {
+            add("minutesPerDay", project.units.minutesPerDay);
+            add("minutesPerWeek", project.units.minutesPerWeek);
+            add("daysPerMonth", project.units.daysPerMonth);
+        });
+        addTexts("taskTextNames", project.taskTextNames);
+        addTexts("resourceTextNames", project.resourceTextNames);
+        add("blankTaskRows", project.blankTaskRows);
+    }
+
+    void addTexts(std::string_view key, const std::map<std::size_t, std::string>& texts) {
+        addObject(key, [&] {
+            for (const auto& [position, text] : texts)
+                add(fmt::format("Text{}", position), text);
+        });
+    }
+
+    void addBaselines(const std::map<std::size_t, Baseline>& baselines) {
+        addList("baselines", baselines, [this](const auto& numbered) {
+            const auto& [number, baseline] = numbered;
+            add("number", number);
+            add("start", baseline.start);
+            add("finish", baseline.finish);
+            add("duration", baseline.duration);
+            add("work", hoursOf(baseline.work));
+            add("cost", wholeOf(baseline.cost));
+        });
+    }
+
+    void addTask(const Task& task) {
+        add("uniqueId", task.uniqueId);
+        add("id", task.id);
+        add("guid", task.guid);
+        add("parentId", task.parentId);
+        add("parentGuid", task.parentGuid);
+        add("outlineLevel", task.outlineLevel);
+        add("depth", task.depth);
+        add("row", task.row);
+        add("placeInSheet", task.placeInSheet);
+        add("title", task.title);
+        addTaskDates(task);
+        add("duration", task.duration);
+        add("actualDuration", task.actualDuration);
+        add("remainingDuration", task.remainingDuration);
+        add("type", taskTypeText(task.type));
+        add("constraint", constraintText(task.constraintType));
+        add("priority", task.priority);
+        add("percentComplete", task.percentComplete);
+        add("percentWorkComplete", task.percentWorkComplete);
+        add("milestone", task.milestone);
+        add("effortDriven", task.effortDriven);
+        add("calendarId", task.calendarId < 0 ? std::nullopt : std::optional(task.calendarId));
+        addEffort(task);
+        add("fixedCost", wholeOf(task.fixedCost));
+        addBaselines(task.baselines);
+        addTexts("texts", task.texts);
+        add("notes", task.notes);
+    }
+
+    void addTaskDates(const Task& task) {
+        add("start", task.start);
+        add("finish", task.finish);
+        add("earlyStart", task.earlyStart);
+        add("earlyFinish", task.earlyFinish);
+        add("lateStart", task.lateStart);
+        add("lateFinish", task.lateFinish);
+        add("actualStart", task.actualStart);
+        add("actualFinish", task.actualFinish);
+        add("constraintDate", task.constraintDate);
+        add("deadline", task.deadline);
+        add("created", task.created);
+        add("stop", task.stop);
+        add("resume", task.resume);
+    }
+
+    // What tasks, resources and assignments have in common.
+    template <typename Record>
+    void addEffort(const Record& record) {
+        add("work", hoursOf(record.work));
+        add("actualWork", hoursOf(record.actualWork));
+        add("remainingWork", hoursOf(record.remainingWork));
+        add("cost", wholeOf(record.cost));
+        add("actualCost", wholeOf(record.actualCost));
+        add("remainingCost", wholeOf(record.remainingCost));
+    }
+
+    void addResource(const Resource& resource) {
+        add("uniqueId", resource.uniqueId);
+        add("id", resource.id);
+        add("guid", resource.guid);
+        add("row", resource.row);
+        add("placeInSheet", resource.placeInSheet);
+        add("kind", kindText(resource.kind));
+        add("name", resource.name);
+        add("initials", resource.initials);
+        add("group", resource.group);
+        add("code", resource.code);
+        add("email", resource.email);
+        add("calendarId", resource.calendarId);
+        add("availableFrom", resource.availableFrom);
+        add("availableTo", resource.availableTo);
+        add("maximumUnits", wholeOf(resource.maximumUnits));
+        add("standardRate", resource.standardRate);
+        add("standardRateUnits", resource.standardRateUnits);
+        add("overtimeRate", resource.overtimeRate);
+        add("overtimeRateUnits", resource.overtimeRateUnits);
+        add("costPerUse", wholeOf(resource.costPerUse));
+        add("accrual", resource.accrual);
+        addEffort(resource);
+        addBaselines(resource.baselines);
+        addTexts("texts", resource.texts);
+        add("notes", resource.notes);
+    }
+
+    void addAssignment(const Assignment& assignment) {
+        add("id", assignment.id);
+        add("guid", assignment.guid);
+        add("row", assignment.row);
+        add("taskId", assignment.taskId);
+        add("taskGuid", assignment.taskGuid);
+        add("resourceId", assignment.resourceId);
+        add("resourceGuid", assignment.resourceGuid);
+        add("start", assignment.start);
+        add("finish", assignment.finish);
+        add("stop", assignment.stop);
+        add("resume", assignment.resume);
+        add("created", assignment.created);
+        add("delay", assignment.delay);
+        add("units", wholeOf(assignment.units));
+        addEffort(assignment);
+        add("regularWork", hoursOf(assignment.regularWork));
+        add("plannedPhases", assignment.plannedPhases);
+        add("completePhases", assignment.completePhases);
+        addBaselines(assignment.baselines);
+        add("notes", assignment.notes);
+    }
+
+    void addLink(const Link& link) {
+        add("id", link.id);
+        add("guid", link.guid);
+        add("row", link.row);
+        add("predecessorId", link.predecessor);
+        add("successorId", link.successor);
+        add("type", linkTypeText(link.type));
+        add("lag", link.lag);
+    }
+
+    void addCalendar(const Calendar& calendar) {
+        add("id", calendar.id);
+        add("guid", calendar.guid);
+        add("row", calendar.row);
+        add("name", calendar.name);
+        add("baseId", calendar.baseId);
+        add("resourceId", calendar.resourceId);
+        add("ownHours", calendar.hasOwnHours);
+        addWeek(calendar.week);
+        addList("exceptions", calendar.exceptions, [this](const CalendarException& exception) {
+            add("name", exception.name);
+            addDays(exception);
+            addRanges("ranges", exception.ranges);
+        });
+        addList("workWeeks", calendar.workWeeks, [this](const WorkWeek& workWeek) {
+            add("name", workWeek.name);
+            addDays(workWeek);
+            addWeek(workWeek.week);
+        });
+    }
+
+    template <typename Span>
+    void addDays(const Span& span) {
+        add("firstDay", dayText(span.firstDay));
+        add("lastDay", dayText(span.lastDay));
+    }
+
+    void addWeek(const Week& week) {
+        constexpr std::array names{"sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
+        addObject("week", [&] {
+            for (std::size_t day = 0; day < names.size(); ++day)
+                addRanges(names.at(day), week.at(day));
+        });
+    }
+
+    // Null for an inherited day.
+    void addRanges(std::string_view key, const DayRanges& ranges) {
+        if (!ranges) {
+            _json.key(key);
+            return _json.null();
+        }
+        addList(key, *ranges, [this](const TimeRange& range) {
+            add("start", timeText(range.start));
+            add("end", timeText(range.end));
+        });
+    }
+
+    JsonWriter _json;
+};
+
+} // namespace
+
+void writeJson(const ProjectFile& project, const Sink& sink) { JsonReport(sink).write(project); }
+
+} // namespace brackwater::inspect
