@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sys/stat.h>
 
 namespace brackwater {
 namespace {
@@ -153,14 +152,6 @@ TEST_F(DocumentLoader, UnreadableFilesAreNamedInTheFailure) {
     expectLoadFailure(contents);
     test::expectException(kMSPEXMLException, kLoadFailure,
                           [&] { (void)loadSourceDocuments(FileURL::fileURLWithPath(_folder.path("No.zelb"), true)); });
-}
-
-TEST_F(DocumentLoader, PipeInPlaceOfAScenarioDoesNotBlock) {
-    TableOfContents contents;
-    contents.scenarios[0].filename = "pipe.xml";
-    _folder.makeFolder("Plan.zelb");
-    ASSERT_EQ(mkfifo(_folder.path("Plan.zelb/pipe.xml").c_str(), 0600), 0);
-    expectLoadFailure(contents);
 }
 
 } // namespace

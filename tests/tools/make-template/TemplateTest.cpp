@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <sstream>
 
 namespace brackwater::layout {
 namespace {
@@ -112,79 +113,45 @@ inspect::FieldMap mapOf(const FieldTable& table) {
     return map;
 }
 
-struct Expected {
-    std::uint16_t id;
-    FieldPlace::Where where;
-    std::uint16_t offset;
-};
-
-void expectPlaces(const FieldTable& table, std::initializer_list<Expected> expected) {
+// "86@0 14" for the fields 86, at offset 0 of its block, and 14, which has no place in a block.
+void expectPlaces(const FieldTable& table, FieldPlace::Where where, const std::string& fields) {
     const inspect::FieldMap map = mapOf(table);
-    for (const Expected& field : expected) {
-        const FieldPlace* place = map.find(field.id);
-        ASSERT_NE(place, nullptr) << field.id;
-        EXPECT_EQ(place->where, field.where) << field.id;
-        const bool isFixed =
-            field.where == FieldPlace::Where::FirstBlock || field.where == FieldPlace::Where::SecondBlock;
-        EXPECT_EQ(isFixed ? place->offset : 0, field.offset) << field.id;
+    std::istringstream texts(fields);
+    for (std::string text; texts >> text;) {
+        const FieldPlace* place = map.find(static_cast<std::uint16_t>(std::stoi(text)));
+        ASSERT_NE(place, nullptr) << text;
+        EXPECT_EQ(place->where, where) << text;
+        if (const std::size_t at = text.find('@'); at != std::string::npos) {
+            EXPECT_EQ(place->offset, std::stoi(text.substr(at + 1))) << text;
+        }
     }
 }
 
 using enum FieldPlace::Where;
 
 TEST(FieldMaps, PlaceTheFieldsOfATaskWhereRowsHoldThem) {
-    expectPlaces(taskFields(), {{86, FirstBlock, 0},
-                                {160, FirstBlock, 36},
-                                {29, FirstBlock, 60},
-                                {35, FirstBlock, 88},
-                                {101, FirstBlock, 116},
-                                {25, FirstBlock, 120},
-                                {0, FirstBlock, 168},
-                                {6, FirstBlock, 232},
-                                {1143, SecondBlock, 0},
-                                {1145, SecondBlock, 16},
-                                {1151, SecondBlock, 24},
-                                {14, Var2Data, 0},
-                                {15, Var2Data, 0},
-                                {336, Var2Data, 0},
-                                {594, Var2Data, 0},
-                                {24, Flag, 0},
-                                {132, Flag, 0}});
+    expectPlaces(taskFields(), FirstBlock, "86@0 160@36 29@60 35@88 101@116 25@120 0@168 6@232");
+    expectPlaces(taskFields(), SecondBlock, "1143@0 1145@16 1151@24");
+    expectPlaces(taskFields(), Var2Data, "14 15 336 594");
+    expectPlaces(taskFields(), Flag, "24 132");
     const inspect::FieldMap map = mapOf(taskFields());
     EXPECT_LE(map.firstSize(), 264U);
     EXPECT_EQ(map.secondSize(), 54U);
 }
 
 TEST(FieldMaps, PlaceTheFieldsOfAResourceWhereRowsHoldThem) {
-    expectPlaces(resourceFields(), {{27, FirstBlock, 0},
-                                    {6, FirstBlock, 28},
-                                    {4, FirstBlock, 44},
-                                    {18, FirstBlock, 84},
-                                    {49, FirstBlock, 180},
-                                    {728, SecondBlock, 0},
-                                    {730, SecondBlock, 16},
-                                    {729, SecondBlock, 24},
-                                    {1, Var2Data, 0},
-                                    {433, Var2Data, 0},
-                                    {298, Flag, 0}});
+    expectPlaces(resourceFields(), FirstBlock, "27@0 6@28 4@44 18@84 49@180");
+    expectPlaces(resourceFields(), SecondBlock, "728@0 730@16 729@24");
+    expectPlaces(resourceFields(), Var2Data, "1 433");
+    expectPlaces(resourceFields(), Flag, "298");
     EXPECT_EQ(mapOf(resourceFields()).firstSize(), 188U);
     EXPECT_EQ(mapOf(resourceFields()).secondSize(), 40U);
 }
 
 TEST(FieldMaps, PlaceTheFieldsOfAnAssignmentWhereRowsHoldThem) {
-    expectPlaces(assignmentFields(), {{0, FirstBlock, 0},
-                                      {1, FirstBlock, 4},
-                                      {2, FirstBlock, 8},
-                                      {264, FirstBlock, 44},
-                                      {7, FirstBlock, 54},
-                                      {12, FirstBlock, 86},
-                                      {29, FirstBlock, 118},
-                                      {636, SecondBlock, 0},
-                                      {638, SecondBlock, 32},
-                                      {49, Var2Data, 0},
-                                      {71, Var2Data, 0},
-                                      {634, Var2Data, 0},
-                                      {377, Var2Data, 0}});
+    expectPlaces(assignmentFields(), FirstBlock, "0@0 1@4 2@8 264@44 7@54 12@86 29@118");
+    expectPlaces(assignmentFields(), SecondBlock, "636@0 638@32");
+    expectPlaces(assignmentFields(), Var2Data, "49 71 634 377");
     EXPECT_EQ(mapOf(assignmentFields()).firstSize(), 142U);
     EXPECT_EQ(mapOf(assignmentFields()).secondSize(), 48U);
 }
