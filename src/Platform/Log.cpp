@@ -12,6 +12,7 @@
 #include <ctime>
 #include <exception>
 #include <poll.h>
+#include <span>
 #include <string_view>
 #include <unistd.h>
 
@@ -47,20 +48,23 @@ void writeAll(std::string_view bytes) noexcept {
 // stands whole in the buffer, and leaves it only once it is written.
 class LineBuffer {
 public:
-    void append(std::string_view prefix, std::string_view text) noexcept {
-        const std::size_t size = prefix.size() + text.size() + 1;
+    void append(std::string_view prefix, std::span<const std::string_view> pieces) noexcept {
+        std::size_t size = prefix.size() + 1;
+        for (const std::string_view piece : pieces)
+            size += piece.size();
         if (size > _bytes.size() - _filled)
             flush();
         if (size > _bytes.size()) {
             writeAll(prefix);
-            writeAll(text);
+            for (const std::string_view piece : pieces)
+                writeAll(piece);
             writeAll("\n");
             return;
         }
-        char* line = _bytes.data() + _filled;
-        std::copy(prefix.begin(), prefix.end(), line);
-        std::copy(text.begin(), text.end(), line + prefix.size());
-        line[size - 1] = '\n';
+        char* end = std::copy(prefix.begin(), prefix.end(), _bytes.data() + _filled);
+        for (const std::string_view piece : pieces)
+            end = std::copy(piece.begin(), piece.end(), end);
+        *end = '\n';
         std::atomic_signal_fence(std::memory_order_seq_cst);
         _filled = _filled + size;
         if (_unbuffered)
@@ -105,15 +109,21 @@ public:
         clock_gettime(CLOCK_REALTIME_COARSE, &time);
         if (time.tv_sec != _second || _size == 0)
             format(time.tv_sec);
-        const auto milliseconds = static_cast<int>(time.tv_nsec / 1'000'000);
-        _text[kMilliseconds] = static_cast<char>('0' + milliseconds / 100);
-        _text[kMilliseconds + 1] = static_cast<char>('0' + milliseconds / 10 % 10);
-        _text[kMilliseconds + 2] = static_cast<char>('0' + milliseconds % 10);
+        if (time.tv_nsec != _nanosecond)
+            setMilliseconds(time.tv_nsec);
         return {_text.data(), _size};
     }
 
 private:
     static constexpr std::size_t kMilliseconds = std::string_view("YYYY-MM-DD HH:MM:SS.").size();
+
+    void setMilliseconds(long nanosecond) {
+        const auto milliseconds = static_cast<int>(nanosecond / 1'000'000);
+        _text[kMilliseconds] = static_cast<char>('0' + milliseconds / 100);
+        _text[kMilliseconds + 1] = static_cast<char>('0' + milliseconds / 10 % 10);
+        _text[kMilliseconds + 2] = static_cast<char>('0' + milliseconds % 10);
+        _nanosecond = nanosecond;
+    }
 
     void format(std::time_t second) {
         std::tm fields{};
@@ -124,9 +134,11 @@ private:
                              fields.tm_sec, getpid());
         _size = std::min(written.size, _text.size());
         _second = second;
+        _nanosecond = 0;
     }
 
     std::time_t _second = 0;
+    long _nanosecond = 0;
     std::size_t _size = 0;
     std::array<char, 96> _text{};
 };
@@ -152,13 +164,15 @@ void prepareForTheEnd() {
 
 } // namespace
 
-void logLine(std::string_view text) {
+void logLine(std::string_view text) { logPieces({&text, 1}); }
+
+void logPieces(std::span<const std::string_view> pieces) {
     if (innermostSink != nullptr) {
-        innermostSink->receive(text);
+        innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
         return;
     }
     [[maybe_unused]] static const bool prepared = (prepareForTheEnd(), true);
-    lineBuffer.append(prefix.now(), text);
+    lineBuffer.append(prefix.now(), pieces);
 }
 
 void logFormatted(fmt::string_view text, fmt::format_args arguments) {

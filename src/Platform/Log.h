@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <span>
 #include <string_view>
 
 namespace brackwater {
@@ -10,6 +11,9 @@ namespace brackwater {
 /// with the local wall clock; line ends inside a message stay as they are. Output is buffered, unless standard error is
 /// a terminal, and nothing logged is lost when the process ends, dies by an uncaught exception or by a signal.
 void logLine(std::string_view text);
+
+/// Logs one message that stands in pieces, without putting them together first.
+void logPieces(std::span<const std::string_view> pieces);
 
 /// Formats and logs one message, whatever its arguments' number and kinds.
 void logFormatted(fmt::string_view text, fmt::format_args arguments);

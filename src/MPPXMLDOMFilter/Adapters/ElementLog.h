@@ -3,20 +3,38 @@
 #include "Platform/Log.h"
 
 #include <fmt/compile.h>
-#include <fmt/format.h>
 
-#include <iterator>
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace brackwater {
 
-/// Logs a line whose format the compiler has taken apart: `logElement(FMT_COMPILE("..."), ...)`. Tens of lines are
-/// logged for each task, so a line is put together on the stack.
-template <typename CompiledFormat, typename... Args>
-void logElement(const CompiledFormat& format, const Args&... args) {
-    fmt::memory_buffer line;
-    fmt::format_to(std::back_inserter(line), format, args...);
-    logLine(std::string_view(line.data(), line.size()));
+/// A format of texts around `Count` times "{}", taken apart when the program is compiled.
+template <std::size_t Count>
+struct ElementLogTexts {
+    consteval explicit ElementLogTexts(std::string_view format) {
+        for (std::size_t i = 0; i < Count; ++i) {
+            const std::size_t place = format.find("{}");
+            texts[i] = format.substr(0, place);
+            format.remove_prefix(place + 2); // a format with fewer places does not compile
+        }
+        texts[Count] = format;
+    }
+
+    std::array<std::string_view, Count + 1> texts{};
+};
+
+/// Logs a line of texts: `logElement(FMT_COMPILE("..."), ...)`. Tens of lines are logged for each task, so nothing is
+/// formatted on the way: the texts go piece by piece into the log's buffer.
+template <typename Format, typename... Texts>
+void logElement(const Format&, const Texts&... texts) {
+    static constexpr ElementLogTexts<sizeof...(texts)> between{
+        std::string_view(fmt::string_view(Format()).data(), fmt::string_view(Format()).size())};
+    std::array<std::string_view, 2 * sizeof...(texts) + 1> pieces{between.texts[0]};
+    std::size_t count = 0;
+    ((pieces[2 * count + 1] = texts, pieces[2 * count + 2] = between.texts[count + 1], ++count), ...);
+    logPieces(pieces);
 }
 
 /// What stands in front of an element's log line: the first element of a record opens its block.

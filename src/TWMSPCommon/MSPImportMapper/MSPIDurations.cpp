@@ -24,10 +24,11 @@ std::int64_t saturatedProduct(std::int64_t a, std::int64_t b) { return a > kMost
 std::int64_t saturatedSum(std::int64_t a, std::int64_t b) { return a > kMost - b ? kMost : a + b; }
 
 /// Hours, minutes and seconds; what was not read counts as 0.
+std::int64_t secondsOf(std::int64_t hours, std::int64_t minutes, std::int64_t seconds) {
+    return saturatedSum(saturatedSum(saturatedProduct(hours, 3600), saturatedProduct(minutes, 60)), seconds);
+}
 std::int64_t secondsOf(const MSPCDateComponents& read) {
-    const std::int64_t hours = saturatedProduct(read.hour.value_or(0), 3600);
-    const std::int64_t minutes = saturatedProduct(read.minute.value_or(0), 60);
-    return saturatedSum(saturatedSum(hours, minutes), read.second.value_or(0));
+    return secondsOf(read.hour.value_or(0), read.minute.value_or(0), read.second.value_or(0));
 }
 
 std::string mspdiDuration(std::int32_t value) {
@@ -50,6 +51,9 @@ std::optional<std::string> MSPIUtilities::mspdiToZelbTimeOnly(std::string_view t
 std::int64_t MSPIUtilities::mspdiDurationInSecs(std::string_view text) {
     if (text.empty())
         return -1;
+    // The form in which nearly all durations come means the same to both scanners.
+    if (const auto strict = iso::scanStrictDuration(text); strict && strict->whole.size() == text.size())
+        return secondsOf(iso::numberOf(strict->hours), iso::numberOf(strict->minutes), iso::numberOf(strict->seconds));
     MSPCDateComponents components;
     assertThat(updateDateTimeComponentsFromISODuration(components, text) != NSNotFound,
                "Failed to convert MSPDI duration: '{}'.", text);

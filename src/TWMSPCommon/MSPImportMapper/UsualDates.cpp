@@ -9,23 +9,32 @@
 namespace brackwater::usualdates {
 namespace {
 
-constexpr std::string_view kForm = "0000-00-00T00:00:00";
-constexpr std::string_view kOffsetForm = "00:00";
+constexpr std::size_t kTimeSize = std::string_view("YYYY-MM-DDThh:mm:ss").size();
+constexpr std::size_t kOffsetSize = std::string_view("+hh:mm").size();
 
 // Years of four digits that need no leading zero, in the calendar of today.
 constexpr std::int64_t kFirstYear = 1600;
 constexpr std::int64_t kLastYear = 9999;
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
+/// Reads characters at known places and remembers whether all were those wanted.
+class Reader {
+public:
+    explicit Reader(const char* text) : _text(text) {}
 
-bool matches(std::string_view text, std::string_view form) {
-    for (std::size_t i = 0; i < form.size(); ++i)
-        if (form[i] == '0' ? !isDigit(text[i]) : text[i] != form[i])
-            return false;
-    return true;
-}
+    std::int64_t twoDigits(std::size_t at) { return digit(at) * 10 + digit(at + 1); }
+    void wants(std::size_t at, char character) { _failed |= _text[at] != character; }
+    [[nodiscard]] bool hasFailed() const { return _failed; }
 
-std::int64_t twoDigits(std::string_view text, std::size_t at) { return (text[at] - '0') * 10 + (text[at + 1] - '0'); }
+private:
+    std::int64_t digit(std::size_t at) {
+        const auto value = static_cast<unsigned>(static_cast<unsigned char>(_text[at])) - '0';
+        _failed |= value > 9;
+        return value;
+    }
+
+    const char* _text;
+    bool _failed = false;
+};
 
 /// The text of a date of four-digit year, on the stack.
 class Line {
@@ -71,31 +80,35 @@ std::optional<Line> lineOfWallSeconds(std::int64_t wallSeconds) {
 } // namespace
 
 std::optional<ZonedTime> read(std::string_view text) noexcept {
-    using Zone = ZonedTime::Zone;
-    const std::string_view zone = text.size() < kForm.size() ? std::string_view() : text.substr(kForm.size());
     ZonedTime time;
-    if (zone == "Z")
-        time.zone = Zone::UTC;
-    else if (zone.size() == kOffsetForm.size() + 1)
-        time.zone = Zone::Offset;
-    else if (text.size() != kForm.size())
+    if (text.size() == kTimeSize + 1 && text.back() == 'Z')
+        time.zone = ZonedTime::Zone::UTC;
+    else if (text.size() == kTimeSize + kOffsetSize)
+        time.zone = ZonedTime::Zone::Offset;
+    else if (text.size() != kTimeSize)
         return std::nullopt;
-    if (!matches(text, kForm))
-        return std::nullopt;
-    if (time.zone == Zone::Offset) {
-        if ((zone[0] != '+' && zone[0] != '-') || !matches(zone.substr(1), kOffsetForm))
-            return std::nullopt;
-        const std::int64_t sign = zone[0] == '-' ? -1 : 1;
-        time.offsetHours = sign * twoDigits(zone, 1);
-        time.offsetMinutes = sign * twoDigits(zone, 4);
+
+    Reader reader(text.data());
+    time.fields.year = reader.twoDigits(0) * 100 + reader.twoDigits(2);
+    reader.wants(4, '-');
+    time.fields.month = reader.twoDigits(5);
+    reader.wants(7, '-');
+    time.fields.day = reader.twoDigits(8);
+    reader.wants(10, 'T');
+    time.fields.hour = reader.twoDigits(11);
+    reader.wants(13, ':');
+    time.fields.minute = reader.twoDigits(14);
+    reader.wants(16, ':');
+    time.fields.second = reader.twoDigits(17);
+    if (time.zone == ZonedTime::Zone::Offset) {
+        const std::int64_t sign = text[kTimeSize] == '-' ? -1 : 1;
+        if (sign > 0)
+            reader.wants(kTimeSize, '+');
+        time.offsetHours = sign * reader.twoDigits(20);
+        reader.wants(22, ':');
+        time.offsetMinutes = sign * reader.twoDigits(23);
     }
-    time.fields.year = twoDigits(text, 0) * 100 + twoDigits(text, 2);
-    time.fields.month = twoDigits(text, 5);
-    time.fields.day = twoDigits(text, 8);
-    time.fields.hour = twoDigits(text, 11);
-    time.fields.minute = twoDigits(text, 14);
-    time.fields.second = twoDigits(text, 17);
-    return time;
+    return reader.hasFailed() ? std::nullopt : std::optional(time);
 }
 
 std::optional<std::string> mspdiFromZelb(std::string_view text, const TimeZone& zone) {
