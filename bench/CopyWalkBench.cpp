@@ -25,7 +25,7 @@
 namespace brackwater::test {
 namespace {
 
-constexpr std::size_t kStreamSize = std::size_t{64} << 20;
+constexpr std::size_t kMegabyte = std::size_t{1} << 20;
 
 struct Unref {
     void operator()(void* object) const { g_object_unref(object); }
@@ -76,7 +76,8 @@ void copyWalk(benchmark::State& state) {
     const LogCapture log;
     const TempFolder folder;
     const std::string source = folder.path("Template.mpp");
-    writeCompoundFile(source, {compObj2007(), stream("Large", patternBytes(kStreamSize))});
+    const std::size_t streamSize = static_cast<std::size_t>(state.range(0)) * kMegabyte;
+    writeCompoundFile(source, {compObj2007(), stream("Large", patternBytes(streamSize))});
 
     const auto walk = [&] {
         if (!MPPProjectWriter::writeProject(nullptr, FileURL::fileURLWithPath(folder.path("Walk.mpp"), false),
@@ -96,14 +97,20 @@ void copyWalk(benchmark::State& state) {
         walkBest = std::min(walkBest, seconds);
         state.SetIterationTime(seconds);
     }
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(kStreamSize));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(streamSize));
     state.counters["libraryAloneMs"] = libraryBest * 1000.0;
     state.counters["walkMs"] = walkBest * 1000.0;
     state.counters["ratio"] = walkBest / libraryBest;
-    state.counters["streamsInMemory"] = peak / static_cast<double>(kStreamSize);
+    state.counters["streamsInMemory"] = peak / static_cast<double>(streamSize);
 }
 
-BENCHMARK(copyWalk)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(copyWalk)
+    ->ArgName("megabytes")
+    ->Arg(1)
+    ->Arg(64)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(15);
 
 } // namespace
 } // namespace brackwater::test

@@ -35,27 +35,19 @@ std::atomic<std::int64_t> allocations{0};
 namespace brackwater {
 namespace {
 
-constexpr std::size_t kDates = 1'000'000;
-
-/// Minutes apart, over twenty years.
-const std::vector<Date>& dates() {
-    static const std::vector<Date> all = [] {
-        std::vector<Date> made;
-        for (std::size_t i = 0; i < kDates; ++i)
-            made.push_back({1'000'000'000.0 + static_cast<double>(i) * 629.0});
-        return made;
-    }();
-    return all;
+/// As many as the benchmark's argument tells, minutes apart; a million cover twenty years.
+std::vector<Date> datesFor(const benchmark::State& state) {
+    std::vector<Date> made;
+    for (std::int64_t i = 0; i < state.range(0); ++i)
+        made.push_back({1'000'000'000.0 + static_cast<double>(i) * 629.0});
+    return made;
 }
 
-const std::vector<std::string>& sourceTexts() {
-    static const std::vector<std::string> all = [] {
-        std::vector<std::string> made;
-        for (const Date date : dates())
-            made.push_back(MSPIUtilities::mppToZelbDateTime(date).value());
-        return made;
-    }();
-    return all;
+std::vector<std::string> sourceTextsFor(const benchmark::State& state) {
+    std::vector<std::string> made;
+    for (const Date date : datesFor(state))
+        made.push_back(MSPIUtilities::mppToZelbDateTime(date).value());
+    return made;
 }
 
 /// Reports what one date costs, in time and in allocations.
@@ -63,7 +55,7 @@ class PerDate {
 public:
     explicit PerDate(benchmark::State& state) : _state(state), _before(allocations) {}
     ~PerDate() {
-        const auto count = static_cast<double>(_state.iterations()) * static_cast<double>(kDates);
+        const auto count = static_cast<double>(_state.iterations()) * static_cast<double>(_state.range(0));
         _state.counters["allocations"] = static_cast<double>(allocations - _before) / count;
         _state.counters["time"] = benchmark::Counter(count, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
     }
@@ -78,10 +70,10 @@ private:
 void icuCalendarFields(benchmark::State& state) {
     UErrorCode status = U_ZERO_ERROR;
     icu::GregorianCalendar calendar(icu::TimeZone::createTimeZone("Europe/Berlin"), status);
-    std::ignore = dates();
+    const std::vector<Date> dates = datesFor(state);
     const PerDate perDate(state);
     for (auto _ : state) {
-        for (const Date date : dates()) {
+        for (const Date date : dates) {
             calendar.setTime(date.secondsSince1970 * 1000.0, status);
             benchmark::DoNotOptimize(calendar.get(UCAL_SECOND, status));
         }
@@ -89,18 +81,18 @@ void icuCalendarFields(benchmark::State& state) {
 }
 
 void sourceTextToInstant(benchmark::State& state) {
-    std::ignore = sourceTexts();
+    const std::vector<std::string> texts = sourceTextsFor(state);
     const PerDate perDate(state);
     for (auto _ : state)
-        for (const std::string& text : sourceTexts())
+        for (const std::string& text : texts)
             benchmark::DoNotOptimize(MSPIUtilities::zelbToMppDateTime(text));
 }
 
 void instantThroughBothTextsToInstant(benchmark::State& state) {
-    std::ignore = dates();
+    const std::vector<Date> dates = datesFor(state);
     const PerDate perDate(state);
     for (auto _ : state) {
-        for (const Date date : dates()) {
+        for (const Date date : dates) {
             const auto source = MSPIUtilities::mppToZelbDateTime(date);
             const auto text = MSPIUtilities::zelbToMspdiDateTime(*source);
             benchmark::DoNotOptimize(MSPIUtilities::mspdiToMppDateTime(*text));
@@ -113,9 +105,12 @@ void systemZone(benchmark::State& state) {
         benchmark::DoNotOptimize(TimeZone::system());
 }
 
-BENCHMARK(icuCalendarFields)->Unit(benchmark::kMillisecond);
-BENCHMARK(sourceTextToInstant)->Unit(benchmark::kMillisecond);
-BENCHMARK(instantThroughBothTextsToInstant)->Unit(benchmark::kMillisecond);
+constexpr std::int64_t kFew = 1'000;
+constexpr std::int64_t kMany = 1'000'000;
+
+BENCHMARK(icuCalendarFields)->Arg(kFew)->Arg(kMany)->Unit(benchmark::kMillisecond);
+BENCHMARK(sourceTextToInstant)->Arg(kFew)->Arg(kMany)->Unit(benchmark::kMillisecond);
+BENCHMARK(instantThroughBothTextsToInstant)->Arg(kFew)->Arg(kMany)->Unit(benchmark::kMillisecond);
 BENCHMARK(systemZone);
 
 } // namespace

@@ -200,6 +200,7 @@ void againstTheLibrary(benchmark::State& state) {
 }
 
 BENCHMARK(againstTheLibrary)
+    ->Arg(100)
     ->Arg(10000)
     ->Arg(100000)
     ->Arg(200000)

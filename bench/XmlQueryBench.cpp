@@ -98,8 +98,8 @@ void childrenOfATask(benchmark::State& state) {
 constexpr std::int64_t kSmall = 10;
 constexpr std::int64_t kLarge = 100'000;
 
-BENCHMARK(readDocument)->Arg(kLarge)->Unit(benchmark::kMillisecond);
-BENCHMARK(buildIndex)->Arg(kLarge)->Unit(benchmark::kMillisecond);
+BENCHMARK(readDocument)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond);
+BENCHMARK(buildIndex)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond);
 BENCHMARK(taskById)->Arg(kSmall)->Arg(kLarge);
 BENCHMARK(assignmentByResourceAndTask)->Arg(kSmall)->Arg(kLarge);
 BENCHMARK(childrenOfATask)->Arg(kSmall)->Arg(kLarge);
