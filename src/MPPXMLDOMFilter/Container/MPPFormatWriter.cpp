@@ -48,7 +48,7 @@ struct MPPFormatWriter::Node {
     bool closeChild();
     bool closeRoot();
     /// Leaves neither the destination nor the temporary file behind.
-    void abandonSink();
+    void abandonSink() const;
 };
 
 MPPFormatWriter::MPPFormatWriter() : _node(std::make_unique<Node>()) {}
@@ -164,7 +164,7 @@ bool MPPFormatWriter::Node::closeRoot() {
     return closed && !state->childCloseFailed;
 }
 
-void MPPFormatWriter::Node::abandonSink() {
+void MPPFormatWriter::Node::abandonSink() const {
     if (!gsf_output_is_closed(output.get())) {
         // A sink in error takes its temporary file away instead of moving it onto the destination.
         if (gsf_output_error(output.get()) == nullptr)
