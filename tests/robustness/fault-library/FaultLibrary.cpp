@@ -15,7 +15,9 @@
 
 namespace {
 
-// The stream that the library's file sink writes into.
+// The library's temporary file and the stream that writes into it. Other files of the process, such as the counters of
+// a coverage run, are left alone.
+int temporaryFile = -1;
 std::FILE* sink = nullptr;
 bool sinkIsInError = false;
 
@@ -79,11 +81,14 @@ extern "C" {
 
 int g_mkstemp(char* path) {
     static const auto real = next<int (*)(char*)>("g_mkstemp");
-    return perform("g_mkstemp", -1, [&] { return real(path); });
+    temporaryFile = perform("g_mkstemp", -1, [&] { return real(path); });
+    return temporaryFile;
 }
 
 FILE* fdopen(int file, const char* mode) {
     static const auto real = next<FILE* (*)(int, const char*)>("fdopen");
+    if (file != temporaryFile)
+        return real(file, mode);
     sink = perform("fdopen", static_cast<FILE*>(nullptr), [&] { return real(file, mode); });
     return sink;
 }
@@ -115,12 +120,15 @@ int fclose(FILE* stream) {
     if (sink == nullptr || stream != sink)
         return real(stream);
     sink = nullptr;
+    temporaryFile = -1;
     const int result = real(stream);
     return perform("fclose", -1, [&] { return result; });
 }
 
 int rename(const char* from, const char* to) {
     static const auto real = next<int (*)(const char*, const char*)>("rename");
+    if (std::strstr(from, ".gsf-save-") == nullptr)
+        return real(from, to);
     return perform("rename", -1, [&] { return real(from, to); });
 }
 
