@@ -4,6 +4,7 @@
 
 #include "mppinspect/Check.h"
 #include "mppinspect/CompoundFile.h"
+#include "mppinspect/GanttPage.h"
 #include "mppinspect/JsonReport.h"
 #include "mppinspect/ProjectFile.h"
 #include "mppinspect/TextReport.h"
@@ -21,6 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             (void)report(project, section);
         (void)findingsText(check(file, project));
         writeJson(project, [](std::string_view) {});
+        writeGanttPage(project, [](std::string_view) {});
     } catch (const std::exception&) {
         // A file that is no compound file, or none that can be shown.
     }

@@ -1,4 +1,5 @@
 #include "Check.h"
+#include "GanttPage.h"
 #include "JsonReport.h"
 #include "TextReport.h"
 
@@ -6,11 +7,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace {
@@ -49,17 +54,20 @@ int usage() {
     return kWrongArguments;
 }
 
-enum class Output { Sections, Json, Check };
+enum class Output { Sections, Json, Gantt, Check };
 
 struct Arguments {
     Output output = Output::Sections;
     std::vector<Section> sections;
     const char* path = nullptr;
+    const char* page = nullptr; ///< of --gantt
 };
 
 std::optional<Output> outputOf(std::string_view argument) {
     if (argument == "--json")
         return Output::Json;
+    if (argument == "--gantt")
+        return Output::Gantt;
     return argument == "--check" ? std::optional(Output::Check) : std::nullopt;
 }
 
@@ -67,6 +75,10 @@ std::optional<Output> outputOf(std::string_view argument) {
 std::optional<Arguments> parse(std::span<char*> arguments) {
     Arguments parsed;
     for (const std::string_view argument : arguments) {
+        if (parsed.output == Output::Gantt && parsed.page == nullptr && !argument.empty()) {
+            parsed.page = argument.data();
+            continue;
+        }
         const auto option = std::ranges::find(kOptions, argument, &Option::name);
         if (option != kOptions.end())
             parsed.sections.push_back(option->section);
@@ -95,6 +107,15 @@ void printSections(const ProjectFile& project, std::vector<Section> sections) {
     }
 }
 
+void writePage(const ProjectFile& project, const char* path) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), std::fclose);
+    if (!file)
+        throw std::system_error(errno, std::generic_category(), fmt::format("cannot write '{}'", path));
+    writeGanttPage(project, [&file](std::string_view text) { std::fwrite(text.data(), 1, text.size(), file.get()); });
+    if (std::fflush(file.get()) != 0 || std::ferror(file.get()) != 0)
+        throw std::runtime_error(fmt::format("cannot write the whole of '{}'", path));
+}
+
 int run(const Arguments& arguments) {
     const CompoundFile file = CompoundFile::open(arguments.path);
     const ProjectFile project = decode(file);
@@ -105,6 +126,9 @@ int run(const Arguments& arguments) {
         break;
     case Output::Json:
         writeJson(project, print);
+        break;
+    case Output::Gantt:
+        writePage(project, arguments.page);
         break;
     case Output::Check: {
         const Findings findings = check(file, project);

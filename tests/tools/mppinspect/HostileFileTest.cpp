@@ -3,6 +3,7 @@
 #include "make-template/CompoundFileOutput.h"
 #include "make-template/TemplateTree.h"
 #include "mppinspect/Check.h"
+#include "mppinspect/GanttPage.h"
 #include "mppinspect/JsonReport.h"
 #include "mppinspect/TextReport.h"
 #include "support/TempFolder.h"
@@ -30,6 +31,7 @@ void readWhole(Bytes bytes) {
         std::size_t size = 0;
         writeJson(project, [&size](std::string_view piece) { size += piece.size(); });
         EXPECT_GT(size, 0U);
+        writeGanttPage(project, [&size](std::string_view piece) { size += piece.size(); });
     } catch (const std::runtime_error&) { // refused
     }
 }

@@ -55,7 +55,8 @@ TEST_F(Program, ShowsTheSectionsThatItIsAskedFor) {
 }
 
 TEST_F(Program, ExplainsItselfWhenTheArgumentsAreWrong) {
-    for (const char* arguments : {"", "--nonsense x.mpp", "a.mpp b.mpp", "--check", "--check --tasks x.mpp"}) {
+    for (const char* arguments : {"", "--nonsense x.mpp", "a.mpp b.mpp", "--check", "--check --tasks x.mpp",
+                                  "--json --check x.mpp", "--gantt x.html"}) {
         EXPECT_EQ(run(arguments), 2) << arguments;
         EXPECT_THAT(err, StartsWith("Usage: mppinspect [OPTION ...] FILE.mpp\n"));
         EXPECT_THAT(out, IsEmpty());
@@ -75,6 +76,17 @@ TEST_F(Program, ChecksATemplateAndTellsByItsStatus) {
     layout::writeCompoundFile(_folder.path("T10.mpp"), layout::templateTree(layout::VersionFolder::Project2010));
     EXPECT_EQ(run("--check " + _folder.path("T10.mpp")), 1);
     EXPECT_THAT(out, StartsWith("error: 112: the storage is missing"));
+}
+
+TEST_F(Program, WritesThePageToTheFileOfItsName) {
+    EXPECT_EQ(run("--gantt " + _folder.path("Plan.html") + " " + templateFile()), 0);
+    EXPECT_THAT(out, IsEmpty());
+    EXPECT_THAT(_folder.read("Plan.html"), StartsWith("<!DOCTYPE html>\n"));
+    EXPECT_THAT(_folder.read("Plan.html"), HasSubstr("The file holds no tasks."));
+    EXPECT_EQ(run("--gantt " + _folder.path("no/such/Plan.html") + " " + templateFile()), 1);
+    EXPECT_THAT(err, HasSubstr("cannot write '" + _folder.path("no/such/Plan.html") + "': No such file"));
+    EXPECT_EQ(run("--gantt /dev/full " + templateFile()), 1);
+    EXPECT_THAT(err, HasSubstr("cannot write the whole of '/dev/full'"));
 }
 
 } // namespace

@@ -1,0 +1,205 @@
+#include "mppinspect/GanttPage.h"
+
+#include "mppinspect/TimeScale.h"
+#include "mppinspect/WorkingDays.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace brackwater::test {
+namespace {
+
+using inspect::DaySpan;
+using inspect::freeDays;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr int kMonday = 15'402; // 2026-03-02
+
+inspect::Date at(int day, int hour) {
+    return {static_cast<std::uint16_t>(day), static_cast<std::uint16_t>(hour * 600)};
+}
+
+class GanttPage : public testing::Test {
+protected:
+    inspect::Task& task(std::uint32_t id, std::string title, int firstDay, int lastDay) {
+        inspect::Task task;
+        task.uniqueId = task.id = id;
+        task.title = std::move(title);
+        task.depth = 1;
+        task.start = at(firstDay, 8);
+        task.finish = at(lastDay, 17);
+        return project.tasks.emplace_back(std::move(task));
+    }
+    void link(std::uint32_t from, std::uint32_t to, std::uint16_t type = 1) {
+        inspect::Link link;
+        link.predecessor = from;
+        link.successor = to;
+        link.type = type;
+        project.links.push_back(link);
+    }
+    std::string page() const {
+        std::string text;
+        writeGanttPage(project, [&text](std::string_view piece) { text += piece; });
+        return text;
+    }
+    /// How often the chart, below the definitions and the legend, has the words.
+    std::size_t drawn(std::string_view words) const {
+        const std::string text = page();
+        std::size_t count = 0;
+        for (std::size_t at = text.find("class=\"chart\""); (at = text.find(words, at)) != std::string::npos; ++at)
+            ++count;
+        return count;
+    }
+
+    inspect::ProjectFile project;
+};
+
+TEST_F(GanttPage, LetsNoTextOfThePlanBecomeMarkup) {
+    const std::string hostile = "</td></table><script>alert(1)</script><img src=\"http://x\" onerror='y'>&";
+    inspect::Task& walls = task(1, hostile, kMonday, kMonday);
+    walls.baselines[0].start = walls.start;
+    project.properties.push_back({0x02400008, "title", hostile});
+    project.resources.resize(1);
+    project.resources[0].uniqueId = 1;
+    project.resources[0].name = hostile;
+    project.assignments.resize(1);
+    project.assignments[0].taskId = 1;
+    project.assignments[0].resourceId = 1;
+    project.calendars.resize(1);
+    project.calendars[0].name = hostile;
+    project.calendars[0].exceptions.push_back({kMonday, kMonday, {}, hostile});
+    const std::string text = page();
+    EXPECT_THAT(text, Not(HasSubstr("<script")));
+    EXPECT_THAT(text, Not(HasSubstr("<img")));
+    EXPECT_THAT(text, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt;&lt;img src=&quot;http://x&quot; "
+                                "onerror=&#39;y&#39;&gt;&amp;"));
+}
+
+TEST_F(GanttPage, DrawsEachKindOfTaskInItsOwnWay) {
+    task(1, "Shell", kMonday, kMonday + 4);
+    inspect::Task& walls = task(2, "Walls", kMonday, kMonday + 3);
+    walls.parentId = 1;
+    walls.percentComplete = 50;
+    walls.baselines[0].start = at(kMonday, 8);
+    walls.baselines[0].finish = at(kMonday + 2, 17);
+    task(3, "Done", kMonday + 4, kMonday + 4).milestone = true;
+    EXPECT_EQ(drawn("class=\"sum\""), 1U);
+    EXPECT_EQ(drawn("class=\"bar\""), 1U);
+    EXPECT_EQ(drawn("class=\"bd\""), 1U);
+    EXPECT_EQ(drawn("class=\"mile\""), 1U);
+    EXPECT_EQ(drawn("class=\"base\""), 1U);
+}
+
+TEST_F(GanttPage, DrawsLinksOfAllTypesButNoneThatLacksAnEnd) {
+    task(1, "a", kMonday, kMonday + 1);
+    task(2, "b", kMonday + 2, kMonday + 3);
+    inspect::Task& open = task(3, "without dates", 0, 0);
+    open.start.reset();
+    open.finish.reset();
+    for (std::uint16_t type = 0; type < 5; ++type)
+        link(1, 2, type);
+    link(1, 3);
+    link(1, 99);
+    link(2, 2);
+    EXPECT_EQ(drawn("class=\"link\""), 5U);
+}
+
+TEST_F(GanttPage, LeavesOutTheProjectsOwnRowAndKeepsTheOrderOfTheSheet) {
+    task(0, "House", kMonday, kMonday + 9);
+    task(7, "second", kMonday, kMonday).id = 2;
+    task(3, "first", kMonday, kMonday).id = 1;
+    const std::string text = page();
+    EXPECT_THAT(text, HasSubstr("<h1 dir=\"auto\">House</h1>"));
+    EXPECT_LT(text.find("<bdi>first</bdi>"), text.find("<bdi>second</bdi>"));
+    EXPECT_EQ(text.find("<bdi>House</bdi>"), std::string::npos);
+}
+
+TEST_F(GanttPage, GrowsWithThePlanAndNoFaster) {
+    const auto sizeWith = [this](std::uint32_t tasks) {
+        project = {};
+        for (std::uint32_t id = 1; id <= tasks; ++id) {
+            task(id, "Walls", kMonday + static_cast<int>(id % 700), kMonday + static_cast<int>(id % 700) + 5);
+            if (id > 1)
+                link(1, id); // every one from the first page to another
+        }
+        return page().size();
+    };
+    const std::size_t some = sizeWith(2000), twice = sizeWith(4000);
+    EXPECT_LT(twice, some * 21 / 10);
+    EXPECT_LT(twice, 4000U * 900);
+}
+
+TEST_F(GanttPage, OfDatesFarApartStaysReadableByABrowser) {
+    task(1, "early", 0, 1);
+    task(2, "late", 65'534, 65'535).percentComplete = 65'535;
+    project.tasks[0].finish = inspect::Date{0, 65'535};
+    EXPECT_THAT(page(), HasSubstr("1980s"));
+    EXPECT_LT(page().size(), 100'000U);
+}
+
+TEST(TimeScale, PutsDatesInOrderWithinItsWidth) {
+    for (const int days : {1, 30, 200, 1000, 5000, 60'000}) {
+        std::vector<inspect::Task> tasks(1);
+        tasks[0].start = at(kMonday - 10'000, 8);
+        tasks[0].finish = at(std::min(kMonday - 10'000 + days, 65'535), 17);
+        const inspect::TimeScale scale(tasks);
+        EXPECT_GT(scale.x(*tasks[0].start), 0) << days;
+        EXPECT_LT(scale.x(*tasks[0].start), scale.x(*tasks[0].finish)) << days;
+        EXPECT_LT(scale.x(*tasks[0].finish), scale.width()) << days;
+        double right = 0;
+        for (const auto& cell : scale.lowerCells()) {
+            EXPECT_LT(std::abs(cell.left - right), 1e-6) << days;
+            right = cell.left + cell.width;
+        }
+        EXPECT_LT(std::abs(right - scale.width()), scale.pixelsPerDay() + 1e-6) << days;
+        EXPECT_LT(scale.lowerCells().size(), 400U) << days;
+    }
+}
+
+std::vector<std::pair<int, int>> freeSpans(const inspect::Calendar* calendar, int first, int last) {
+    std::vector<std::pair<int, int>> spans;
+    for (const DaySpan& span : freeDays(calendar, {first, last}))
+        spans.emplace_back(span.first - kMonday, span.last - kMonday);
+    return spans;
+}
+
+TEST(FreeDays, AreWeekendsWithoutACalendar) {
+    EXPECT_THAT(freeSpans(nullptr, kMonday, kMonday + 13), ElementsAre(std::pair(5, 6), std::pair(12, 13)));
+    EXPECT_THAT(freeSpans(nullptr, kMonday, kMonday - 1), IsEmpty());
+    EXPECT_THAT(freeSpans(nullptr, -9, 2).size(), 2U); // before the first day of the format
+}
+
+TEST(FreeDays, FollowExceptionsThenWorkWeeksThenTheWeek) {
+    inspect::Calendar calendar;
+    calendar.hasOwnHours = true;
+    const std::vector<inspect::TimeRange> work{{4'800, 9'600}};
+    for (auto& day : calendar.week)
+        day = work;
+    calendar.week[0].emplace(); // Sunday
+    inspect::WorkWeek shut{kMonday + 7, kMonday + 13, {}, ""};
+    for (auto& day : shut.week)
+        day.emplace();
+    calendar.workWeeks.push_back(shut);
+    calendar.exceptions.push_back({kMonday + 2, kMonday + 3, {}, ""});
+    calendar.exceptions.push_back({kMonday + 3, kMonday + 3, work, ""}); // the first one told holds
+    calendar.exceptions.push_back({kMonday + 9, kMonday + 9, work, ""});
+    calendar.exceptions.push_back({kMonday + 20, kMonday + 19, {}, ""}); // ends before it begins
+    EXPECT_THAT(freeSpans(&calendar, kMonday, kMonday + 19),
+                ElementsAre(std::pair(2, 3), std::pair(6, 8), std::pair(10, 13)));
+}
+
+TEST(FreeDays, CostNoMoreWhereExceptionsOverlap) {
+    inspect::Calendar calendar;
+    calendar.exceptions.assign(200'000, {0, 65'535, {}, ""});
+    EXPECT_EQ(freeDays(&calendar, {0, 65'535}).size(), 1U);
+}
+
+} // namespace
+} // namespace brackwater::test

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brackwater::inspect {
+
+/// Appends text so that it may stand in an element or between the quotes of an attribute. Control characters become
+/// blanks.
+void appendHtml(std::string& out, std::string_view text);
+[[nodiscard]] std::string htmlOf(std::string_view text);
+/// A length in pixels, with one decimal at most.
+[[nodiscard]] std::string px(double length);
+
+} // namespace brackwater::inspect
