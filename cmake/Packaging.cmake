@@ -13,6 +13,7 @@ install(FILES packaging/_Brackwater packaging/_mppinspect
 install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
 install(FILES docs/fidelity.md docs/format.md docs/json.md DESTINATION "${doc}/docs")
+install(FILES docs/images/gantt.png DESTINATION "${doc}/docs/images")
 install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")
 
 set(CPACK_GENERATOR DEB)

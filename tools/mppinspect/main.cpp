@@ -47,9 +47,11 @@ int usage() {
                        "Shows what a project file holds; without an option everything.\n";
     for (const Option& option : kOptions)
         text += fmt::format("  {:<14}{}\n", option.name, option.help);
-    text +=
-        "Or, each alone:\n"
-        "  --check       whether a template suits, or what a planner would stumble over; status 1 when there is any\n";
+    text += "Or, each alone:\n"
+            "  --json        everything as JSON\n"
+            "  --gantt OUT.html\n"
+            "                the plan as a page with a bar chart, for any browser and for printing\n"
+            "  --check       whether a template suits, or what a planner would stumble over: then status 1\n";
     fmt::print(stderr, "{}", text);
     return kWrongArguments;
 }
