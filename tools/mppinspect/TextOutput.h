@@ -19,7 +19,7 @@ public:
 
     /// The place to append to. A call may hand over what stands there.
     [[nodiscard]] std::string& text() {
-        constexpr std::size_t piece = 64 * 1024;
+        constexpr std::size_t piece = std::size_t{64} << 10;
         if (_text.size() >= piece)
             flush();
         return _text;

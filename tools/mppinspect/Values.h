@@ -8,7 +8,7 @@ namespace brackwater::inspect {
 struct Date {
     std::uint16_t days = 0;
     std::uint16_t tenths = 0;
-    auto operator<=>(const Date&) const = default;
+    auto operator<=>(const Date&) const = default; // NOLINT(modernize-use-nullptr): a false alarm of clang-tidy 14
 };
 
 /// Nothing where all bits are set: no date.

@@ -96,7 +96,7 @@ std::optional<Arguments> parse(std::span<char*> arguments) {
     return parsed;
 }
 
-void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+void print(std::string_view text) { (void)std::fwrite(text.data(), 1, text.size(), stdout); }
 
 void printSections(const ProjectFile& project, std::vector<Section> sections) {
     if (sections.empty())
@@ -113,7 +113,8 @@ void writePage(const ProjectFile& project, const char* path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), std::fclose);
     if (!file)
         throw std::system_error(errno, std::generic_category(), fmt::format("cannot write '{}'", path));
-    writeGanttPage(project, [&file](std::string_view text) { std::fwrite(text.data(), 1, text.size(), file.get()); });
+    writeGanttPage(project,
+                   [&file](std::string_view text) { (void)std::fwrite(text.data(), 1, text.size(), file.get()); });
     if (std::fflush(file.get()) != 0 || std::ferror(file.get()) != 0)
         throw std::runtime_error(fmt::format("cannot write the whole of '{}'", path));
 }
