@@ -106,7 +106,18 @@ private:
 
     std::uint32_t& bucketOf(std::uint32_t hash) { return _buckets[hash & (_buckets.size() - 1)]; }
 
-    std::uint32_t headOf(const Key& key) { return headOf(key, key.hash()); }
+    // Readers mostly ask in document order, so the entry behind the last answer is tried first: it lies at hand, while
+    // buckets and their entries are spread over the memory.
+    std::uint32_t headOf(const Key& key) {
+        if (_expected < _entries.size() && isHead(_entries[_expected]) && _entries[_expected].key == key)
+            return _expected++;
+        const std::uint32_t head = headOf(key, key.hash());
+        if (head != kNone)
+            _expected = head + 1;
+        return head;
+    }
+
+    static bool isHead(const Entry& entry) { return entry.lastOfValue != kNone; }
 
     std::uint32_t headOf(const Key& key, std::uint32_t hash) {
         std::uint32_t index = bucketOf(hash);
@@ -136,6 +147,7 @@ private:
     std::string _parentAttribute;
     std::vector<Entry> _entries;
     std::vector<std::uint32_t> _buckets;
+    std::uint32_t _expected = 0;
 };
 
 XMLIndex::XMLIndex(Element* document) : _document(document) {}

@@ -114,7 +114,9 @@ void MSPEProjectMapper::addCurrency() {
 }
 
 void MSPEProjectMapper::indexTasks() {
-    _scheduledTasks.reserve(countOfChildren(_zelbScenario, "task"));
+    const std::size_t count = countOfChildren(_zelbScenario, "task");
+    _scheduledTasks.reserve(count);
+    _taskUidToIdMap.reserve(count);
     forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
         const MSPEScheduledTaskInfo& info = _taskInfos.emplace_back(element);
         // Of several tasks with one id the last counts.
@@ -162,10 +164,14 @@ MSPEProjectMapper& MSPEProjectMapper::ofMapper(MSPEMapper* mapper) {
 }
 
 const MSPEScheduledTaskInfo& MSPEProjectMapper::scheduledTaskWithId(std::string_view id) const {
+    // A task is asked for several times in turn: by its own mapper and by those of its assignments.
+    if (_lastAskedTask != nullptr && _lastAskedTask->uid() == id)
+        return *_lastAskedTask;
     const auto found = _scheduledTasks.find(id);
     assertThat(found != _scheduledTasks.end(),
                "Can not get scheduled task with id='{}' from the list of scheduled tasks.", id);
-    return *found->second;
+    _lastAskedTask = found->second;
+    return *_lastAskedTask;
 }
 
 const MSPETaskDates& MSPEProjectMapper::datesOfTask(const MSPEScheduledTaskInfo& info) {

@@ -86,6 +86,7 @@ private:
 
     std::shared_ptr<MSPEXMLProjectAdapter> _project;
     bool _hasLinks = false;
+    mutable const MSPEScheduledTaskInfo* _lastAskedTask = nullptr;
     const MSPEScheduledTaskInfo* _datedTask = nullptr;
     std::optional<MSPETaskDates> _dates;
 };
