@@ -86,6 +86,19 @@ private:
     std::unique_ptr<icu::GregorianCalendar> _calendar;
 };
 
+TEST(TimeZone, HeldSystemZoneStaysUntilTheHoldEnds) {
+    const test::ScopedTimeZone before("Europe/Berlin");
+    {
+        const SystemTimeZoneHold hold;
+        const test::ScopedTimeZone changed("America/New_York");
+        EXPECT_EQ(TimeZone::system().name(), "Europe/Berlin");
+        const SystemTimeZoneHold inner;
+        EXPECT_EQ(TimeZone::system().name(), "Europe/Berlin");
+    }
+    const test::ScopedTimeZone after("America/New_York");
+    EXPECT_EQ(TimeZone::system().name(), "America/New_York");
+}
+
 class CalendarInZone : public testing::TestWithParam<const char*> {
 protected:
     void expectSameFields(Date date) {

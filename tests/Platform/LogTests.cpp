@@ -6,11 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <sys/wait.h>
@@ -117,6 +119,22 @@ TEST(Log, LinesLoggedWhileTheProcessEndsArriveToo) {
         logLine("first");
     });
     EXPECT_TRUE(endsIn(outcome.standardError, "from a destructor\n")) << outcome.standardError;
+}
+
+TEST(Log, MessageInPiecesIsOneLine) {
+    const std::string longPiece(100'000, 'x');
+    const auto logAll = [&longPiece] {
+        const std::array<std::string_view, 4> pieces{"one", "", " two ", longPiece};
+        logPieces(std::span(pieces).first(3));
+        logPieces(pieces);
+    };
+    const Outcome outcome = runInChild(logAll);
+    const std::string lines = outcome.standardError;
+    EXPECT_NE(lines.find("] one two \n"), std::string::npos);
+    EXPECT_NE(lines.find("] one two " + longPiece + "\n"), std::string::npos);
+    const test::LogCapture log;
+    logAll();
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{"one two ", "one two " + longPiece}));
 }
 
 TEST(Log, InnermostSinkReceivesTheBareMessages) {
