@@ -155,7 +155,8 @@ void flushAndTerminate() {
 }
 
 void prepareForTheEnd() {
-    std::atexit([] { lineBuffer.stopBuffering(); });
+    if (std::atexit([] { lineBuffer.stopBuffering(); }) != 0)
+        lineBuffer.stopBuffering(); // no one would write out the rest at the end
     outerTerminateHandler = std::set_terminate(flushAndTerminate);
     prepareForFatalSignals();
     if (isatty(kStandardError) == 1)

@@ -60,7 +60,7 @@ private:
         return copied;
     }
 
-    xmlNode* copyOfElement(const Element* element) {
+    xmlNode* copyOfElement(const Element* element) const {
         xmlNode* copied =
             xmlNewDocNode(document(), nullptr, chars(qualified(element->prefix, element->nameView())), nullptr);
         if (copied == nullptr)
@@ -76,7 +76,7 @@ private:
         return copied;
     }
 
-    xmlNode* copyOfText(const TextNode* node) {
+    xmlNode* copyOfText(const TextNode* node) const {
         const std::string text(node->view());
         switch (node->kind) {
         case Kind::Comment:
@@ -131,7 +131,7 @@ std::string printed(Tree& tree) {
     xmlDocDumpFormatMemoryEnc(copied.document(), &bytes, &size, "UTF-8", indented);
     if (bytes == nullptr)
         return {};
-    const std::string text(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+    std::string text(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
     xmlFree(bytes);
     return text;
 }

@@ -3,7 +3,7 @@
 #include <libxml/tree.h>
 
 #include <algorithm>
-#include <new>
+#include <memory>
 
 namespace brackwater::xmltree {
 
@@ -48,8 +48,13 @@ Tree& Tree::of(const Element* element) noexcept {
     return *static_cast<const DocumentNode*>(element)->tree;
 }
 
+template <typename NodeType>
+NodeType* Tree::newNode() {
+    return std::construct_at(static_cast<NodeType*>(_arena.allocate(sizeof(NodeType), alignof(NodeType))));
+}
+
 Element* Tree::newElement(std::string_view name, const char* prefix) {
-    auto* element = new (_arena.allocate(sizeof(Element), alignof(Element))) Element{};
+    auto* element = newNode<Element>();
     element->kind = Kind::Element;
     element->name = name.data();
     element->size = static_cast<std::uint32_t>(name.size());
@@ -58,7 +63,7 @@ Element* Tree::newElement(std::string_view name, const char* prefix) {
 }
 
 TextNode* Tree::newText(Kind kind, std::string_view text) {
-    auto* node = new (_arena.allocate(sizeof(TextNode), alignof(TextNode))) TextNode{};
+    auto* node = newNode<TextNode>();
     node->kind = kind;
     node->text = copyOf(text);
     node->size = static_cast<std::uint32_t>(text.size());
@@ -66,7 +71,7 @@ TextNode* Tree::newText(Kind kind, std::string_view text) {
 }
 
 Attribute* Tree::newAttribute(std::string_view name, const char* prefix, std::string_view text, bool isDeclaration) {
-    auto* attribute = new (_arena.allocate(sizeof(Attribute), alignof(Attribute))) Attribute{};
+    auto* attribute = newNode<Attribute>();
     attribute->name = name.data();
     attribute->nameSize = static_cast<std::uint32_t>(name.size());
     attribute->prefix = prefix;

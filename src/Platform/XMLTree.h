@@ -146,6 +146,10 @@ private:
         Tree* tree;
     };
 
+    /// A fresh node in the arena, which frees it.
+    template <typename NodeType>
+    NodeType* newNode();
+
     std::pmr::monotonic_buffer_resource _arena;
     _xmlDict* _names = nullptr;
     DocumentNode _document{};

@@ -59,7 +59,9 @@ void TreeBuilder::addNamespace(const xmlChar* prefix, const xmlChar* uri) {
 }
 
 void TreeBuilder::addAttribute(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri, std::string_view value) {
-    const bool mayHoldReferences = value.data()[value.size()] == '\0' && value.find('&') != std::string_view::npos;
+    // The library gives a value without references as it stands in the document, with the closing quote behind it, and
+    // a decoded one as a text of its own, with a zero byte behind it.
+    const bool mayHoldReferences = *(value.data() + value.size()) == '\0' && value.find('&') != std::string_view::npos;
     appendAttribute(_tree->newAttribute(localName(name, prefix, uri), declaredPrefix(prefix, uri),
                                         mayHoldReferences ? withoutReferences(value) : value, false));
 }

@@ -15,10 +15,10 @@ void workingDay(ByteBuilder& hours) {
     constexpr std::uint16_t eight = 8 * 600, thirteen = 13 * 600, four = 4 * 600;
     hours.u16(kNo); // not inherited
     hours.u16(2).u32(2 * four);
-    hours.u16(eight).u16(thirteen).zeroes(3 * 2);
+    hours.u16(eight).u16(thirteen).zeroes(std::size_t{3} * 2);
     hours.u16(0);
-    hours.u32(four).u32(four).zeroes(3 * 4);
-    hours.u32(four).u32(2 * four).zeroes(3 * 4);
+    hours.u32(four).u32(four).zeroes(std::size_t{3} * 4);
+    hours.u32(four).u32(2 * four).zeroes(std::size_t{3} * 4);
 }
 
 void addTexts(PropsFrame& props) {

@@ -68,7 +68,7 @@ Bytes compObj() {
     countedText(stream, "Microsoft Project 12.0");
     countedText(stream, "MSProject.MPP12");
     countedText(stream, "MSProject.Project.9");
-    stream.u32(0x71B239F4).zeroes(3 * 4); // the texts once more as UTF-16: mark, and none of the three
+    stream.u32(0x71B239F4).zeroes(std::size_t{3} * 4); // the texts once more as UTF-16: mark, and none of the three
     return stream.take();
 }
 

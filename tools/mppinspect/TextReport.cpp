@@ -152,6 +152,7 @@ TextTable notes(const std::vector<Record>& records, Id Record::*id) {
 
 std::string fieldNamesLine(const std::map<std::size_t, std::string>& names) {
     std::vector<std::string> parts;
+    parts.reserve(names.size());
     for (const auto& [position, name] : names)
         parts.push_back(fmt::format("Text{} = {}", position, printable(name)));
     return fmt::format("Names of fields: {}", fmt::join(parts, ", "));

@@ -24,7 +24,7 @@ public:
                   [&](std::size_t a, std::size_t b) { return less(names[a], names[b]); });
     }
 
-    [[nodiscard]] static constexpr std::size_t size() noexcept { return Count; }
+    [[nodiscard]] constexpr std::size_t size() const noexcept { return Count; }
     [[nodiscard]] constexpr std::string_view operator[](std::size_t index) const noexcept { return _names[index]; }
 
     /// The name's place in the order; `Count` for any other name.

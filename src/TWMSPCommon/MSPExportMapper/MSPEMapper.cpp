@@ -72,7 +72,7 @@ std::string descriptionOfNow() {
 } // namespace
 
 MSPEMapper::MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
-                       std::vector<std::shared_ptr<XMLDocument>> baselines, std::optional<FileURL> templateUrl)
+                       std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl)
     : _zelbXmlDoc(std::move(zelbXmlDoc)), _zelbTOCXmlDoc(std::move(zelbTOCXmlDoc)),
       _zelbBaselines(std::make_move_iterator(baselines.begin()), std::make_move_iterator(baselines.end())),
       _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {

@@ -27,7 +27,7 @@ public:
     /// document in `baselines` is its baseline number. The counters below begin anew with each coordinator, so that
     /// every bundle of a list exports as it would alone.
     MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
-               std::vector<std::shared_ptr<XMLDocument>> baselines, std::optional<FileURL> templateUrl);
+               std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl);
     ~MSPEMapper();
     MSPEMapper(const MSPEMapper&) = delete;
     MSPEMapper& operator=(const MSPEMapper&) = delete;

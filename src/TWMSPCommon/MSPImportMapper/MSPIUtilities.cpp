@@ -8,6 +8,8 @@
 
 #include <fmt/format.h>
 
+#include <compare>
+
 namespace brackwater {
 namespace {
 
@@ -262,7 +264,7 @@ std::optional<std::string> MSPIUtilities::mspdiDateTimeToString(std::string_view
 }
 
 int MSPIUtilities::compareMspdiDateTime(std::string_view text, std::string_view other) {
-    const auto sign = [](auto order) { return order < 0 ? -1 : order > 0 ? 1 : 0; };
+    const auto sign = [](auto order) { return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0; };
     if (text.empty() || other.empty())
         return sign(text.size() <=> other.size());
     const auto date = dateFromComponents(parse(text, "MSPDI").components);

@@ -37,7 +37,7 @@ public:
         const double week = _calendar.workingTimeOfWeek();
         while (!_result && _remaining > 0.0) {
             // Periods that end where they begin, or before, would be walked for ever.
-            if (week <= 0.0 && _dayCount > 2 * kDaysPerWeek)
+            if (week <= 0.0 && _dayCount > std::int64_t{2} * kDaysPerWeek)
                 return std::nullopt;
             if (_remaining > kWeeksWalked * week && week > 0.0 && _dayCount > 0)
                 leaveOutWeeks(week);

@@ -7,9 +7,9 @@
 
 int main(int argc, char** argv) {
     // A reader of the log that goes away must not end an export half way.
-    std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     // Nor must an output beyond the limit on a file's size: its write fails, and the export ends like on a full disk.
-    std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     const std::vector<std::string> arguments(argv, argv + argc);
     const int status = brackwater::BrackwaterRunner().run(arguments);
     brackwater::flushLog();
