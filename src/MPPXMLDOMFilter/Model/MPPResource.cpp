@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Model/MPPResource.h"
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
 namespace brackwater {
 
@@ -11,9 +11,9 @@ bool MPPResource::hasCustomFieldText(std::size_t position) const {
 std::string MPPResource::description() const {
     const char* word = _type == 0 ? "Work" : _type == 1 ? "Material" : "unknown";
     const auto calendarRecord = calendar.pointer();
-    return fmt::format("<MPPResource>: ID={} name=\"{}\" group=\"{}\" type={} ({}) calendar: {}", ID,
+    return fmt::format(FMT_COMPILE("<MPPResource>: ID={} name=\"{}\" group=\"{}\" type={} ({}) calendar: {}"), ID,
                        name.value_or("(null)"), group.value_or("(null)"), _type, word,
-                       calendarRecord ? fmt::format("ID={}", calendarRecord->ID) : "<null>");
+                       calendarRecord ? fmt::format(FMT_COMPILE("ID={}"), calendarRecord->ID) : "<null>");
 }
 
 } // namespace brackwater

@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Model/MPPTask.h"
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
 namespace brackwater {
 
@@ -18,8 +18,9 @@ std::uint32_t MPPTask::calendarID() const {
 std::string MPPTask::description() const { return descriptionAs("<MPPTask>"); }
 
 std::string MPPTask::descriptionAs(const char* className) const {
-    return fmt::format("{}: ID={} title=\"{}\" outlineLevel={} parent: {}", className, ID, title.value_or("(null)"),
-                       outlineLevel, parent ? fmt::format("ID={}", parent->ID) : "<null>");
+    return fmt::format(FMT_COMPILE("{}: ID={} title=\"{}\" outlineLevel={} parent: {}"), className, ID,
+                       title.value_or("(null)"), outlineLevel,
+                       parent ? fmt::format(FMT_COMPILE("ID={}"), parent->ID) : "<null>");
 }
 
 } // namespace brackwater
