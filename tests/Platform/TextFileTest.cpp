@@ -1,10 +1,12 @@
 #include "Platform/TextFile.h"
 
+#include "support/TempFolder.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
+#include <string>
+#include <string_view>
 
 namespace brackwater {
 namespace {
@@ -35,13 +37,9 @@ TEST(TextLines, CharactersThatShareBytesWithANewlineStayWhole) {
 
 class TextFile : public testing::Test {
 protected:
-    std::string write(const std::string& bytes) const {
-        std::ofstream(_path, std::ios::binary) << bytes;
-        return _path;
-    }
-    void TearDown() override { std::filesystem::remove(_path); }
+    std::string write(std::string_view bytes) const { return _folder.write("text.txt", bytes); }
 
-    const std::string _path = testing::TempDir() + "brackwater-text-file.txt";
+    const test::TempFolder _folder;
 };
 
 TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
@@ -55,8 +53,8 @@ TEST_F(TextFile, GivesNothingWhereTheTextCannotBeRead) {
     EXPECT_EQ(stringWithContentsOfFile(write("a\xFFz")), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(write("cut \xE2\x80")), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(write(std::string("a\0b", 3))), std::nullopt);
-    EXPECT_EQ(stringWithContentsOfFile(testing::TempDir()), std::nullopt);
-    EXPECT_EQ(stringWithContentsOfFile(_path + ".missing"), std::nullopt);
+    EXPECT_EQ(stringWithContentsOfFile(_folder.path()), std::nullopt);
+    EXPECT_EQ(stringWithContentsOfFile(_folder.path("missing.txt")), std::nullopt);
 }
 
 } // namespace

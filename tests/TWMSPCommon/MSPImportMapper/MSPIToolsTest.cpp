@@ -5,8 +5,8 @@
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"
 #include "support/ScopedTimeZone.h"
+#include "support/TempFolder.h"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,7 +14,7 @@
 #include <iterator>
 #include <memory>
 #include <string>
-#include <unistd.h>
+#include <string_view>
 #include <vector>
 
 namespace brackwater {
@@ -66,35 +66,28 @@ TEST(DataStreamParams, CompareTheFamiliesThatAreThere) {
 
 class DebugDump : public testing::Test {
 protected:
-    DebugDump() { fs::create_directories(_folder); }
-    ~DebugDump() override { fs::remove_all(_folder); }
+    FileURL url() const { return FileURL::fileURLWithPath(_folder.path(), true); }
+    fs::path dumpFolder() const { return _folder.path("TWMSPDIFilterDump"); }
+    std::string dumped(std::string_view name) const { return _folder.read("TWMSPDIFilterDump/" + std::string(name)); }
 
-    static std::string contents(const fs::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    }
-
-    FileURL url() const { return FileURL::fileURLWithPath(_folder.string(), true); }
-    fs::path dumpFolder() const { return _folder / "TWMSPDIFilterDump"; }
-
-    fs::path _folder = fs::path(testing::TempDir()) / fmt::format("brackwater-dump-{}", getpid());
+    const test::TempFolder _folder;
     std::unique_ptr<XMLDocument> _document = XMLDocument::withRootElement("Project");
 };
 
 TEST_F(DebugDump, WritesTheDocumentBelowTheFolder) {
     MSPIUtilities::dumpXMLDocument(*_document, url(), std::nullopt);
     MSPIUtilities::dumpXMLDocument(*_document, url(), "Plan", 2);
-    EXPECT_EQ(contents(dumpFolder() / "TWMSPDIFilter_dump.xml"), _document->serialized());
+    EXPECT_EQ(dumped("TWMSPDIFilter_dump.xml"), _document->serialized());
     _document->rootElement().addChild("Title");
     MSPIUtilities::dumpXMLDocument(*_document, url(), "Plan", 2);
-    EXPECT_EQ(contents(dumpFolder() / "Plan_dump(2).xml"), _document->serialized()) << "overwritten";
+    EXPECT_EQ(dumped("Plan_dump(2).xml"), _document->serialized()) << "overwritten";
     EXPECT_EQ(std::distance(fs::directory_iterator(dumpFolder()), fs::directory_iterator()), 2);
 }
 
 TEST_F(DebugDump, DoesNothingWithoutItsFolder) {
-    fs::remove_all(_folder);
+    fs::remove_all(_folder.path());
     MSPIUtilities::dumpXMLDocument(*_document, url(), std::nullopt);
-    EXPECT_FALSE(fs::exists(_folder));
+    EXPECT_FALSE(fs::exists(_folder.path()));
 }
 
 TEST_F(DebugDump, RefusesWhatIsNoFolder) {
