@@ -92,6 +92,11 @@ MSPECalendarMapper::MSPECalendarMapper(MSPEMapper* mapper)
 
 // Collecting: one schedule a resource.
 
+void MSPECalendarMapper::reserve(std::size_t resources) {
+    _scheduleInfoMap.reserve(resources);
+    _scheduleInfoKeys.reserve(resources);
+}
+
 std::int64_t MSPECalendarMapper::mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent) {
     std::int64_t calendarUID = 0;
     _calendar = newCalendarFromZelbResource(resource, parent, calendarUID);

@@ -26,6 +26,8 @@ public:
 
     explicit MSPECalendarMapper(MSPEMapper* mapper);
 
+    /// Room for so many resources.
+    void reserve(std::size_t resources);
     /// Collects a resource's schedule; `parent` is nothing for the top resource only. Gives the calendar's unique id.
     std::int64_t mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent);
     void setTopScheduleKey(std::string key) { _topScheduleKey = std::move(key); }

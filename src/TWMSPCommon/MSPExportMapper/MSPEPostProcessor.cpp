@@ -36,8 +36,10 @@ MSPEPostProcessor::MSPEPostProcessor(MPPProject& project, const Constraints& con
     _tasksByID.reserve(project.tasks.size());
     for (const auto& task : project.tasks)
         _tasksByID[static_cast<std::int64_t>(task->ID)] = task.get();
+    _resourcesByID.reserve(project.resources.size());
     for (const auto& resource : project.resources)
         _resourcesByID[static_cast<std::int64_t>(resource->ID)] = resource.get();
+    _calendarsByID.reserve(calendars.size());
     for (const auto& calendar : calendars)
         _calendarsByID[static_cast<std::int64_t>(calendar->ID)] = calendar;
 }

@@ -145,10 +145,13 @@ void MSPEProjectMapper::addSettings() {
 }
 
 void MSPEProjectMapper::mapResources(MSPEXMLAdapter& resources) {
-    logLine("Mapping {} Resources and Schedules ...", countOfChildren(_zelbScenario, "resource"));
+    const std::size_t count = countOfChildren(_zelbScenario, "resource");
+    logLine("Mapping {} Resources and Schedules ...", count);
+    _resourceUidToIdMap.reserve(count);
+    mapper()->calendarMapper()->reserve(count);
     mapper()->calendarMapper()->setTopScheduleKey(_topResourceId);
     const auto top = singleObjectForXQuery(_zelbScenario, XMLQuery::childWithValue("resource", "id", _topResourceId));
-    MSPEResourceTreeWalk(mapper(), _zelbScenario, resources).walkFrom(top);
+    MSPEResourceTreeWalk(mapper(), _zelbScenario, resources, count).walkFrom(top);
 }
 
 void MSPEProjectMapper::mapTasks(MSPEXMLAdapter& tasks, MSPEXMLAdapter& assignments) {

@@ -18,9 +18,11 @@ class MSPEXMLAdapter;
 /// will do; a tree that comes back to one of its resources fails.
 class MSPEResourceTreeWalk final : public MSPEObjectMapperBase {
 public:
-    /// `resources` is the collection that takes the elements.
-    MSPEResourceTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& resources)
-        : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _resources(resources) {}
+    /// `resources` is the collection that takes the elements, `count` the number of resources in the scenario.
+    MSPEResourceTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& resources, std::size_t count)
+        : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _resources(resources) {
+        _reached.reserve(count);
+    }
 
     /// A missing top resource fails as one without an id does.
     void walkFrom(std::optional<XMLElement> topResource);
