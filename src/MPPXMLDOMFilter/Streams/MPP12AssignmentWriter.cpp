@@ -90,7 +90,7 @@ void MPP12AssignmentWriter::writeSteps() {
 void MPP12AssignmentWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
     const EncodedDate momentOfWriting = _dates(Date::now());
-    for (const auto& assignment : project().assignments) {
+    for (const auto& assignment : RecordsInOrder(project().assignments)) {
         writeAssignmentVar2Data(*assignment, momentOfWriting);
         stream.flush();
     }
@@ -148,7 +148,7 @@ void MPP12AssignmentWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    for (const auto& assignment : project().assignments) {
+    for (const auto& assignment : RecordsInOrder(project().assignments)) {
         writeMetaForAssignment(varMeta, *assignment);
         stream.flush();
     }
@@ -324,7 +324,7 @@ void MPP12AssignmentWriter::writeFixedMeta() {
 
 void MPP12AssignmentWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    for (const auto& assignment : project().assignments) {
+    for (const auto& assignment : RecordsInOrder(project().assignments)) {
         const MPPResource* resource = assignment->resource.record();
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
@@ -359,7 +359,7 @@ void MPP12AssignmentWriter::writeFixed2Meta() {
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    for (const auto& assignment : project().assignments) {
+    for (const auto& assignment : RecordsInOrder(project().assignments)) {
         fixed2Meta.writeNextElementStartWithInt(0);
         MetaRecordBuilder<kFixed2MetaSize> record;
         record.at(8).integer(123);

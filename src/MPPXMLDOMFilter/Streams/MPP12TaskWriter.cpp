@@ -80,7 +80,7 @@ void MPP12TaskWriter::writeVar2Data() {
         _var2Data->writeInteger(1);
         _var2Data->closeCurrentElement();
     }
-    for (const auto& task : project().tasks) {
+    for (const auto& task : RecordsInOrder(project().tasks)) {
         writeTaskVar2Data(*task);
         stream.flush();
     }
@@ -140,7 +140,7 @@ void MPP12TaskWriter::writeVarMeta() {
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
-    for (const auto& task : project().tasks) {
+    for (const auto& task : RecordsInOrder(project().tasks)) {
         writeMetaForTask(varMeta, *task, ++taskID);
         stream.flush();
     }
@@ -153,10 +153,8 @@ void MPP12TaskWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
     writeTaskFixedData(project());
-    const auto& tasks = project().tasks;
-    for (std::size_t i = 0; i < tasks.size(); ++i) {
-        prefetchRecordAhead(tasks, i);
-        writeTaskFixedData(*tasks[i]);
+    for (const auto& task : RecordsInOrder(project().tasks)) {
+        writeTaskFixedData(*task);
         stream.flush();
     }
     stream.finish();
@@ -237,7 +235,7 @@ void MPP12TaskWriter::writeFixedMeta() {
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
     writeTaskFixedMeta(project(), fixedMeta);
-    for (const auto& task : project().tasks) {
+    for (const auto& task : RecordsInOrder(project().tasks)) {
         writeTaskFixedMeta(*task, fixedMeta);
         stream.flush();
     }
@@ -324,7 +322,7 @@ void MPP12TaskWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
     writeTaskFixed2Data(project());
-    for (const auto& task : project().tasks) {
+    for (const auto& task : RecordsInOrder(project().tasks)) {
         writeTaskFixed2Data(*task);
         stream.flush();
     }
@@ -354,7 +352,7 @@ void MPP12TaskWriter::writeFixed2Meta() {
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
     writeTaskFixed2Meta(project(), fixed2Meta);
-    for (const auto& task : project().tasks) {
+    for (const auto& task : RecordsInOrder(project().tasks)) {
         writeTaskFixed2Meta(*task, fixed2Meta);
         stream.flush();
     }

@@ -34,7 +34,7 @@ void MPPConstraintStreamWriter::writeSteps() {
 
 void MPPConstraintStreamWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
-    for (const auto& constraint : project().constraints) {
+    for (const auto& constraint : RecordsInOrder(project().constraints)) {
         writeConstraintFixedData(*constraint);
         stream.flush();
     }
@@ -74,7 +74,7 @@ void MPPConstraintStreamWriter::writeFixedMeta() {
 
 void MPPConstraintStreamWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    for (const auto& constraint : project().constraints) {
+    for (const auto& constraint : RecordsInOrder(project().constraints)) {
         _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(constraint->GUID());

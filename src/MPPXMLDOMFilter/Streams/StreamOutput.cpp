@@ -11,7 +11,7 @@ namespace brackwater {
 
 namespace {
 
-constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+constexpr std::size_t kPieceSize = std::size_t{256} * 1024;
 
 } // namespace
 

@@ -30,8 +30,8 @@ void writeZeroHeaderRows(MPPFixedData& data, std::size_t rows, std::size_t rowSi
 void writeMetaHeaderRows(MPPFixedMeta& meta, std::size_t rows, std::size_t recordSize, std::uint32_t start,
                          std::uint8_t value);
 
-/// Asks memory for the record that stands some places behind `index`, for streams that read most of each record: a long
-/// list lies far outside the processor's caches.
+/// Asks memory for the record that stands some places behind `index`: a long list lies far outside the processor's
+/// caches.
 template <typename Record>
 void prefetchRecordAhead(const std::vector<std::shared_ptr<Record>>& records, std::size_t index) {
     constexpr std::size_t kAhead = 6;
@@ -42,6 +42,35 @@ void prefetchRecordAhead(const std::vector<std::shared_ptr<Record>>& records, st
     for (std::size_t offset = 0; offset < sizeof(Record); offset += kCacheLine)
         __builtin_prefetch(next + offset);
 }
+
+/// A list for a stream that goes through it once: each step asks for a record ahead.
+template <typename Record>
+class RecordsInOrder {
+public:
+    explicit RecordsInOrder(const std::vector<std::shared_ptr<Record>>& records) : _records(records) {}
+
+    class Iterator {
+    public:
+        Iterator(const std::vector<std::shared_ptr<Record>>& records, std::size_t index)
+            : _records(records), _index(index) {}
+        const std::shared_ptr<Record>& operator*() const { return _records[_index]; }
+        Iterator& operator++() {
+            prefetchRecordAhead(_records, ++_index);
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return _index != other._index; }
+
+    private:
+        const std::vector<std::shared_ptr<Record>>& _records;
+        std::size_t _index;
+    };
+
+    [[nodiscard]] Iterator begin() const { return {_records, 0}; }
+    [[nodiscard]] Iterator end() const { return {_records, _records.size()}; }
+
+private:
+    const std::vector<std::shared_ptr<Record>>& _records;
+};
 
 /// The text, or an empty one when there is none.
 [[nodiscard]] inline std::string_view textOf(const std::optional<std::string>& text) {
