@@ -235,9 +235,10 @@ const std::string& MPP12AssignmentWriter::loggedWork(double work) {
 }
 
 const std::string& MPP12AssignmentWriter::loggedResource(const MPPResource* resource) {
-    if (resource != _loggedResource.resource)
-        _loggedResource = {resource, resource ? resource->description() : "(null)"};
-    return _loggedResource.text;
+    std::string& text = _loggedResources[resource];
+    if (text.empty())
+        text = resource ? resource->description() : "(null)";
+    return text;
 }
 
 void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assignment) {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 namespace brackwater {
 
@@ -32,14 +33,10 @@ protected:
     void writeSteps() override;
 
 private:
-    /// Texts of log lines that neighbours often share.
+    /// A text of a log line that neighbours often share.
     struct LoggedWork {
         std::uint64_t bits = 0;
         std::string text;
-    };
-    struct LoggedResource {
-        const MPPResource* resource = nullptr;
-        std::string text = "(null)";
     };
 
     void writeVar2Data();
@@ -66,7 +63,7 @@ private:
     DateEncoder _dates;
     std::string _logLine; ///< kept for its memory
     LoggedWork _loggedWork;
-    LoggedResource _loggedResource;
+    std::unordered_map<const MPPResource*, std::string> _loggedResources; ///< made once each
 };
 
 } // namespace brackwater
