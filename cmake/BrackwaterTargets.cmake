@@ -41,6 +41,15 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
   target_link_options(brackwater_settings INTERFACE -pie -Wl,-z,relro,-z,now)
 endif()
 
+# The allocator of released programs that export: records by the million in one phase, all freed in the next. Other builds
+# keep the C library's, which sanitizers and valgrind know.
+add_library(brackwater_allocator INTERFACE)
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  find_package(mimalloc 2.0 REQUIRED)
+  # No code names the library, so the linker must be told to keep it: it takes the place of the C library's functions.
+  target_link_libraries(brackwater_allocator INTERFACE -Wl,--push-state,--no-as-needed mimalloc -Wl,--pop-state)
+endif()
+
 # brackwater_library(NAME LINKS target...): the sources of the current folder (not of folders below it) as a library.
 # A folder links only what it may use, so that a dependency in the wrong direction does not build.
 function(brackwater_library name)

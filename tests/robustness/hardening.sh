@@ -26,7 +26,7 @@ for program in "$@"; do
         failures=$((failures + 1))
     fi
     others=$(grep NEEDED <<<"$dynamic" | grep -oE '\[.*\]' |
-        grep -vE '\[lib(fmt|icui18n|icuuc|gsf-1|gobject-2\.0|glib-2\.0|xml2|bz2|stdc\+\+|gcc_s|m|c)\.so')
+        grep -vE '\[lib(fmt|mimalloc|icui18n|icuuc|gsf-1|gobject-2\.0|glib-2\.0|xml2|bz2|stdc\+\+|gcc_s|m|c)\.so')
     if [ -n "$others" ]; then
         echo "FAILED: $program: needs" $others
         failures=$((failures + 1))
