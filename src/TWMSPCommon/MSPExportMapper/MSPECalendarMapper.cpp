@@ -92,10 +92,7 @@ MSPECalendarMapper::MSPECalendarMapper(MSPEMapper* mapper)
 
 // Collecting: one schedule a resource.
 
-void MSPECalendarMapper::reserve(std::size_t resources) {
-    _scheduleInfoMap.reserve(resources);
-    _scheduleInfoKeys.reserve(resources);
-}
+void MSPECalendarMapper::reserve(std::size_t resources) { _scheduleInfos.reserve(resources); }
 
 std::int64_t MSPECalendarMapper::mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent) {
     std::int64_t calendarUID = 0;
@@ -126,16 +123,15 @@ MSPECalendarMapper::newCalendarFromZelbResource(XMLElement resource, std::option
     const std::optional<std::string> key = resource.attributeForName("id");
     assertThat(key.has_value(), "Failed to find arrtibute '{}' in element '{}'.", "id", resource.name());
 
-    const auto info = std::make_shared<MSPEScheduleInfo>(resource, parentKey, calendarUID, std::move(name));
-    const auto entry = _scheduleInfoMap.insert_or_assign(*key, info).first;
-    _scheduleInfoKeys.push_back(&*entry);
+    MSPEScheduleInfo& info =
+        _scheduleInfos.set(*key, MSPEScheduleInfo(resource, parentKey, calendarUID, std::move(name)));
     if (const std::optional<XMLElement> schedule = singleObjectForXQuery(resource, XMLQuery("schedule"))) {
-        mapSchedule(*schedule, *info);
+        mapSchedule(*schedule, info);
     } else if (calendarUID != kTopCalendarUID) {
         assertThat(parentKey.has_value(), "No parent resource specified.");
         assertThat(scheduleInfo(*parentKey) != nullptr, "Can not find parent resource schedule in the map.");
     }
-    return info->calendar;
+    return info.calendar;
 }
 
 // Building: two levels out of many.
@@ -148,8 +144,8 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
     top->ensureProjetDefaultWeekDays();
     fixCalendarHierarchy();
 
-    for (const auto* entry : _scheduleInfoKeys) {
-        MSPEScheduleInfo& info = *entry->second;
+    for (auto& entry : _scheduleInfos) {
+        MSPEScheduleInfo& info = entry.value;
         MSPEScheduleInfo& emitted = info.flatCopy ? *info.flatCopy : info;
         emitted.calendar = MSPEXMLCalendarAdapter::elementWithName("Calendar", mapper());
         _calendars->addChild(emitted.calendar);
@@ -158,8 +154,8 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
 }
 
 void MSPECalendarMapper::fixCalendarHierarchy() {
-    for (const auto* entry : _scheduleInfoKeys) {
-        MSPEScheduleInfo& info = *entry->second;
+    for (auto& entry : _scheduleInfos) {
+        MSPEScheduleInfo& info = entry.value;
         if (!info.parentKey())
             continue;
         info.parentInfo = scheduleInfo(*info.parentKey());
@@ -168,8 +164,8 @@ void MSPECalendarMapper::fixCalendarHierarchy() {
     }
 
     // What other schedules hang on becomes a base calendar: itself at the top, else a copy that inherits nothing.
-    for (const auto* entry : _scheduleInfoKeys) {
-        MSPEScheduleInfo& info = *entry->second;
+    for (auto& entry : _scheduleInfos) {
+        MSPEScheduleInfo& info = entry.value;
         if (!info.isParentSchedule || info.isBaseCalendar)
             continue;
         if (!info.parentKey()) {
@@ -202,7 +198,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
     const MSPEScheduleInfo* current = &info;
     for (std::size_t steps = 0; !workingTimes; ++steps) {
         // A parent that hangs on its own descendant has no top above it either.
-        assertThat(current->parentKey() && steps < _scheduleInfoKeys.size(),
+        assertThat(current->parentKey() && steps < _scheduleInfos.size(),
                    "We should eventually find working times, at least in Project default schedule.");
         current = current->parentInfo;
         assertThat(current != nullptr, "Schedule info has no parent info.");
@@ -222,7 +218,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
 void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const {
     const MSPEScheduleInfo* source = &info;
     for (std::size_t steps = 0; !source->hasOvertimeData() && !source->hasTimeOffData() && source->parentKey() &&
-                                steps < _scheduleInfoKeys.size();
+                                steps < _scheduleInfos.size();
          ++steps) {
         const MSPEScheduleInfo* parent = source->parentInfo;
         assertThat(parent != nullptr, "Non-root schedule info has no parent info.");
@@ -254,9 +250,6 @@ std::int64_t MSPECalendarMapper::baseCalendarUID(const MSPEScheduleInfo& info) c
     return parent->flatCopy->calendarUID;
 }
 
-MSPEScheduleInfo* MSPECalendarMapper::scheduleInfo(const std::string& key) const {
-    const auto found = _scheduleInfoMap.find(key);
-    return found == _scheduleInfoMap.end() ? nullptr : found->second.get();
-}
+MSPEScheduleInfo* MSPECalendarMapper::scheduleInfo(const std::string& key) { return _scheduleInfos.find(key); }
 
 } // namespace brackwater

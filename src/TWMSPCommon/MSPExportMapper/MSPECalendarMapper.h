@@ -4,14 +4,14 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEObjectMapperBase.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEOrderedMap.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduleInfo.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
-#include <vector>
+#include <string_view>
 
 namespace brackwater {
 
@@ -30,6 +30,8 @@ public:
     void reserve(std::size_t resources);
     /// Collects a resource's schedule; `parent` is nothing for the top resource only. Gives the calendar's unique id.
     std::int64_t mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent);
+    /// Whether the resource with this id has been mapped.
+    [[nodiscard]] bool hasScheduleOf(std::string_view resourceId) const { return _scheduleInfos.find(resourceId); }
     void setTopScheduleKey(std::string key) { _topScheduleKey = std::move(key); }
     [[nodiscard]] const std::string& topScheduleKey() const noexcept { return _topScheduleKey; }
     /// Emits all calendars; called once after all resources.
@@ -42,7 +44,7 @@ public:
 
 private:
     using ScheduleInfoPointer = std::shared_ptr<MSPEScheduleInfo>;
-    using ScheduleInfoMap = std::unordered_map<std::string, ScheduleInfoPointer>;
+    using ScheduleInfos = MSPEOrderedMap<std::string, MSPEScheduleInfo>;
 
     [[nodiscard]] std::shared_ptr<MSPEXMLCalendarAdapter>
     newCalendarFromZelbResource(XMLElement resource, std::optional<XMLElement> parent, std::int64_t& calendarUID);
@@ -56,13 +58,11 @@ private:
     void mapScheduleInfo(const MSPEScheduleInfo& info) const;
     [[nodiscard]] std::int64_t baseCalendarUID(const MSPEScheduleInfo& info) const;
     /// Null where no schedule has the key.
-    [[nodiscard]] MSPEScheduleInfo* scheduleInfo(const std::string& key) const;
+    [[nodiscard]] MSPEScheduleInfo* scheduleInfo(const std::string& key);
 
     std::shared_ptr<Calendars> _calendars;
     std::shared_ptr<MSPEXMLCalendarAdapter> _calendar;
-    ScheduleInfoMap _scheduleInfoMap;
-    /// The map's entries in order of arrival; a resource that came twice is here twice.
-    std::vector<const ScheduleInfoMap::value_type*> _scheduleInfoKeys;
+    ScheduleInfos _scheduleInfos; ///< by the resource's id
     std::string _topScheduleKey;
 };
 

@@ -35,13 +35,13 @@ MSPEPostProcessor::MSPEPostProcessor(MPPProject& project, const Constraints& con
       _resourceUidToIdMap(resourceUidToIdMap) {
     _tasksByID.reserve(project.tasks.size());
     for (const auto& task : project.tasks)
-        _tasksByID[static_cast<std::int64_t>(task->ID)] = task.get();
+        _tasksByID.set(static_cast<std::int64_t>(task->ID), task.get());
     _resourcesByID.reserve(project.resources.size());
     for (const auto& resource : project.resources)
-        _resourcesByID[static_cast<std::int64_t>(resource->ID)] = resource.get();
+        _resourcesByID.set(static_cast<std::int64_t>(resource->ID), resource.get());
     _calendarsByID.reserve(calendars.size());
     for (const auto& calendar : calendars)
-        _calendarsByID[static_cast<std::int64_t>(calendar->ID)] = calendar;
+        _calendarsByID.set(static_cast<std::int64_t>(calendar->ID), calendar);
 }
 
 // Calendars come before the tasks and resources that refer to them; tree and checks come last.
@@ -122,11 +122,11 @@ void MSPEPostProcessor::resolveTask(TaskReference& reference) const {
     if (reference.isUnset())
         return;
     const std::string& uid = proxyText(reference, "task", "MPPTask");
-    const auto number = _taskUidToIdMap.find(uid);
-    assertThat(number != _taskUidToIdMap.end(), "Can not find Task ID for Task with UID='{}' in the map.", uid);
-    const auto task = _tasksByID.find(number->second);
-    assertThat(task != _tasksByID.end(), "Can not find mapped Task with ID='{}'", number->second);
-    reference.setRecord(task->second);
+    const std::int64_t* number = _taskUidToIdMap.find(uid);
+    assertThat(number != nullptr, "Can not find Task ID for Task with UID='{}' in the map.", uid);
+    MPPTask* const* task = _tasksByID.find(*number);
+    assertThat(task != nullptr, "Can not find mapped Task with ID='{}'", *number);
+    reference.setRecord(*task);
 }
 
 void MSPEPostProcessor::resolveResource(ResourceReference& reference) const {
@@ -137,17 +137,16 @@ void MSPEPostProcessor::resolveResource(ResourceReference& reference) const {
         reference.clear();
         return;
     }
-    const auto number = _resourceUidToIdMap.find(uid);
-    assertThat(number != _resourceUidToIdMap.end(), "Can not find Resource ID for Resource with UID='{}' in the map.",
-               uid);
-    const auto resource = _resourcesByID.find(number->second);
-    assertThat(resource != _resourcesByID.end(), "Can not find mapped Resource with ID='{}'", number->second);
-    reference.setRecord(resource->second);
+    const std::int64_t* number = _resourceUidToIdMap.find(uid);
+    assertThat(number != nullptr, "Can not find Resource ID for Resource with UID='{}' in the map.", uid);
+    MPPResource* const* resource = _resourcesByID.find(*number);
+    assertThat(resource != nullptr, "Can not find mapped Resource with ID='{}'", *number);
+    reference.setRecord(*resource);
 }
 
 std::shared_ptr<MPPCalendar> MSPEPostProcessor::calendarWithID(std::int64_t number) const {
-    const auto found = _calendarsByID.find(number);
-    return found != _calendarsByID.end() ? found->second : nullptr;
+    const std::shared_ptr<MPPCalendar>* found = _calendarsByID.find(number);
+    return found != nullptr ? *found : nullptr;
 }
 
 void MSPEPostProcessor::makeTaskTreeFromTasks(const std::vector<std::shared_ptr<MPPTask>>& tasks) {

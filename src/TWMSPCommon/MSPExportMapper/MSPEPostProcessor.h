@@ -1,12 +1,12 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEStringMap.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEOrderedMap.h"
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace brackwater {
@@ -18,7 +18,7 @@ class MSPEPostProcessor {
 public:
     using Calendars = std::vector<std::shared_ptr<MPPCalendar>>;
     using Constraints = std::vector<std::shared_ptr<MPPConstraint>>;
-    using UidToIdMap = MSPEStringMap<std::int64_t>;
+    using UidToIdMap = MSPEOrderedMap<std::string, std::int64_t>;
 
     /// All arguments must outlive the object. A calendar's ID is the UID that names it; tasks and resources are named
     /// by UIDs that the two maps lead to IDs.
@@ -48,9 +48,9 @@ private:
     const Calendars& _calendars;
     const UidToIdMap& _taskUidToIdMap;
     const UidToIdMap& _resourceUidToIdMap;
-    std::unordered_map<std::int64_t, MPPTask*> _tasksByID;
-    std::unordered_map<std::int64_t, MPPResource*> _resourcesByID;
-    std::unordered_map<std::int64_t, std::shared_ptr<MPPCalendar>> _calendarsByID;
+    MSPEOrderedMap<std::int64_t, MPPTask*> _tasksByID;
+    MSPEOrderedMap<std::int64_t, MPPResource*> _resourcesByID;
+    MSPEOrderedMap<std::int64_t, std::shared_ptr<MPPCalendar>> _calendarsByID;
 };
 
 } // namespace brackwater

@@ -120,15 +120,15 @@ void MSPEProjectMapper::indexTasks() {
     forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
         const MSPEScheduledTaskInfo& info = _taskInfos.emplace_back(element);
         // Of several tasks with one id the last counts.
-        _scheduledTasks.insert_or_assign(info.uid(), &info);
+        _scheduledTasks.set(info.uid(), &info);
         _hasLinks = _hasLinks || !info.prerequisites().empty();
     });
 }
 
 void MSPEProjectMapper::findPriorityRange() {
-    for (const auto& [uid, info] : _scheduledTasks) {
-        _minTaskPriority = std::min(_minTaskPriority, info->priority());
-        _maxTaskPriority = std::max(_maxTaskPriority, info->priority());
+    for (const auto& entry : _scheduledTasks) {
+        _minTaskPriority = std::min(_minTaskPriority, entry.value->priority());
+        _maxTaskPriority = std::max(_maxTaskPriority, entry.value->priority());
     }
     assertThat(_minTaskPriority <= _maxTaskPriority,
                "Incorrect values of _minTaskPriortiy ({}) and _maxTaskPriortiy ({})", _minTaskPriority,
@@ -151,7 +151,7 @@ void MSPEProjectMapper::mapResources(MSPEXMLAdapter& resources) {
     mapper()->calendarMapper()->reserve(count);
     mapper()->calendarMapper()->setTopScheduleKey(_topResourceId);
     const auto top = singleObjectForXQuery(_zelbScenario, XMLQuery::childWithValue("resource", "id", _topResourceId));
-    MSPEResourceTreeWalk(mapper(), _zelbScenario, resources, count).walkFrom(top);
+    MSPEResourceTreeWalk(mapper(), _zelbScenario, resources).walkFrom(top);
 }
 
 void MSPEProjectMapper::mapTasks(MSPEXMLAdapter& tasks, MSPEXMLAdapter& assignments) {
@@ -167,14 +167,9 @@ MSPEProjectMapper& MSPEProjectMapper::ofMapper(MSPEMapper* mapper) {
 }
 
 const MSPEScheduledTaskInfo& MSPEProjectMapper::scheduledTaskWithId(std::string_view id) const {
-    // A task is asked for several times in turn: by its own mapper and by those of its assignments.
-    if (_lastAskedTask != nullptr && _lastAskedTask->uid() == id)
-        return *_lastAskedTask;
-    const auto found = _scheduledTasks.find(id);
-    assertThat(found != _scheduledTasks.end(),
-               "Can not get scheduled task with id='{}' from the list of scheduled tasks.", id);
-    _lastAskedTask = found->second;
-    return *_lastAskedTask;
+    const MSPEScheduledTaskInfo* const* info = _scheduledTasks.find(id);
+    assertThat(info != nullptr, "Can not get scheduled task with id='{}' from the list of scheduled tasks.", id);
+    return **info;
 }
 
 const MSPETaskDates& MSPEProjectMapper::datesOfTask(const MSPEScheduledTaskInfo& info) {
@@ -186,11 +181,11 @@ const MSPETaskDates& MSPEProjectMapper::datesOfTask(const MSPEScheduledTaskInfo&
 }
 
 bool MSPEProjectMapper::registerTask(std::string_view uid, std::int64_t number) {
-    return _taskUidToIdMap.try_emplace(std::string(uid), number).second;
+    return _taskUidToIdMap.tryAdd(uid, number);
 }
 
 bool MSPEProjectMapper::registerResource(std::string_view uid, std::int64_t number) {
-    return _resourceUidToIdMap.try_emplace(std::string(uid), number).second;
+    return _resourceUidToIdMap.tryAdd(uid, number);
 }
 
 } // namespace brackwater

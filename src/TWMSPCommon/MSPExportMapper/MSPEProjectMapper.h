@@ -2,8 +2,8 @@
 
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEObjectMapperBase.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEOrderedMap.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEStringMap.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskDates.h"
 
 #include <cstdint>
@@ -12,7 +12,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace brackwater {
 
@@ -23,8 +22,8 @@ class MSPEXMLProjectAdapter;
 /// what the other sub-mappers read back.
 class MSPEProjectMapper final : public MSPEObjectMapperBase {
 public:
-    using ScheduledTasks = std::unordered_map<std::string_view, const MSPEScheduledTaskInfo*>;
-    using UidToIdMap = MSPEStringMap<std::int64_t>;
+    using ScheduledTasks = MSPEOrderedMap<std::string_view, const MSPEScheduledTaskInfo*>;
+    using UidToIdMap = MSPEOrderedMap<std::string, std::int64_t>;
 
     MSPEProjectMapper(MSPEMapper* mapper, XMLElement zelbScenario)
         : MSPEObjectMapperBase(mapper), _zelbScenario(zelbScenario) {}
@@ -86,7 +85,6 @@ private:
 
     std::shared_ptr<MSPEXMLProjectAdapter> _project;
     bool _hasLinks = false;
-    mutable const MSPEScheduledTaskInfo* _lastAskedTask = nullptr;
     const MSPEScheduledTaskInfo* _datedTask = nullptr;
     std::optional<MSPETaskDates> _dates;
 };

@@ -3,6 +3,8 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceAdapter.h"
 #include "Platform/Exception.h"
 #include "TWMSPCommon/MSPCExtensions.h"
+#include "TWMSPCommon/MSPExportMapper/MSPECalendarMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEResourceMapper.h"
 
 #include <fmt/format.h>
@@ -53,10 +55,12 @@ void MSPEResourceTreeWalk::mapResource(XMLElement resource) {
         enterGroup(resource);
 }
 
-void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) {
-    if (!_reached.insert(resource.node()).second)
-        failAssertion(fmt::format("Resource tree is not a tree: '{}' is reached twice.",
-                                  resource.attributeForName("id").value_or("")));
+// Members are found by their ids, and each that was found has its schedule by now.
+void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) const {
+    std::string buffer;
+    const auto id = resource.attributeView("id", buffer);
+    if (id && mapper()->calendarMapper()->hasScheduleOf(*id))
+        failAssertion(fmt::format("Resource tree is not a tree: '{}' is reached twice.", *id));
 }
 
 void MSPEResourceTreeWalk::enterGroup(XMLElement group) {

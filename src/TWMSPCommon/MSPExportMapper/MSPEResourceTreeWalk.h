@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace brackwater {
@@ -18,11 +17,9 @@ class MSPEXMLAdapter;
 /// will do; a tree that comes back to one of its resources fails.
 class MSPEResourceTreeWalk final : public MSPEObjectMapperBase {
 public:
-    /// `resources` is the collection that takes the elements, `count` the number of resources in the scenario.
-    MSPEResourceTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& resources, std::size_t count)
-        : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _resources(resources) {
-        _reached.reserve(count);
-    }
+    /// `resources` is the collection that takes the elements.
+    MSPEResourceTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& resources)
+        : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _resources(resources) {}
 
     /// A missing top resource fails as one without an id does.
     void walkFrom(std::optional<XMLElement> topResource);
@@ -39,7 +36,7 @@ private:
     };
 
     void mapResource(XMLElement resource);
-    void failIfReachedBefore(XMLElement resource);
+    void failIfReachedBefore(XMLElement resource) const;
     void enterGroup(XMLElement group);
     void leaveGroup();
     std::optional<XMLElement> nextMember();
@@ -50,7 +47,6 @@ private:
     std::vector<Group> _groups;
     std::string _path;
     std::int64_t _unnamedGroupsCount = 0;
-    std::unordered_set<const void*> _reached;
 };
 
 } // namespace brackwater

@@ -79,7 +79,7 @@ void MSPETaskTreeWalk::addDummyAssignment(XMLElement task, const TimephasedData&
     const auto id = task.attributeView("id", buffer);
     if (!id)
         return;
-    assertThat(MSPEProjectMapper::ofMapper(mapper()).scheduledTasks().contains(*id),
+    assertThat(MSPEProjectMapper::ofMapper(mapper()).scheduledTasks().find(*id) != nullptr,
                "Can not find task with UID={} in the list of scheduled tasks.", *id);
 
     std::int64_t uid = -1;

@@ -39,14 +39,14 @@ struct UnresolvedModel {
         auto task = std::make_shared<MPPTask>();
         task->ID = project.tasks.size();
         task->outlineLevel = level;
-        taskIds[uid] = static_cast<std::int64_t>(task->ID);
+        taskIds.set(uid, static_cast<std::int64_t>(task->ID));
         project.tasks.push_back(task);
         return *task;
     }
     MPPResource& addResource(const char* uid) {
         auto resource = std::make_shared<MPPResource>();
         resource->ID = project.resources.size();
-        resourceIds[uid] = static_cast<std::int64_t>(resource->ID);
+        resourceIds.set(uid, static_cast<std::int64_t>(resource->ID));
         project.resources.push_back(resource);
         return *resource;
     }
@@ -133,7 +133,7 @@ TEST(PostProcessor, UidsThatLeadNowhereFail) {
     task.expectFails("Can not find Task ID for Task with UID='7' in the map.");
     UnresolvedModel taskRecord;
     taskRecord.addAssignment("7", "-65535");
-    taskRecord.taskIds["7"] = 4;
+    taskRecord.taskIds.set("7", 4);
     taskRecord.expectFails("Can not find mapped Task with ID='4'");
     UnresolvedModel resource;
     resource.addTask("7", 0);
@@ -142,7 +142,7 @@ TEST(PostProcessor, UidsThatLeadNowhereFail) {
     UnresolvedModel resourceRecord;
     resourceRecord.addTask("7", 0);
     resourceRecord.addAssignment("7", "3");
-    resourceRecord.resourceIds["3"] = 2;
+    resourceRecord.resourceIds.set("3", 2);
     resourceRecord.expectFails("Can not find mapped Resource with ID='2'");
 }
 
