@@ -2,13 +2,13 @@
 
 #include "Platform/XMLElement.h"
 
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace brackwater {
+
+class XMLSource;
 
 namespace xmltree {
 class Tree;
@@ -42,8 +42,7 @@ public:
 
 private:
     explicit XMLDocument(std::unique_ptr<xmltree::Tree> tree);
-    static std::unique_ptr<XMLDocument> read(const std::function<std::optional<std::string>(std::string&)>& text,
-                                             std::string_view name, std::string* reason);
+    static std::unique_ptr<XMLDocument> read(XMLSource& source, std::string_view name, std::string* reason);
 
     std::unique_ptr<xmltree::Tree> _tree;
 };

@@ -1,6 +1,7 @@
 #include "Platform/XMLParser.h"
 
 #include "Platform/Log.h"
+#include "Platform/XMLSource.h"
 #include "Platform/XMLTreeBuilder.h"
 
 #include <fmt/format.h>
@@ -9,9 +10,11 @@
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
 
+#include <array>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace brackwater {
 
@@ -52,7 +55,7 @@ public:
     /// Faults that an earlier reading of the same text has logged already are not logged again.
     explicit Reading(std::string_view name, std::size_t loggedBefore = 0) : _name(name), _loggedBefore(loggedBefore) {}
 
-    std::unique_ptr<Tree> read(std::string text, std::string& reason);
+    std::unique_ptr<Tree> read(XMLSource& source, std::string& reason);
     /// True when the text should be UTF-8 and was found not to be: the library falls back to Latin-1 at such a byte.
     [[nodiscard]] bool metForeignBytes() const {
         return _context != nullptr && _context->charset == XML_CHAR_ENCODING_8859_1 && !isConverted();
@@ -68,12 +71,13 @@ private:
             _builder->addNode(kind, text);
     }
     void refuseLongText();
-    bool openContext(const std::string& text);
+    bool openContext();
     void setCallbacks();
     void refuse(std::string_view why);
     void report(const xmlError& fault);
-    [[nodiscard]] std::optional<std::string> whyRefused(const Element* root) const;
-    [[nodiscard]] bool hasMarkupBehindRoot() const;
+    [[nodiscard]] std::optional<std::string> whyRefused(const Element* root);
+    [[nodiscard]] bool hasMarkupBehindRoot();
+    [[nodiscard]] std::size_t readPiece(std::span<char> bytes);
     /// True when the text is in another encoding than UTF-8, which the library converts on its way.
     [[nodiscard]] bool isConverted() const {
         const xmlParserInput* input = _context->input;
@@ -81,10 +85,11 @@ private:
     }
     [[nodiscard]] bool isAtEnd() const {
         const xmlParserInput* input = _context->input;
-        return input == nullptr || input->cur >= input->end;
+        return (input == nullptr || input->cur >= input->end) && _source->remaining() == 0;
     }
     [[nodiscard]] std::string withLastFault(std::string_view why) const;
 
+    static int onRead(void* reading, char* bytes, int size);
     static void onFault(void* context, xmlError* fault) {
         if (fault != nullptr)
             of(context).report(*fault);
@@ -115,6 +120,7 @@ private:
 
     std::string_view _name;
     std::size_t _loggedBefore;
+    XMLSource* _source = nullptr;
     std::size_t _faults = 0;
     bool _endsTooEarly = false; // a fault was met where the text ends: inside a tag, a comment, or with elements open
     ContextOwner _context;
@@ -123,16 +129,16 @@ private:
     std::string _lastFault;
 };
 
-std::unique_ptr<Tree> Reading::read(std::string text, std::string& reason) {
-    if (text.empty()) {
+std::unique_ptr<Tree> Reading::read(XMLSource& source, std::string& reason) {
+    _source = &source;
+    if (source.remaining() == 0) {
         reason = fmt::format("'{}' could not be read: it is empty", _name);
         return nullptr;
     }
-    if (!openContext(text)) {
+    if (!openContext()) {
         reason = fmt::format("'{}' could not be read: there is not enough memory for it", _name);
         return nullptr;
     }
-    std::string().swap(text); // the library has its own copy
     xmlParseDocument(_context.get());
     xmlFreeDoc(_context->myDoc); // of which only the names are in use
     _context->myDoc = nullptr;
@@ -144,8 +150,8 @@ std::unique_ptr<Tree> Reading::read(std::string text, std::string& reason) {
     return tree;
 }
 
-bool Reading::openContext(const std::string& text) {
-    _context.reset(xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
+bool Reading::openContext() {
+    _context.reset(xmlCreateIOParserCtxt(nullptr, nullptr, onRead, nullptr, this, XML_CHAR_ENCODING_NONE));
     if (_context == nullptr)
         return false;
     _context->_private = this;
@@ -171,6 +177,19 @@ void Reading::setCallbacks() {
     callbacks.elementDecl = nullptr;
     callbacks.notationDecl = nullptr;
     callbacks.externalSubset = nullptr;
+}
+
+// A failed read ends the text for the library; what it finds missing then is no fault of the document.
+std::size_t Reading::readPiece(std::span<char> bytes) {
+    std::string fault;
+    const auto size = _source->read(bytes, fault);
+    if (!size && _refusal.empty())
+        _refusal = fault;
+    return size.value_or(0);
+}
+
+int Reading::onRead(void* reading, char* bytes, int size) {
+    return static_cast<int>(static_cast<Reading*>(reading)->readPiece({bytes, static_cast<std::size_t>(size)}));
 }
 
 void Reading::refuse(std::string_view why) {
@@ -238,7 +257,7 @@ void Reading::report(const xmlError& fault) {
         logLine("WARNING: '{}', {}", _name, _lastFault);
 }
 
-std::optional<std::string> Reading::whyRefused(const Element* root) const {
+std::optional<std::string> Reading::whyRefused(const Element* root) {
     if (!_refusal.empty())
         return _refusal;
     if (_context->disableSAX != 0)
@@ -247,19 +266,30 @@ std::optional<std::string> Reading::whyRefused(const Element* root) const {
         return withLastFault("it has no root element");
     if (_endsTooEarly || _context->nameNr > 0)
         return withLastFault("it ends too early");
-    if (hasMarkupBehindRoot())
+    const bool losesMarkup = hasMarkupBehindRoot();
+    if (!_refusal.empty())
+        return _refusal;
+    if (losesMarkup)
         return withLastFault("markup stands behind the end of its root element");
     return std::nullopt;
 }
 
 // What stands behind the root is lost. A stray byte may be, elements may not: one end tag too many closes the root.
-bool Reading::hasMarkupBehindRoot() const {
+bool Reading::hasMarkupBehindRoot() {
     if (isAtEnd())
         return false;
     const xmlParserInput* input = _context->input;
     const std::string_view rest(reinterpret_cast<const char*>(input->cur),
                                 static_cast<std::size_t>(input->end - input->cur));
-    return rest.find('<') != std::string_view::npos || isConverted();
+    bool found = isConverted() || rest.find('<') != std::string_view::npos;
+    std::array<char, 4096> piece;
+    while (!found) {
+        const std::size_t size = readPiece(piece);
+        if (size == 0)
+            break;
+        found = std::string_view(piece.data(), size).find('<') != std::string_view::npos;
+    }
+    return found;
 }
 
 std::string Reading::withLastFault(std::string_view why) const {
@@ -297,31 +327,32 @@ xmlParserInput* loadNothing(const char*, const char*, xmlParserCtxt*) { return n
 
 } // namespace
 
-std::unique_ptr<Tree> parseXML(const XMLText& text, std::string_view name, std::string& reason) {
+std::unique_ptr<Tree> parseXML(XMLSource& source, std::string_view name, std::string& reason) {
     prepareXMLLibrary();
-    const auto fetch = [&](std::string& fetched) {
-        std::string fault;
-        std::optional<std::string> got = text(fault);
-        if (got && got->size() > kLargestXMLText)
-            fault = "it is larger than 2 GB";
-        else if (got)
-            fetched = *std::move(got);
-        if (!fault.empty())
-            reason = fmt::format("'{}' could not be read: {}", name, fault);
-        return fault.empty();
-    };
-    std::string bytes;
-    if (!fetch(bytes))
+    std::string fault;
+    const auto refused = [&] {
+        reason = fmt::format("'{}' could not be read: {}", name, fault);
         return nullptr;
+    };
+    if (!source.open(fault))
+        return refused();
     Reading reading(name);
-    std::unique_ptr<Tree> tree = reading.read(std::move(bytes), reason);
+    std::unique_ptr<Tree> tree = reading.read(source, reason);
     if (!reading.metForeignBytes())
         return tree;
+
     tree.reset();
-    std::string foreignBytes;
-    if (!fetch(foreignBytes))
-        return nullptr;
-    return Reading(name, reading.faults()).read(withForeignBytesConverted(foreignBytes), reason);
+    if (!source.open(fault))
+        return refused();
+    std::string text(source.remaining(), '\0');
+    const auto size = source.read(text, fault);
+    if (!size)
+        return refused();
+    text = withForeignBytesConverted(std::string_view(text).substr(0, *size));
+    const auto repaired = XMLSource::ofText(text);
+    if (!repaired->open(fault))
+        return refused();
+    return Reading(name, reading.faults()).read(*repaired, reason);
 }
 
 void prepareXMLLibrary() {
