@@ -90,10 +90,8 @@ void MPP12AssignmentWriter::writeSteps() {
 void MPP12AssignmentWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
     const EncodedDate momentOfWriting = _dates(Date::now());
-    for (const auto& assignment : RecordsInOrder(project().assignments)) {
-        writeAssignmentVar2Data(*assignment, momentOfWriting);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().assignments),
+                     [&](const MPPAssignment& assignment) { writeAssignmentVar2Data(assignment, momentOfWriting); });
     stream.finish();
 }
 
@@ -148,10 +146,8 @@ void MPP12AssignmentWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    for (const auto& assignment : RecordsInOrder(project().assignments)) {
-        writeMetaForAssignment(varMeta, *assignment);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().assignments),
+                     [&](const MPPAssignment& assignment) { writeMetaForAssignment(varMeta, assignment); });
     stream.finish();
 }
 
@@ -184,12 +180,10 @@ void MPP12AssignmentWriter::writeFixedData() {
 }
 
 void MPP12AssignmentWriter::writeHoleFixedData(std::uint64_t id) {
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(id);
     row.at(4).zeroes(138);
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 namespace {
@@ -248,7 +242,6 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
     const Amounts amounts = isMaterial ? amountsOfMaterial(assignment) : amountsOfWork(assignment);
     const MPPAssignmentBaseline baseline = firstBaselineOf(assignment);
 
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(assignment.ID);
     row.at(4).lowInteger(taskOf(assignment).ID);
@@ -274,8 +267,7 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
     row.at(110).real(assignment.actualCost);
     row.at(118).real(assignment.remainingCost);
     row.at(126).zeroes(16);
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 namespace {
@@ -327,13 +319,11 @@ void MPP12AssignmentWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     for (const auto& assignment : RecordsInOrder(project().assignments)) {
         const MPPResource* resource = assignment->resource.record();
-        _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(assignment->GUID());
         row.at(16).guid(taskOf(*assignment).GUID());
         row.at(32).guid(resource ? resource->GUID() : kNoResourceGuid);
-        row.end(*_fixed2Data);
-        _fixed2Data->closeCurrentElement();
+        row.endElement(*_fixed2Data);
         stream.flush();
     }
     stream.finish();

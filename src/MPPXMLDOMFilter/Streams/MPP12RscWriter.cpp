@@ -190,7 +190,6 @@ void MPP12RscWriter::writeFixedData() {
 }
 
 void MPP12RscWriter::writeDefaultFixedData() {
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).integer(0);
     row.at(4).integer(0);
@@ -205,13 +204,11 @@ void MPP12RscWriter::writeDefaultFixedData() {
     row.at(36).real(0.0);
     row.at(44).real(10000.0);
     row.at(52).zeroes(136);
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
     const MPPResourceBaseline baseline = firstBaselineOf(resource);
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(resource.ID);
     row.at(4).lowInteger(resource.ID);
@@ -242,8 +239,7 @@ void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
     row.at(164).real(resource.getOvertimeCost());
     row.at(172).real(resource.getActualOvertimeCost());
     row.at(180).real(resource.getRemainingOvertimeCost());
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 namespace {
@@ -339,14 +335,12 @@ void MPP12RscWriter::writeFixed2Data() {
 }
 
 void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_t place) {
-    _fixed2Data->startNewElement();
     RowBuilder<kFixed2RowSize> row;
     row.at(0).guid(resource.GUID());
     row.at(16).integer(0); // the lower half of the double whose upper half follows
     row.at(20).integer(calculateResourcePositionInResourceSheet(place));
     row.at(24).guid(resource.GUID());
-    row.end(*_fixed2Data);
-    _fixed2Data->closeCurrentElement();
+    row.endElement(*_fixed2Data);
 }
 
 namespace {

@@ -80,10 +80,7 @@ void MPP12TaskWriter::writeVar2Data() {
         _var2Data->writeInteger(1);
         _var2Data->closeCurrentElement();
     }
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeTaskVar2Data(*task);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskVar2Data(task); });
     stream.finish();
 }
 
@@ -140,10 +137,8 @@ void MPP12TaskWriter::writeVarMeta() {
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeMetaForTask(varMeta, *task, ++taskID);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks),
+                     [&](const MPPTask& task) { writeMetaForTask(varMeta, task, ++taskID); });
     stream.finish();
 }
 
@@ -153,10 +148,7 @@ void MPP12TaskWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
     writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
     writeTaskFixedData(project());
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeTaskFixedData(*task);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixedData(task); });
     stream.finish();
 }
 
@@ -169,7 +161,6 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     const EncodedDate earlyFinish = _dates(task.getEarlyFinish());
     const EncodedDate lateFinish = _dates(task.getLateFinish());
 
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(task.ID);
     row.at(4).lowInteger(task.ID);
@@ -225,8 +216,7 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(224).real(task.remainingCost);
     row.at(232).real(baseline.cost);
     row.at(240).zeroes(24);
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 void MPP12TaskWriter::writeFixedMeta() {
@@ -235,10 +225,8 @@ void MPP12TaskWriter::writeFixedMeta() {
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
     writeTaskFixedMeta(project(), fixedMeta);
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeTaskFixedMeta(*task, fixedMeta);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks),
+                     [&](const MPPTask& task) { writeTaskFixedMeta(task, fixedMeta); });
     stream.finish();
 }
 
@@ -322,16 +310,12 @@ void MPP12TaskWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
     writeTaskFixed2Data(project());
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeTaskFixed2Data(*task);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixed2Data(task); });
     stream.finish();
 }
 
 void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
     const bool isProjectRow = isProject(task);
-    _fixed2Data->startNewElement();
     RowBuilder<kFixed2RowSize> row;
     row.at(0).guid(task.GUID());
     // The place in the sheet, a double: 1.0 for the project, 2.0 for every task.
@@ -342,8 +326,7 @@ void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
     row.at(44).integer(isProjectRow ? 0x00400003 : 0x00040003);
     row.at(48).word(0);
     row.at(50).date(_dates(isProjectRow ? std::nullopt : task.getEarlyStart()));
-    row.end(*_fixed2Data);
-    _fixed2Data->closeCurrentElement();
+    row.endElement(*_fixed2Data);
 }
 
 void MPP12TaskWriter::writeFixed2Meta() {
@@ -352,10 +335,8 @@ void MPP12TaskWriter::writeFixed2Meta() {
     fixed2Meta.writeMetaHeader();
     writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
     writeTaskFixed2Meta(project(), fixed2Meta);
-    for (const auto& task : RecordsInOrder(project().tasks)) {
-        writeTaskFixed2Meta(*task, fixed2Meta);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().tasks),
+                     [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
     stream.finish();
 }
 

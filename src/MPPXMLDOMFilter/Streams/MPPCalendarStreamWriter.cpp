@@ -58,14 +58,9 @@ void MPPCalendarStreamWriter::writeSteps() {
 void MPPCalendarStreamWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
     writeCalendarVar2Data(standardCalendar(project()));
-    for (const auto& calendar : project().baseCalendars) {
-        writeCalendarVar2Data(*calendar);
-        stream.flush();
-    }
-    for (const auto& resource : project().resources) {
-        writeCalendarVar2Data(calendarOf(*resource));
-        stream.flush();
-    }
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) { writeCalendarVar2Data(calendar); });
+    stream.writeEach(project().resources,
+                     [&](const MPPResource& resource) { writeCalendarVar2Data(calendarOf(resource)); });
     stream.finish();
 }
 
@@ -106,13 +101,11 @@ void MPPCalendarStreamWriter::writeCalendarVarMeta(MPP12VarMeta& varMeta, const 
 namespace {
 
 void writeCalendarFixedData(MPPFixedData& fixedData, std::uint64_t id, std::uint64_t baseID, std::uint64_t resourceID) {
-    fixedData.startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(id);
     row.at(4).lowInteger(baseID);
     row.at(8).lowInteger(resourceID);
-    row.end(fixedData);
-    fixedData.closeCurrentElement();
+    row.endElement(fixedData);
 }
 
 void writeResourceCalendarFixedData(MPPFixedData& fixedData, const MPPResource& resource) {
@@ -127,14 +120,11 @@ void MPPCalendarStreamWriter::writeFixedData() {
     writeFixedDataHeaderRows(*_fixedData, kCalendarHeaderRows);
     writeCalendarFixedData(*_fixedData, standardCalendar(project()).ID, kNone, kNone);
     writeResourceCalendarFixedData(*_fixedData, *project().defaultResource());
-    for (const auto& calendar : project().baseCalendars) {
-        writeCalendarFixedData(*_fixedData, calendar->ID, kNone, kNone);
-        stream.flush();
-    }
-    for (const auto& resource : project().resources) {
-        writeResourceCalendarFixedData(*_fixedData, *resource);
-        stream.flush();
-    }
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
+        writeCalendarFixedData(*_fixedData, calendar.ID, kNone, kNone);
+    });
+    stream.writeEach(project().resources,
+                     [&](const MPPResource& resource) { writeResourceCalendarFixedData(*_fixedData, resource); });
     stream.finish();
 }
 
@@ -162,10 +152,9 @@ void MPPCalendarStreamWriter::writeFixedMeta() {
     writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
     writeNamedCalendarFixedMeta(fixedMeta, standardCalendar(project()), standardCalendar(project()).ID);
     writeCalendarFixedMeta(fixedMeta, 0, 7);
-    for (const auto& calendar : project().baseCalendars) {
-        writeNamedCalendarFixedMeta(fixedMeta, *calendar, calendar->ID - 1);
-        stream.flush();
-    }
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
+        writeNamedCalendarFixedMeta(fixedMeta, calendar, calendar.ID - 1);
+    });
     for (const auto& resource : project().resources) {
         if (hasBlock(calendarOf(*resource)))
             writeCalendarFixedMeta(fixedMeta, startValueOfResourceBlock(), 263);
@@ -181,13 +170,11 @@ void MPPCalendarStreamWriter::writeFixedMeta() {
 namespace {
 
 void writeCalendarFixed2Data(MPPFixedData& fixed2Data, const Guid& first, const Guid& second, const Guid& third) {
-    fixed2Data.startNewElement();
     RowBuilder<kFixed2RowSize> row;
     row.at(0).guid(first);
     row.at(16).guid(second);
     row.at(32).guid(third);
-    row.end(fixed2Data);
-    fixed2Data.closeCurrentElement();
+    row.endElement(fixed2Data);
 }
 
 } // namespace

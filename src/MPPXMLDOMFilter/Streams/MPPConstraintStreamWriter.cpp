@@ -34,15 +34,12 @@ void MPPConstraintStreamWriter::writeSteps() {
 
 void MPPConstraintStreamWriter::writeFixedData() {
     StreamOutput stream(writer(), "FixedData", *_fixedData);
-    for (const auto& constraint : RecordsInOrder(project().constraints)) {
-        writeConstraintFixedData(*constraint);
-        stream.flush();
-    }
+    stream.writeEach(RecordsInOrder(project().constraints),
+                     [&](const MPPConstraint& constraint) { writeConstraintFixedData(constraint); });
     stream.finish();
 }
 
 void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& constraint) {
-    _fixedData->startNewElement();
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(constraint.ID);
     row.at(4).lowInteger(idOf(constraint.task1));
@@ -54,8 +51,7 @@ void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& co
         row.integer(static_cast<std::uint32_t>(saturatingCut<std::int32_t>(constraint.lag)));
     else
         row.duration(lagInSeconds(constraint.lag));
-    row.end(*_fixedData);
-    _fixedData->closeCurrentElement();
+    row.endElement(*_fixedData);
 }
 
 void MPPConstraintStreamWriter::writeFixedMeta() {
@@ -75,13 +71,11 @@ void MPPConstraintStreamWriter::writeFixedMeta() {
 void MPPConstraintStreamWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
     for (const auto& constraint : RecordsInOrder(project().constraints)) {
-        _fixed2Data->startNewElement();
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(constraint->GUID());
         row.at(16).guid(guidOf(constraint->task1));
         row.at(32).guid(guidOf(constraint->task2));
-        row.end(*_fixed2Data);
-        _fixed2Data->closeCurrentElement();
+        row.endElement(*_fixed2Data);
         stream.flush();
     }
     stream.finish();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPPData.h"
+#include "MPPXMLDOMFilter/Buffers/MPPOffsetMarkedData.h"
 #include "MPPXMLDOMFilter/Streams/DateEncoder.h"
 #include "Platform/Guid.h"
 #include "Platform/Saturating.h"
@@ -57,6 +57,12 @@ public:
     void end(MPPData& data) {
         at(Size);
         data.writeData(_bytes);
+    }
+    /// The same, the row being an element of its own.
+    void endElement(MPPOffsetMarkedData& data) {
+        data.startNewElement();
+        end(data);
+        data.closeCurrentElement();
     }
 
 private:

@@ -28,6 +28,14 @@ public:
 
     /// What the buffer holds is complete and may leave it.
     void flush();
+    /// Has `write` put each of the records into the buffer, which it may leave at once.
+    template <typename Records, typename Write>
+    void writeEach(const Records& records, const Write& write) {
+        for (const auto& record : records) {
+            write(*record);
+            flush();
+        }
+    }
     /// Writes what is left and closes the stream; raises WriteToStreamException when any step of it failed.
     void finish();
 

@@ -6,13 +6,11 @@ namespace brackwater {
 
 void writeFixedDataHeaderRows(MPPFixedData& data, std::size_t rows) {
     for (std::size_t i = 0; i < rows; ++i) {
-        data.startNewElement();
         RowBuilder<16> row;
         row.at(0).lowWord(i);
         row.at(2).word(0xFFFF);
         row.at(4).zeroes(12);
-        row.end(data);
-        data.closeCurrentElement();
+        row.endElement(data);
     }
 }
 
