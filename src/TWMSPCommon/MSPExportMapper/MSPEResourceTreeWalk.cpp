@@ -15,14 +15,6 @@ namespace brackwater {
 
 namespace {
 
-constexpr std::string_view kMemberReference = "child-resource";
-
-std::optional<XMLElement> reference(std::optional<XMLElement> element) {
-    while (element && element->name() != kMemberReference)
-        element = element->nextSiblingElement();
-    return element;
-}
-
 bool isGroup(XMLElement resource) { return stringValueForXQuery(resource, "type") == "Group"; }
 
 } // namespace
@@ -31,7 +23,7 @@ void MSPEResourceTreeWalk::walkFrom(std::optional<XMLElement> topResource) {
     assertThat(topResource.has_value(), "Resource <{}> has no 'id' attribute.", static_cast<const void*>(nullptr));
     mapResource(*topResource);
     while (!_groups.empty()) {
-        if (const auto member = nextMember())
+        if (const auto member = _groups.back().members.nextChild())
             mapResource(*member);
         else
             leaveGroup();
@@ -64,7 +56,7 @@ void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) const {
 }
 
 void MSPEResourceTreeWalk::enterGroup(XMLElement group) {
-    Group entered{group, reference(group.firstChildElement()), true, _path.size(), _path.size()};
+    Group entered{group, {_scenario, group, "child-resource", "resource"}, true, _path.size(), _path.size()};
     const auto name = stringValueForXQuery(group, "name");
     if (name && groupPath()) {
         entered.pathBegin = _groups.back().pathBegin;
@@ -84,21 +76,6 @@ void MSPEResourceTreeWalk::enterGroup(XMLElement group) {
 void MSPEResourceTreeWalk::leaveGroup() {
     _path.resize(_groups.back().pathEndBefore);
     _groups.pop_back();
-}
-
-// The next member of the innermost group; references to resources that do not exist are passed over.
-std::optional<XMLElement> MSPEResourceTreeWalk::nextMember() {
-    auto& next = _groups.back().nextReference;
-    std::string buffer;
-    while (next) {
-        const auto id = next->attributeView("idref", buffer);
-        next = reference(next->nextSiblingElement());
-        if (!id)
-            continue;
-        if (const auto member = singleObjectForXQuery(_scenario, XMLQuery::childWithValue("resource", "id", *id)))
-            return member;
-    }
-    return std::nullopt;
 }
 
 std::optional<std::string_view> MSPEResourceTreeWalk::groupPath() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/XMLElement.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEChildReferences.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEObjectMapperBase.h"
 
 #include <cstdint>
@@ -29,7 +30,7 @@ private:
     // own name path is what stands from `pathBegin` on, and the text grew from `pathEndBefore` to hold it.
     struct Group {
         XMLElement element;
-        std::optional<XMLElement> nextReference;
+        MSPEChildReferences members;
         bool hasPath;
         std::size_t pathBegin;
         std::size_t pathEndBefore;
@@ -39,7 +40,6 @@ private:
     void failIfReachedBefore(XMLElement resource) const;
     void enterGroup(XMLElement group);
     void leaveGroup();
-    std::optional<XMLElement> nextMember();
     [[nodiscard]] std::optional<std::string_view> groupPath() const;
 
     XMLElement _scenario;

@@ -20,20 +20,12 @@ constexpr MSPEChildNames kChildNames(std::array<std::string_view, 4>{"type", "sp
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 
-constexpr std::string_view kChildReference = "child-task";
-
-std::optional<XMLElement> reference(std::optional<XMLElement> element) {
-    while (element && element->name() != kChildReference)
-        element = element->nextSiblingElement();
-    return element;
-}
-
 } // namespace
 
 void MSPETaskTreeWalk::walkFrom(std::optional<XMLElement> topTask) {
     mapTask(topTask);
     while (!_groups.empty()) {
-        if (const auto child = nextChild())
+        if (const auto child = _groups.back().children.nextChild())
             mapTask(child);
         else
             _groups.pop_back();
@@ -61,7 +53,7 @@ void MSPETaskTreeWalk::mapTask(std::optional<XMLElement> zelbTask) {
     else if (!isGroup)
         addDummyAssignment(*zelbTask, timephasedData);
     if (isGroup)
-        _groups.push_back({*zelbTask, reference(zelbTask->firstChildElement())});
+        _groups.push_back({*zelbTask, {_scenario, *zelbTask, "child-task", "task"}});
 }
 
 void MSPETaskTreeWalk::addAssignments(XMLElement task, const TimephasedData& timephasedData) {
@@ -88,21 +80,6 @@ void MSPETaskTreeWalk::addDummyAssignment(XMLElement task, const TimephasedData&
     _assignments.addChild(element);
     if (timephasedData)
         MSPEAssignmentMapper::addTimephasedData(*timephasedData, uid, *element);
-}
-
-// The next child of the innermost group; references to tasks that do not exist are passed over.
-std::optional<XMLElement> MSPETaskTreeWalk::nextChild() {
-    auto& next = _groups.back().nextReference;
-    std::string buffer;
-    while (next) {
-        const auto id = next->attributeView("idref", buffer);
-        next = reference(next->nextSiblingElement());
-        if (!id)
-            continue;
-        if (const auto child = singleObjectForXQuery(_scenario, XMLQuery::childWithValue("task", "id", *id)))
-            return child;
-    }
-    return std::nullopt;
 }
 
 } // namespace brackwater

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Platform/XMLElement.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEChildReferences.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEObjectMapperBase.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETimephasedDataInfo.h"
 
 #include <optional>
-#include <string_view>
 #include <vector>
 
 namespace brackwater {
@@ -28,14 +28,13 @@ private:
     // A group whose children are being mapped.
     struct Group {
         XMLElement element;
-        std::optional<XMLElement> nextReference;
+        MSPEChildReferences children;
     };
     using TimephasedData = std::optional<MSPETimephasedDataArray>;
 
     void mapTask(std::optional<XMLElement> task);
     void addAssignments(XMLElement task, const TimephasedData& timephasedData);
     void addDummyAssignment(XMLElement task, const TimephasedData& timephasedData);
-    std::optional<XMLElement> nextChild();
 
     XMLElement _scenario;
     MSPEXMLAdapter& _tasks;
