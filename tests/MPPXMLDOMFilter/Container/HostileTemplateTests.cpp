@@ -1,6 +1,7 @@
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Container/MPPFormatReader.h"
 #include "MPPXMLDOMFilter/Container/MPPTemplateFormat.h"
+#include "support/ByteImage.h"
 #include "support/CompoundFile.h"
 #include "support/LogCapture.h"
 #include "support/TempFolder.h"
@@ -18,11 +19,6 @@ constexpr std::size_t kSector = 512;
 void put32(Bytes& bytes, std::size_t offset, std::uint32_t value) {
     for (std::size_t i = 0; i < 4; ++i)
         bytes.at(offset + i) = static_cast<std::uint8_t>(value >> (8 * i) & 0xFF);
-}
-
-std::uint32_t get32(const Bytes& bytes, std::size_t offset) {
-    return bytes.at(offset) | std::uint32_t{bytes.at(offset + 1)} << 8 | std::uint32_t{bytes.at(offset + 2)} << 16 |
-           std::uint32_t{bytes.at(offset + 3)} << 24;
 }
 
 /// Reads all that a node gives, as a walk would, and counts the bytes.
@@ -75,7 +71,7 @@ TEST_F(HostileTemplates, CutShortAnywhereAreReadOrRefused) {
 
 TEST_F(HostileTemplates, WithDamagedBytesAreReadOrRefused) {
     std::mt19937 random(20071);
-    const std::size_t tables = get32(_whole, 48) * kSector; // the directory and the allocation table come last
+    const std::size_t tables = integerAt(_whole, 48) * kSector; // the directory and the allocation table come last
     for (int round = 0; round < 1500; ++round) {
         Bytes damaged = _whole;
         for (int flips = 1 + round % 6; flips > 0; --flips) {
@@ -97,7 +93,7 @@ TEST_F(HostileTemplates, RandomBytesAreRefused) {
 }
 
 TEST_F(HostileTemplates, LoopsInTheAllocationTableEnd) {
-    const std::size_t table = (get32(_whole, 76) + 1) * kSector;
+    const std::size_t table = (integerAt(_whole, 76) + 1) * kSector;
     const std::uint32_t sectors = static_cast<std::uint32_t>(_whole.size() / kSector) - 1;
     for (std::uint32_t from = 0; from < sectors; ++from) {
         for (const std::uint32_t to : {from, from - 1, std::uint32_t{0}, sectors * 2}) {

@@ -182,8 +182,8 @@ TEST_F(CalendarStreams, DaysHoldTheirRangesInTenthsOfMinutes) {
     EXPECT_TRUE(sameBytes(dayBlock(5), friday));
     ByteImage saturday(60);
     saturday.word(2, 5).integer(4, 2700);
-    for (std::uint16_t i = 0; i < 5; ++i) {
-        saturday.word(8 + 2U * i, static_cast<std::uint16_t>(600 + 1200 * i));
+    for (std::size_t i = 0; i < 5; ++i) {
+        saturday.word(8 + 2U * i, 600 + 1200 * i);
         saturday.integer(20 + 4U * i, i < 4 ? 600 : 300);
         saturday.integer(40 + 4U * i, i < 4 ? 600U * (i + 1U) : 2700);
     }

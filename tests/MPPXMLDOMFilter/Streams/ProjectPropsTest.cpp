@@ -43,7 +43,6 @@ ByteImage frameHeader(std::uint32_t total, std::uint32_t magic, std::uint16_t co
     return ByteImage(16).integer(0, total - 4).integer(4, total - 4).integer(8, magic).word(12, count);
 }
 
-Bytes textOf(std::string_view text) { return ByteImage(2 * text.size() + 2).text(0, text).bytes(); }
 Bytes wordOf(std::uint16_t value) { return ByteImage(2).word(0, value).bytes(); }
 Bytes integerOf(std::uint32_t value) { return ByteImage(4).integer(0, value).bytes(); }
 
@@ -104,11 +103,11 @@ TEST_F(ProjectProps, KnownPropertiesTakeTheProjectsValues) {
     EXPECT_EQ(valueOf(0x02400002), ByteImage(4).date(0, 4800, 1).bytes());
     EXPECT_EQ(valueOf(0x02400003), ByteImage(4).date(0, 0, 2).bytes());
     EXPECT_EQ(valueOf(0x02400004), wordOf(1));
-    EXPECT_EQ(valueOf(0x02400008), textOf("T"));
-    EXPECT_EQ(valueOf(0x35400008), textOf("T"));
-    EXPECT_EQ(valueOf(0x0240000C), textOf("Me"));
-    EXPECT_EQ(valueOf(0x0240000E), textOf("Night"));
-    EXPECT_EQ(valueOf(0x02400010), textOf("kr"));
+    EXPECT_EQ(valueOf(0x02400008), text16("T"));
+    EXPECT_EQ(valueOf(0x35400008), text16("T"));
+    EXPECT_EQ(valueOf(0x0240000C), text16("Me"));
+    EXPECT_EQ(valueOf(0x0240000E), text16("Night"));
+    EXPECT_EQ(valueOf(0x02400010), text16("kr"));
     EXPECT_EQ(valueOf(0x02400011), wordOf(3));
     EXPECT_EQ(valueOf(0x02400012), wordOf(3));
     EXPECT_EQ(valueOf(0x02400015), wordOf(9));
@@ -124,7 +123,7 @@ TEST_F(ProjectProps, KnownPropertiesTakeTheProjectsValues) {
     EXPECT_EQ(valueOf(0x02401398), ByteImage(4).date(0, 0, 5).bytes());
     EXPECT_EQ(valueOf(0x02401399), integerOf(0xFFFFFFFF));
     EXPECT_EQ(valueOf(0x0240139F), integerOf(0xFFFFFFFF));
-    EXPECT_EQ(valueOf(0x024013BB), textOf("NOK"));
+    EXPECT_EQ(valueOf(0x024013BB), text16("NOK"));
     EXPECT_EQ(valueOf(0x024013C2), ByteImage(16).guid(0, calendar->GUID()).bytes());
     EXPECT_EQ(valueOf(0x024013A0), integerOf(0xAAAAAAAA)) << "behind the ten save dates";
     project.scheduleFromStart = false;
@@ -139,7 +138,7 @@ TEST_F(ProjectProps, WhatTheProjectLacksIsWrittenEmpty) {
     EXPECT_EQ(valueOf(0x02400010), Bytes(2));
     EXPECT_EQ(valueOf(0x0240000E), Bytes(2));
     EXPECT_EQ(valueOf(0x024013C2), Bytes(16));
-    EXPECT_EQ(valueOf(0x0240000C), textOf(" ")) << "no author is one blank";
+    EXPECT_EQ(valueOf(0x0240000C), text16(" ")) << "no author is one blank";
     project.summaryInfo->author = "";
     EXPECT_EQ(valueOf(0x0240000C), Bytes(2)) << "an empty author is one";
 }

@@ -36,7 +36,7 @@ std::vector<std::uint32_t> payloadSizes(const Bytes& var2Data) {
 
 ByteImage metaOfPlainResource(std::size_t index) {
     ByteImage record(37);
-    record.integer(0, 0x00040000).integer(4, static_cast<std::uint32_t>(48 + 188 * (index - kHeaderRows))).byte(8, 3);
+    record.integer(0, 0x00040000).integer(4, 48 + 188 * (index - kHeaderRows)).byte(8, 3);
     record.byte(9, 0x92).word(10, 0xFFFF).byte(12, 0xFF).byte(13, 0x3F);
     return record;
 }

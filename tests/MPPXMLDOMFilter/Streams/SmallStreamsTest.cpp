@@ -27,7 +27,7 @@ ByteImage propertySetHeader(std::size_t size, std::uint16_t properties, const st
     image.word(0, 0xFFFE).word(4, 0x0105).word(6, 2).integer(24, 1);
     for (std::size_t i = 0; i < formatID.size(); ++i)
         image.word(28 + 2 * i, formatID[i]);
-    image.integer(44, 48).integer(48, static_cast<std::uint32_t>(size - 48)).word(52, properties);
+    image.integer(44, 48).integer(48, size - 48).word(52, properties);
     return image;
 }
 
@@ -35,7 +35,7 @@ constexpr std::array<std::uint16_t, 8> kSummary = {0x85E0, 0xF29F, 0x4FF9, 0x106
 constexpr std::array<std::uint16_t, 8> kDocSummary = {0xD502, 0xD5CD, 0x2E9C, 0x101B, 0x9793, 0x0008, 0x2C2B, 0xAEF9};
 
 void putText(ByteImage& image, std::size_t offset, std::string_view text) {
-    image.integer(offset, 30).integer(offset + 4, static_cast<std::uint32_t>(text.size() + 2));
+    image.integer(offset, 30).integer(offset + 4, text.size() + 2);
     for (std::size_t i = 0; i < text.size(); ++i)
         image.byte(offset + 8 + i, static_cast<std::uint8_t>(text[i]));
 }
@@ -93,7 +93,7 @@ protected:
         EXPECT_TRUE(sameBytes(stream("FixedData"), fixedData));
         ByteImage header(16);
         header.integer(0, 0xFADFADBA).integer(4, 4).integer(8, 1);
-        header.integer(12, static_cast<std::uint32_t>(fixedData.bytes().size()));
+        header.integer(12, fixedData.bytes().size());
         EXPECT_TRUE(sameBytes(slice(stream("FixedMeta"), 0, 16), header));
         EXPECT_TRUE(sameBytes(metaRecord(stream("FixedMeta"), record.bytes().size(), 0), record));
     }

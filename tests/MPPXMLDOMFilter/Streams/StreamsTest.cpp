@@ -69,10 +69,8 @@ const Bytes& StreamsTest::stream(const std::string& name) const {
 std::vector<VarMetaRecord> varMetaRecords(const Bytes& varMeta, const Bytes& var2Data,
                                           std::uint16_t descriptionEnding) {
     const std::size_t count = integerAt(varMeta, 8);
-    EXPECT_TRUE(sameBytes(slice(varMeta, 0, 24), ByteImage(24)
-                                                     .integer(0, 0xFADFADBA)
-                                                     .integer(8, static_cast<std::uint32_t>(count))
-                                                     .integer(20, static_cast<std::uint32_t>(var2Data.size()))));
+    EXPECT_TRUE(sameBytes(slice(varMeta, 0, 24),
+                          ByteImage(24).integer(0, 0xFADFADBA).integer(8, count).integer(20, var2Data.size())));
     EXPECT_EQ(varMeta.size(), 24 + 12 * count);
     std::vector<VarMetaRecord> records;
     for (std::size_t offset = 24; offset + 12 <= varMeta.size(); offset += 12) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "ByteImage.h"
-
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "Platform/Date.h"
+#include "support/ByteImage.h"
 #include "support/MemoryTemplate.h"
 #include "support/MemoryWriter.h"
 

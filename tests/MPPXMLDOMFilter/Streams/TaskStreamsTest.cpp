@@ -263,7 +263,7 @@ TEST_F(TaskStreams, EachBaselineHasBitsOfItsOwn) {
     std::uint32_t words[7] = {0x7F, 0, 0, 0, 0, 0, 0};
     for (std::size_t n = 0; n <= 10; ++n) {
         ByteImage expected(86);
-        expected.integer(4, static_cast<std::uint32_t>(54 * (kFirstTaskRow + n)));
+        expected.integer(4, 54 * (kFirstTaskRow + n));
         for (std::size_t i = 0; i < 7; ++i) {
             words[i] |= n == 0 ? 0 : kAdded[n - 1][i];
             expected.integer(kOffsets[i], words[i]);

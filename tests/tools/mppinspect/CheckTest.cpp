@@ -1,6 +1,7 @@
 #include "mppinspect/Check.h"
 
 #include "make-template/TemplateTree.h"
+#include "support/ByteImage.h"
 #include "support/CompoundFile.h"
 
 #include <gmock/gmock.h>
@@ -23,11 +24,6 @@ CompoundTree treeOf(const std::vector<layout::Entry>& entries) {
     return tree;
 }
 
-std::uint32_t wordAt(const Bytes& bytes, std::size_t offset) {
-    return static_cast<std::uint32_t>(bytes.at(offset) | bytes.at(offset + 1) << 8 | bytes.at(offset + 2) << 16 |
-                                      bytes.at(offset + 3) << 24);
-}
-
 /// A template that suits, and what a test takes from it or adds to it.
 class TemplateCheck : public testing::Test {
 protected:
@@ -47,8 +43,8 @@ protected:
     std::size_t payloadAt(std::uint32_t type) {
         const Bytes& props = named(childrenOf("   112"), "Props").bytes;
         for (std::size_t at = 16; at + 12 <= props.size();) {
-            const std::size_t size = wordAt(props, at);
-            if (wordAt(props, at + 4) == type)
+            const std::size_t size = integerAt(props, at);
+            if (integerAt(props, at + 4) == type)
                 return at + 12;
             at += 12 + size + size % 2;
         }
@@ -59,7 +55,7 @@ protected:
     void moveField(std::uint32_t mapType, unsigned id, unsigned from, unsigned to) {
         Bytes& props = named(childrenOf("   112"), "Props").bytes;
         std::size_t row = payloadAt(mapType);
-        while ((wordAt(props, row + 12) & 0xFFFF) != id || (wordAt(props, row + 4) & 0xFFFF) != from)
+        while ((integerAt(props, row + 12) & 0xFFFF) != id || (integerAt(props, row + 4) & 0xFFFF) != from)
             row += 28;
         props.at(row + 4) = static_cast<std::uint8_t>(to);
         props.at(row + 5) = static_cast<std::uint8_t>(to >> 8);

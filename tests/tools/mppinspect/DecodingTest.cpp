@@ -36,10 +36,10 @@ protected:
     }
 
     static ByteImage rowOf(std::uint32_t id, std::uint32_t parent) {
-        return ByteImage(28).u32(2, id).u32(6, parent).u32(10, 0xFFFFFFFF);
+        return ByteImage(28).integer(2, id).integer(6, parent).integer(10, 0xFFFFFFFF);
     }
     void add(std::uint32_t id, std::uint32_t parent, double place) {
-        _file["TBkndTask"].row(rowOf(id, parent), ByteImage(8).f64(0, place));
+        _file["TBkndTask"].row(rowOf(id, parent), ByteImage(8).real(0, place));
     }
     std::vector<std::string> complaints() { return _file.decoded().complaints.lines(); }
 
@@ -49,12 +49,12 @@ protected:
 TEST_F(TaskRows, AreReadWhereTheMapOfTheFileSays) {
     _file["TBkndTask"]
         .row(rowOf(5, 0xFFFFFFFF)
-                 .u16(12, 15402) // days: 2026-03-02
-                 .u16(10, 4800)
-                 .u32(14, 7200)
-                 .u16(18, 7 + 0x20)
-                 .f64(20, 720000),
-             ByteImage(8).f64(0, 4), {5})
+                 .word(12, 15402) // days: 2026-03-02
+                 .word(10, 4800)
+                 .integer(14, 7200)
+                 .word(18, 7 + 0x20)
+                 .real(20, 720000),
+             ByteImage(8).real(0, 4), {5})
         .element(5, 14, text16("Walls"))
         .element(5, 51, text16("north"));
     const inspect::ProjectFile project = _file.decoded();
@@ -135,15 +135,15 @@ TEST_F(TaskRows, WithAFlagAtAnotherBitThanReadersLookAtAreTold) {
 
 TEST_F(TaskRows, NameTheirTextFields) {
     ByteImage names;
-    names.u32(0, 0).u32(4, 0).u32(8, 2);
-    names.u16(12, 51).u32(16, 24).u16(20, 336).u32(24, 34); // offsets count from the fifth byte
-    names.text16(28, "Side").text16(38, "Last");
+    names.integer(0, 0).integer(4, 0).integer(8, 2);
+    names.word(12, 51).integer(16, 24).word(20, 336).integer(24, 34); // offsets count from the fifth byte
+    names.text(28, "Side").text(38, "Last");
     _file["TBkndTask"].props = propsImage({{0x04400001, names.bytes()}});
     EXPECT_EQ(_file.decoded().taskTextNames, (std::map<std::size_t, std::string>{{1, "Side"}, {30, "Last"}}));
 }
 
 TEST_F(TaskRows, WithNamesOutsideTheirBlockAreTold) {
-    const ByteImage names = ByteImage(20).u32(8, 3).u16(12, 51).u32(16, 5000);
+    const ByteImage names = ByteImage(20).integer(8, 3).word(12, 51).integer(16, 5000);
     _file["TBkndTask"].props = propsImage({{0x04400001, names.bytes()}});
     EXPECT_THAT(complaints(), Contains("TBkndTask/Props: fewer field names than counted: 1 of 3"));
     EXPECT_THAT(complaints(), Contains("TBkndTask/Props: a field name stands outside its block: field 51"));
@@ -160,7 +160,9 @@ TEST(Rows, WhoseOffsetIsOutsideTheDataHaveNoRow) {
 
 TEST(Rows, EndWhereTheNextOneBegins) {
     FileImage file;
-    file["TBkndCons"].row(ByteImage(20).u32(0, 1).u32(4, 7).u32(8, 8), ByteImage(48)).row(ByteImage(19), ByteImage(48));
+    file["TBkndCons"]
+        .row(ByteImage(20).integer(0, 1).integer(4, 7).integer(8, 8), ByteImage(48))
+        .row(ByteImage(19), ByteImage(48));
     const inspect::ProjectFile project = file.decoded();
     ASSERT_EQ(project.links.size(), 1U);
     EXPECT_THAT(project.complaints.lines(), Contains("TBkndCons: a row is shorter than a link: row 1"));
@@ -184,11 +186,11 @@ TEST(Resources, AreOfAKindByTheirFlags) {
     file.properties.emplace_back(0x00020015, map.bytes());
     auto& rows = file["TBkndRsc"];
     rows.headers(3, 16);
-    rows.row(ByteImage(16).u32(0, 1), ByteImage(16), {9});
-    rows.row(ByteImage(16).u32(0, 2), ByteImage(16)).secondBits({4});
-    rows.row(ByteImage(16).u32(0, 3), ByteImage(16));
+    rows.row(ByteImage(16).integer(0, 1), ByteImage(16), {9});
+    rows.row(ByteImage(16).integer(0, 2), ByteImage(16)).secondBits({4});
+    rows.row(ByteImage(16).integer(0, 3), ByteImage(16));
     rows.element(1, 1, text16("Ann")).element(2, 1, text16("Fee"));
-    file["TBkndCal"].row(ByteImage(12).u32(0, 7).u32(4, 1).u32(8, 2), ByteImage(48));
+    file["TBkndCal"].row(ByteImage(12).integer(0, 7).integer(4, 1).integer(8, 2), ByteImage(48));
     const inspect::ProjectFile project = file.decoded();
     ASSERT_EQ(project.resources.size(), 3U);
     EXPECT_EQ(project.resources[0].kind, inspect::ResourceKind::Work);
@@ -208,9 +210,9 @@ TEST(Assignments, OfAMissingTaskOrResourceAreTold) {
                                                  .fixed(8, 2, MapImage::kNumber32)
                                                  .bytes());
     file["TBkndAssn"]
-        .row(ByteImage(12).u32(0, 1).u32(4, 6).u32(8, 0xFFFF0001), ByteImage())
-        .row(ByteImage(12).u32(0, 2).u32(4, 6).u32(8, 5), ByteImage())
-        .row(ByteImage(12).u32(0, 3), ByteImage(), {}, 1)
+        .row(ByteImage(12).integer(0, 1).integer(4, 6).integer(8, 0xFFFF0001), ByteImage())
+        .row(ByteImage(12).integer(0, 2).integer(4, 6).integer(8, 5), ByteImage())
+        .row(ByteImage(12).integer(0, 3), ByteImage(), {}, 1)
         .element(1, 634, ByteImage(4).bytes());
     const inspect::ProjectFile project = file.decoded();
     ASSERT_EQ(project.assignments.size(), 2U);
@@ -228,7 +230,7 @@ TEST_F(TaskRows, WithLinksThatReadersDropAreTold) {
     add(2, 1, 3);
     add(3, 0, 4);
     const auto link = [](std::uint32_t id, std::uint32_t from, std::uint32_t to) {
-        return ByteImage(20).u32(0, id).u32(4, from).u32(8, to).u16(12, 1).u16(14, 7).u32(16, 4800);
+        return ByteImage(20).integer(0, id).integer(4, from).integer(8, to).word(12, 1).word(14, 7).integer(16, 4800);
     };
     auto& rows = _file["TBkndCons"];
     rows.row(link(1, 2, 3), ByteImage(48)).row(link(2, 3, 3), ByteImage(48)).row(link(3, 0, 3), ByteImage(48));
@@ -247,7 +249,7 @@ TEST_F(TaskRows, WithLinksThatReadersDropAreTold) {
 class CalendarRows : public testing::Test {
 protected:
     void add(std::uint32_t id, std::uint32_t base, std::uint32_t resource) {
-        _file["TBkndCal"].row(ByteImage(12).u32(0, id).u32(4, base).u32(8, resource), ByteImage(48));
+        _file["TBkndCal"].row(ByteImage(12).integer(0, id).integer(4, base).integer(8, resource), ByteImage(48));
     }
     FileImage _file;
 };
@@ -256,10 +258,10 @@ TEST_F(CalendarRows, HoldWeeksAndExceptions) {
     add(1, 0xFFFFFFFF, 0xFFFFFFFF);
     ByteImage hours(420);
     for (std::size_t day = 1; day < 7; ++day)
-        hours.u16(day * 60, 1);
-    hours.u16(2, 1).u32(4, 2400).u16(8, 4800).u32(20, 2400).u32(40, 2400); // Sunday 8:00 to 12:00
-    hours.u32(420, 1).u16(424, 15402).u16(426, 15403).u16(428, 2).u32(511, 0);
-    hours.u32(512, 10).text16(516, "Fair").u16(526, 0).u32(528, 0);
+        hours.word(day * 60, 1);
+    hours.word(2, 1).integer(4, 2400).word(8, 4800).integer(20, 2400).integer(40, 2400); // Sunday 8:00 to 12:00
+    hours.integer(420, 1).word(424, 15402).word(426, 15403).word(428, 2).integer(511, 0);
+    hours.integer(512, 10).text(516, "Fair").word(526, 0).integer(528, 0);
     _file["TBkndCal"].element(1, 1, text16("Base")).element(1, 8, hours.bytes());
     const inspect::ProjectFile project = _file.decoded();
     ASSERT_EQ(project.calendars.size(), 1U);
@@ -276,7 +278,7 @@ TEST_F(CalendarRows, HoldWeeksAndExceptions) {
 
 TEST_F(CalendarRows, WithABlockThatEndsTooEarlyKeepWhatIsThere) {
     add(1, 0xFFFFFFFF, 0xFFFFFFFF);
-    _file["TBkndCal"].element(1, 1, text16("Base")).element(1, 8, ByteImage(424).u32(420, 1000000).bytes());
+    _file["TBkndCal"].element(1, 1, text16("Base")).element(1, 8, ByteImage(424).integer(420, 1000000).bytes());
     const inspect::ProjectFile project = _file.decoded();
     EXPECT_TRUE(project.calendars.at(0).hasOwnHours);
     EXPECT_THAT(project.complaints.lines(),

@@ -1,38 +1,6 @@
 #include "FileImage.h"
 
-#include <bit>
-
 namespace brackwater::test {
-
-ByteImage& ByteImage::u8(std::size_t offset, unsigned value) {
-    if (_bytes.size() <= offset)
-        _bytes.resize(offset + 1);
-    _bytes[offset] = static_cast<std::uint8_t>(value);
-    return *this;
-}
-
-ByteImage& ByteImage::u16(std::size_t offset, unsigned value) {
-    return u8(offset + 1, value >> 8).u8(offset, value & 0xFF);
-}
-
-ByteImage& ByteImage::u32(std::size_t offset, std::uint32_t value) {
-    return u16(offset + 2, value >> 16).u16(offset, value & 0xFFFF);
-}
-
-ByteImage& ByteImage::f64(std::size_t offset, double value) {
-    const auto bits = std::bit_cast<std::uint64_t>(value);
-    return u32(offset + 4, static_cast<std::uint32_t>(bits >> 32)).u32(offset, static_cast<std::uint32_t>(bits));
-}
-
-ByteImage& ByteImage::text16(std::size_t offset, std::string_view text) {
-    for (const char c : text) {
-        u16(offset, static_cast<unsigned char>(c));
-        offset += 2;
-    }
-    return u16(offset, 0);
-}
-
-Bytes text16(std::string_view text) { return ByteImage().text16(0, text).bytes(); }
 
 namespace {
 
@@ -40,7 +8,7 @@ void append(Bytes& to, const Bytes& bytes) { to.insert(to.end(), bytes.begin(), 
 
 Bytes recordImage(std::size_t size, unsigned marks, std::size_t offset, const std::vector<std::size_t>& bits) {
     ByteImage record(size);
-    record.u16(0, marks).u32(4, static_cast<std::uint32_t>(offset));
+    record.word(0, marks).integer(4, offset);
     Bytes bytes = record.bytes();
     for (const std::size_t bit : bits)
         bytes.at(8 + bit / 8) |= static_cast<std::uint8_t>(1U << (bit % 8));
@@ -48,8 +16,7 @@ Bytes recordImage(std::size_t size, unsigned marks, std::size_t offset, const st
 }
 
 Bytes metaImage(std::uint32_t rows, const Bytes& data, const Bytes& records) {
-    Bytes bytes =
-        ByteImage().u32(0, 0xFADFADBA).u32(4, 4).u32(8, rows).u32(12, static_cast<std::uint32_t>(data.size())).bytes();
+    Bytes bytes = ByteImage().integer(0, 0xFADFADBA).integer(4, 4).integer(8, rows).integer(12, data.size()).bytes();
     append(bytes, records);
     return bytes;
 }
@@ -57,7 +24,7 @@ Bytes metaImage(std::uint32_t rows, const Bytes& data, const Bytes& records) {
 } // namespace
 
 MapImage& MapImage::row(unsigned offset, unsigned field, unsigned category) {
-    append(_bytes, ByteImage(28).u16(4, offset).u32(12, 0x0B400000U | field).u16(20, category).bytes());
+    append(_bytes, ByteImage(28).word(4, offset).integer(12, 0x0B400000U | field).word(20, category).bytes());
     return *this;
 }
 
@@ -85,22 +52,20 @@ RowsImage& RowsImage::secondBits(std::vector<std::size_t> bits) {
 
 RowsImage& RowsImage::headers(unsigned count, std::size_t secondSize) {
     for (unsigned i = 0; i < count; ++i)
-        row(ByteImage(16).u16(0, i).u16(2, 0xFFFF), ByteImage(secondSize), {}, 4);
+        row(ByteImage(16).word(0, i).word(2, 0xFFFF), ByteImage(secondSize), {}, 4);
     return *this;
 }
 
 RowsImage& RowsImage::element(std::uint32_t owner, unsigned type, const Bytes& payload) {
-    append(varRecords,
-           ByteImage(12).u32(0, owner).u32(4, static_cast<std::uint32_t>(var2Data.size())).u16(8, type).bytes());
-    append(var2Data, ByteImage().u32(0, static_cast<std::uint32_t>(payload.size())).bytes());
+    append(varRecords, ByteImage(12).integer(0, owner).integer(4, var2Data.size()).word(8, type).bytes());
+    append(var2Data, ByteImage().integer(0, payload.size()).bytes());
     append(var2Data, payload);
     ++elements;
     return *this;
 }
 
 CompoundTree RowsImage::streams() const {
-    Bytes varMeta =
-        ByteImage(24).u32(0, 0xFADFADBA).u32(8, elements).u32(20, static_cast<std::uint32_t>(var2Data.size())).bytes();
+    Bytes varMeta = ByteImage(24).integer(0, 0xFADFADBA).integer(8, elements).integer(20, var2Data.size()).bytes();
     append(varMeta, varRecords);
     CompoundTree tree{stream("VarMeta", varMeta),
                       stream("Var2Data", var2Data),
@@ -116,18 +81,14 @@ CompoundTree RowsImage::streams() const {
 Bytes propsImage(const std::vector<std::pair<std::uint32_t, Bytes>>& properties) {
     Bytes body;
     for (const auto& [type, payload] : properties) {
-        append(body, ByteImage(12).u32(0, static_cast<std::uint32_t>(payload.size())).u32(4, type).bytes());
+        append(body, ByteImage(12).integer(0, payload.size()).integer(4, type).bytes());
         append(body, payload);
         if (payload.size() % 2 != 0)
             body.push_back(0xFF);
     }
     const auto size = static_cast<std::uint32_t>(16 + body.size() - 4);
-    Bytes bytes = ByteImage(16)
-                      .u32(0, size)
-                      .u32(4, size)
-                      .u32(8, 0x11528)
-                      .u16(12, static_cast<unsigned>(properties.size()))
-                      .bytes();
+    Bytes bytes =
+        ByteImage(16).integer(0, size).integer(4, size).integer(8, 0x11528).word(12, properties.size()).bytes();
     append(bytes, body);
     return bytes;
 }
@@ -138,7 +99,8 @@ FileImage::FileImage()
                {"TBkndAssn", {34, 53}},
                {"TBkndCal", {10, 9}},
                {"TBkndCons", {10, 9}}} {
-    properties = {{0x0240001D, ByteImage().u32(0, 480).bytes()}, {0x0240001E, ByteImage().u32(0, 2400).bytes()}};
+    properties = {{0x0240001D, ByteImage().integer(0, 480).bytes()},
+                  {0x0240001E, ByteImage().integer(0, 2400).bytes()}};
     // Maps that make sense of nothing, but are there.
     for (const std::uint32_t type : {0x00020014U, 0x00020015U, 0x00020017U})
         properties.emplace_back(type, MapImage().fixed(0, 0x7777, MapImage::kNumber32).bytes());

@@ -1,32 +1,12 @@
 #pragma once
 
 #include "mppinspect/ProjectFile.h"
+#include "support/ByteImage.h"
 #include "support/CompoundFile.h"
 
 #include <map>
 
 namespace brackwater::test {
-
-/// Bytes put together value by value.
-class ByteImage {
-public:
-    ByteImage() = default;
-    explicit ByteImage(std::size_t size) : _bytes(size) {}
-
-    ByteImage& u8(std::size_t offset, unsigned value);
-    ByteImage& u16(std::size_t offset, unsigned value);
-    ByteImage& u32(std::size_t offset, std::uint32_t value);
-    ByteImage& f64(std::size_t offset, double value);
-    /// UTF-16 with its terminator, of ASCII characters.
-    ByteImage& text16(std::size_t offset, std::string_view text);
-    [[nodiscard]] const Bytes& bytes() const noexcept { return _bytes; }
-    [[nodiscard]] std::size_t size() const noexcept { return _bytes.size(); }
-
-private:
-    Bytes _bytes;
-};
-
-[[nodiscard]] Bytes text16(std::string_view text);
 
 /// A field map, row by row.
 class MapImage {

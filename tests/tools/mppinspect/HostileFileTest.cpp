@@ -49,14 +49,14 @@ FileImage smallPlan() {
                                                  .bytes());
     auto& tasks = file["TBkndTask"].headers(3, 4);
     for (std::uint32_t id = 0; id < 4; ++id)
-        tasks.row(ByteImage(12).u32(0, id).u32(4, id - 1), ByteImage(4))
+        tasks.row(ByteImage(12).integer(0, id).integer(4, id - 1), ByteImage(4))
             .element(id, 14, text16("Title"))
             .element(id, 15, {'{', '\\', 'r', 't', 'f', ' ', 'n', '}', 0});
     file["TBkndCal"]
-        .row(ByteImage(12).u32(0, 1), ByteImage(48))
+        .row(ByteImage(12).integer(0, 1), ByteImage(48))
         .element(1, 8, Bytes(428))
         .element(1, 1, text16("Base"));
-    file["TBkndCons"].row(ByteImage(20).u32(4, 1).u32(8, 2), ByteImage(48));
+    file["TBkndCons"].row(ByteImage(20).integer(4, 1).integer(8, 2), ByteImage(48));
     return file;
 }
 
@@ -104,9 +104,9 @@ TEST(HostileFiles, WithAnOutlineAsDeepAsItIsLongAreReadQuickly) {
     FileImage file = smallPlan();
     auto& tasks = file["TBkndTask"];
     for (std::uint32_t id = 4; id < 30000; ++id)
-        tasks.row(ByteImage(12).u32(0, id).u32(4, id - 1), ByteImage(4));
+        tasks.row(ByteImage(12).integer(0, id).integer(4, id - 1), ByteImage(4));
     for (std::uint32_t id = 0; id < 3000; ++id)
-        file["TBkndCons"].row(ByteImage(20).u32(0, id).u32(4, 2).u32(8, 29999 - id), ByteImage(48));
+        file["TBkndCons"].row(ByteImage(20).integer(0, id).integer(4, 2).integer(8, 29999 - id), ByteImage(48));
     const inspect::ProjectFile project = file.decoded();
     EXPECT_EQ(project.tasks.back().depth, 29999);
     EXPECT_TRUE(project.complaints.mention("a link from a task above"));

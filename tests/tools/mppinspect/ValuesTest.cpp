@@ -44,9 +44,9 @@ TEST(Values, NumbersDropZeroesAtTheirEnd) {
 }
 
 TEST(Texts, OfUtf16KeepPairsAndReplaceWhatIsNone) {
-    const ByteImage pair = ByteImage().u16(0, 0xD83C).u16(2, 0xDFE0).u16(4, 0x43F).u16(6, 0);
+    const ByteImage pair = ByteImage().word(0, 0xD83C).word(2, 0xDFE0).word(4, 0x43F).word(6, 0);
     EXPECT_EQ(ByteView(pair.bytes()).text16(), "\U0001F3E0п");
-    const ByteImage lone = ByteImage().u16(0, 0xD83C).u16(2, 'a').u16(4, 0xDFE0).u16(6, 0xD83C);
+    const ByteImage lone = ByteImage().word(0, 0xD83C).word(2, 'a').word(4, 0xDFE0).word(6, 0xD83C);
     EXPECT_EQ(ByteView(lone.bytes()).text16(), "\uFFFDa\uFFFD\uFFFD");
     EXPECT_EQ(ByteView(bytesOf("a")).text16(), "");
 }
@@ -121,22 +121,22 @@ TEST(Props, ThatRunPastTheEndAreTold) {
 
 TEST(PropertySets, ShowTextsInTheirCodePage) {
     const ByteImage set = ByteImage(48)
-                              .u16(0, 0xFFFE)
-                              .u32(24, 1)
-                              .u32(44, 48)
-                              .u32(48, 60)
-                              .u32(52, 3)
-                              .u32(56, 1)
-                              .u32(60, 32)
-                              .u32(64, 2)
-                              .u32(68, 40)
-                              .u32(72, 3)
-                              .u32(76, 9000)
-                              .u32(80, 2)
-                              .u32(84, 1251)
-                              .u32(88, 30)
-                              .u32(92, 2)
-                              .u16(96, 0x00CF);
+                              .word(0, 0xFFFE)
+                              .integer(24, 1)
+                              .integer(44, 48)
+                              .integer(48, 60)
+                              .integer(52, 3)
+                              .integer(56, 1)
+                              .integer(60, 32)
+                              .integer(64, 2)
+                              .integer(68, 40)
+                              .integer(72, 3)
+                              .integer(76, 9000)
+                              .integer(80, 2)
+                              .integer(84, 1251)
+                              .integer(88, 30)
+                              .integer(92, 2)
+                              .word(96, 0x00CF);
     Complaints complaints;
     const auto values = readPropertySet(set.bytes(), "Summary", complaints);
     ASSERT_EQ(values.size(), 2U);

@@ -12,31 +12,37 @@
 
 namespace brackwater::test {
 
-/// Expected bytes of a row or stream: zeros of a size, then values at offsets.
+/// Bytes of a row or stream: zeros of a size, then little-endian values at offsets, which make it longer where they
+/// reach beyond its end.
 class ByteImage {
 public:
-    explicit ByteImage(std::size_t size) : _bytes(size) {}
+    explicit ByteImage(std::size_t size = 0) : _bytes(size) {}
 
-    ByteImage& byte(std::size_t offset, std::uint8_t value) { return put(offset, value, 1); }
-    ByteImage& word(std::size_t offset, std::uint16_t value) { return put(offset, value, 2); }
-    ByteImage& integer(std::size_t offset, std::uint32_t value) { return put(offset, value, 4); }
+    /// The lowest byte, two or four bytes of a value.
+    ByteImage& byte(std::size_t offset, std::uint64_t value) { return put(offset, value, 1); }
+    ByteImage& word(std::size_t offset, std::uint64_t value) { return put(offset, value, 2); }
+    ByteImage& integer(std::size_t offset, std::uint64_t value) { return put(offset, value, 4); }
     ByteImage& real(std::size_t offset, double value);
     /// Tenths of a minute and days.
-    ByteImage& date(std::size_t offset, std::uint16_t tenths, std::uint16_t days) {
+    ByteImage& date(std::size_t offset, unsigned tenths, unsigned days) {
         return word(offset, tenths).word(offset + 2, days);
     }
     ByteImage& noDate(std::size_t offset) { return integer(offset, 0xFFFFFFFF); }
     ByteImage& guid(std::size_t offset, const Guid& guid);
-    /// UTF-16 of an ASCII text, without terminator.
+    /// UTF-16 of an ASCII text with its terminator.
     ByteImage& text(std::size_t offset, std::string_view text);
 
-    [[nodiscard]] const Bytes& bytes() const { return _bytes; }
+    [[nodiscard]] const Bytes& bytes() const noexcept { return _bytes; }
+    [[nodiscard]] std::size_t size() const noexcept { return _bytes.size(); }
 
 private:
     ByteImage& put(std::size_t offset, std::uint64_t value, std::size_t count);
 
     Bytes _bytes;
 };
+
+/// The bytes of a text alone.
+[[nodiscard]] inline Bytes text16(std::string_view text) { return ByteImage().text(0, text).bytes(); }
 
 /// `size` bytes of a stream; a failure and what there is when the stream is shorter.
 [[nodiscard]] Bytes slice(const Bytes& stream, std::size_t offset, std::size_t size);

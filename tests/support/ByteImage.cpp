@@ -1,4 +1,4 @@
-#include "ByteImage.h"
+#include "support/ByteImage.h"
 
 #include <fmt/format.h>
 
@@ -20,8 +20,10 @@ std::uint64_t numberAt(const Bytes& stream, std::size_t offset, std::size_t coun
 } // namespace
 
 ByteImage& ByteImage::put(std::size_t offset, std::uint64_t value, std::size_t count) {
+    if (_bytes.size() < offset + count)
+        _bytes.resize(offset + count);
     for (std::size_t i = 0; i < count; ++i)
-        _bytes.at(offset + i) = static_cast<std::uint8_t>(value >> (8 * i));
+        _bytes[offset + i] = static_cast<std::uint8_t>(value >> (8 * i));
     return *this;
 }
 
@@ -31,14 +33,14 @@ ByteImage& ByteImage::real(std::size_t offset, double value) {
 
 ByteImage& ByteImage::guid(std::size_t offset, const Guid& guid) {
     for (std::size_t i = 0; i < guid.bytes().size(); ++i)
-        _bytes.at(offset + i) = guid.bytes()[i];
+        byte(offset + i, guid.bytes()[i]);
     return *this;
 }
 
 ByteImage& ByteImage::text(std::size_t offset, std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i)
         word(offset + 2 * i, static_cast<std::uint8_t>(text[i]));
-    return *this;
+    return word(offset + 2 * text.size(), 0);
 }
 
 Bytes slice(const Bytes& stream, std::size_t offset, std::size_t size) {
