@@ -41,33 +41,6 @@ expect "${stamp}### Exporter SUCCEEDED\.\$"
 expect 'WARINING: Baseline "Timber frame" will not be exported'
 [ -s "$folder/House.mpp" ] || fail "no output"
 
-run --template-path "$template" "$bundle" "$folder/House.mpp"
-[ -s "$folder/House-1.mpp" ] || fail "no second output beside the first"
-
-run --template-path "$template" "$folder/None.zelb"
-expect 'Input file not found: '
-expect "${stamp}Final clean up\.\$"
-
-# A list, with line ends of both kinds, and a bundle that cannot be exported between two that can.
-mkdir "$folder/Empty.zelb" "$folder/list"
-printf ':: houses\r\n%s\r\n%s\n%s' "$bundle" "$folder/Empty.zelb" "$bundle" >"$folder/list.txt"
-run --template-path "$template" --input-list "$folder/list.txt" "$folder/list"
-[ "$(grep -c '### Exporter SUCCEEDED' "$folder/log")" = 2 ] || fail "two lines of the list should succeed"
-[ "$(grep -c '### Exporter FAILED' "$folder/log")" = 1 ] || fail "one line of the list should fail"
-expect 'EXCEPTION: MSPEXMLException'
-for output in House.mpp House-1.mpp; do
-    [ -s "$folder/list/$output" ] || fail "the list's output is missing: $output"
-done
-
-# Preferences.
-mkdir -p "$XDG_CONFIG_HOME"
-printf '[Preferences]\nIncludeInputExtension=YES\nOverwriteFilterTarget=YES\n' \
-    >"$XDG_CONFIG_HOME/lanthorn.Tarnwick2.MSPExportMPP.conf"
-run --template-path "$template" "$bundle" "$folder/list"
-run --template-path "$template" "$bundle" "$folder/list"
-[ -s "$folder/list/House.zelb.mpp" ] || fail "the bundle's extension is not in the output's name"
-[ ! -e "$folder/list/House.zelb-1.mpp" ] || fail "the output was not replaced"
-
 # The example exports wherever its reader lives.
 for zone in America/New_York Europe/Berlin Asia/Kolkata Asia/Tokyo Australia/Sydney Pacific/Auckland Pacific/Honolulu; do
     TZ=$zone run --template-path "$template" "$bundle" "$folder/Zone.mpp"

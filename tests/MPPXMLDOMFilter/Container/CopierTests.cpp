@@ -26,53 +26,11 @@ struct Entry {
     Copier copier;
 };
 
-const std::map<std::string, Bytes> kStorage = {
-    {"Large", patternBytes(9000)},
-    {"Small", patternBytes(100)},
-    {"Empty", {}},
-};
-
 TEST(Copier, CopiesAStream) {
     for (const std::size_t size : {0U, 1U, 4095U, 4096U, 70000U}) {
         Entry entry(memoryTemplate({{"S", patternBytes(size)}})->createReaderForChildAtIndex(0), true);
         EXPECT_TRUE(entry.copier.writeDataForProject(nullptr));
         EXPECT_EQ(entry.output->streams.at("Entry"), patternBytes(size));
-    }
-}
-
-TEST(Copier, CopiesTheStreamsOfAStorageOneAfterAnother) {
-    Entry entry(memoryTemplate(kStorage));
-    EXPECT_TRUE(entry.copier.writeDataForProject(nullptr));
-    EXPECT_EQ(entry.output->streams,
-              (std::map<std::string, Bytes>{
-                  {"Entry/Large", patternBytes(9000)}, {"Entry/Small", patternBytes(100)}, {"Entry/Empty", {}}}));
-    EXPECT_EQ(entry.output->mostOpenStreams, 1);
-    EXPECT_EQ(entry.copier.failureReason(), "");
-}
-
-TEST(Copier, StopsAtAStorageInsideAndLeavesItsNameAsAStream) {
-    // Entries come by the length of their names: the storage is the second of the three.
-    Entry entry(memoryTemplate({{"A", patternBytes(5)}, {"Deep/Inner", patternBytes(5)}, {"LastOne", {}}}));
-    EXPECT_FALSE(entry.copier.writeDataForProject(nullptr));
-    EXPECT_EQ(entry.copier.failureReason(), "the storage 'Deep' lies too deep for the copier");
-    EXPECT_EQ(entry.output->created, (std::vector<std::string>{"Entry/A", "Entry/Deep"}));
-    EXPECT_EQ(entry.output->streams.at("Entry/Deep"), Bytes{});
-}
-
-TEST(Copier, FailsWithAReasonWhicheverCallOfTheSinkFails) {
-    std::size_t calls = 0;
-    {
-        Entry entry(memoryTemplate(kStorage));
-        entry.copier.writeDataForProject(nullptr);
-        calls = entry.output->calls;
-    }
-    ASSERT_EQ(calls, 8U); // three creations and closes, and two writes: an empty stream has none
-    for (std::size_t failing = 0; failing < calls; ++failing) {
-        Entry entry(memoryTemplate(kStorage));
-        entry.output->failingCall = failing;
-        EXPECT_FALSE(entry.copier.writeDataForProject(nullptr)) << failing;
-        EXPECT_NE(entry.copier.failureReason(), "") << failing;
-        EXPECT_EQ(entry.output->calls, failing + 1) << "nothing is asked of the sink after its failure";
     }
 }
 

@@ -135,24 +135,5 @@ TEST_F(DocumentLoader, FileNamesStayInsideTheBundle) {
     EXPECT_EQ(nameOf(load(contents).mainDocument), "Task");
 }
 
-TEST_F(DocumentLoader, UnreadableFilesAreNamedInTheFailure) {
-    TableOfContents contents;
-    contents.scenarios[0].filename = "missing.xml";
-    try {
-        (void)load(contents);
-        FAIL() << "a missing scenario was loaded";
-    } catch (const Exception& exception) {
-        EXPECT_THAT(exception.userInfo(), testing::HasSubstr(_folder.path("Plan.zelb/missing.xml")));
-    }
-    _folder.write("Plan.zelb/cut.xml", "<scenario><task>");
-    contents.scenarios[0].filename = "cut.xml";
-    expectLoadFailure(contents);
-    _folder.makeFolder("Plan.zelb/folder.xml");
-    contents.scenarios[0].filename = "folder.xml";
-    expectLoadFailure(contents);
-    test::expectException(kMSPEXMLException, kLoadFailure,
-                          [&] { (void)loadSourceDocuments(FileURL::fileURLWithPath(_folder.path("No.zelb"), true)); });
-}
-
 } // namespace
 } // namespace brackwater
