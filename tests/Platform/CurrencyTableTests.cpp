@@ -21,8 +21,6 @@ TEST(CurrencyTable, SymbolOfSeveralCurrenciesHasACodeWhereItIsSettled) {
     EXPECT_EQ(currencyCodeForSymbol("Rs"), std::nullopt) << "rupees of two countries";
 }
 
-TEST(CurrencyTable, PoundSignMeansTheBritishPound) { EXPECT_EQ(currencyCodeForSymbol("\u00A3"), "GBP"); }
-
 TEST(CurrencyTable, SymbolsAreTakenLetterByLetter) {
     for (const char* symbol : {"", " $", "$ ", "KR", "\u20AC\u00A0", "nothing"})
         EXPECT_EQ(currencyCodeForSymbol(symbol), std::nullopt) << symbol;

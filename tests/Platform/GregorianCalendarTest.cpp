@@ -199,22 +199,6 @@ TEST(GregorianCalendar, HoldsNoDateFarOutsideOfTime) {
     EXPECT_EQ(GregorianCalendar::fieldsOfDate(Date{std::nan("")}, 0), (CivilTime{1970}));
 }
 
-TEST(TimeZone, FollowsTZ) {
-    const Date summer{1338534000}; // 2012-06-01T07:00:00Z
-    {
-        const test::ScopedTimeZone zone("Europe/Berlin");
-        EXPECT_EQ(TimeZone::system().name(), "Europe/Berlin");
-        EXPECT_EQ(TimeZone::system().secondsFromGMT(summer), 7200);
-        EXPECT_TRUE(TimeZone::system().isDaylightSavingTime(summer));
-        EXPECT_EQ(TimeZone::system().daylightSavingTimeOffset(summer), 3600.0);
-        const test::ScopedTimeZone inner("Asia/Kolkata");
-        EXPECT_EQ(TimeZone::system().secondsFromGMT(summer), 19800);
-        EXPECT_FALSE(TimeZone::system().isDaylightSavingTime(summer));
-    }
-    const test::ScopedTimeZone zone("America/St_Johns");
-    EXPECT_EQ(TimeZone::system().secondsFromGMT(summer), -9000);
-}
-
 TEST(TimeZone, UnderstandsWhatTheCLibraryTakesForTZ) {
     const Date summer{1338534000};
     const Date winter{1322722800};

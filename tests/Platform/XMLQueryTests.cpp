@@ -78,12 +78,5 @@ TEST(XMLQuery, ValueGivenToAMakerCannotChangeTheQuery) {
     EXPECT_EQ(both.parentValue(), "'");
 }
 
-TEST(XMLQuery, NotPortedErrorNamesFileLineAndQuery) {
-    const Error error = notPortedXQueryError("/src/Some/Mapper.cpp", 12, "a/b/c");
-    EXPECT_EQ(error.domain, kGeneralErrorDomain);
-    EXPECT_EQ(error.code, 100);
-    EXPECT_EQ(error.description, "NOT PORTED XQUERY (Mapper.cpp [12]): a/b/c");
-}
-
 } // namespace
 } // namespace brackwater

@@ -6,17 +6,6 @@
 namespace brackwater::test {
 namespace {
 
-TEST(Records, TheProjectAnswersTwoQuestionsOtherwiseThanATask) {
-    const MPPProject project;
-    const MPPTask& row = project;
-    EXPECT_TRUE(row.getSplits());
-    EXPECT_FALSE(row.getEffortDriven());
-    EXPECT_FALSE(MPPTask().getSplits());
-    EXPECT_TRUE(MPPTask().getEffortDriven());
-    EXPECT_EQ(row.taskType, 1);
-    EXPECT_EQ(MPPTask().taskType, 0);
-}
-
 TEST(Records, ANewProjectHasTheRecordOfWorkWithoutAResource) {
     const MPPProject project;
     const Guid guid(Guid::Bytes{0x7E, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0, 0, 0, 0, 0, 0, 0, 0xFF});

@@ -42,9 +42,6 @@ std::string week(const MPPCalendarWorkWeek* week) {
     return text;
 }
 
-constexpr const char* kDefaultWeek = "off|08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |"
-                                     "08:00-12:00 13:00-17:00 |08:00-12:00 13:00-17:00 |off|";
-
 std::string shown(const MPPCalendarException& exception) {
     return fmt::format(
         "{} {}/{} {}", exception.name.value_or("(null)"), *MSPIUtilities::mppToMspdiDateTime(exception.startDate),
@@ -91,15 +88,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(CalendarMapper, TheTopResourceGetsTheProjectsCalendar) {
-    const auto calendars = build(resource("top", "", ""));
-    EXPECT_THAT(heads(calendars), ElementsAre("1 Standard base -1"));
-    EXPECT_EQ(week(calendars[0]->defaultWorkWeek.get()), kDefaultWeek);
-    EXPECT_THAT(log.lines(), ElementsAre("  Mapping Project Schedule ..."));
-    EXPECT_EQ(mapper.calendar(), nullptr);
-    EXPECT_EQ(mapper.calendars()->name(), "Calendars");
-}
 
 TEST_F(CalendarMapper, AResourceDerivesFromTheTopAndKeepsOnlyTheDaysItNames) {
     const auto calendars = build(resource("top", "") + resource("a", "top", kTuesdayMorning) + resource("b", "top"));

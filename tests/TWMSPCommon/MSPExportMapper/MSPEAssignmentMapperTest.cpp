@@ -11,8 +11,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
-using testing::StartsWith;
 
 ScenarioBuilder taskWithResources(std::string_view items) {
     return ScenarioBuilder::withRoots("r1,r2,r3,r4,r5", "t1")
@@ -48,15 +46,6 @@ TEST(AssignmentMapper, ChildrenComeInTheOrderOfTheTarget) {
     EXPECT_EQ(assignment.resource.record(), project->resources.at(1).get());
     EXPECT_EQ(assignment.assignmentUnits, 5000.0);
     EXPECT_EQ(assignment.work, 1.0) << "whole hours";
-}
-
-TEST(AssignmentMapper, DummyAssignmentHasNoUnitsAndNoResource) {
-    const ScopedTimeZone zone("UTC");
-    const MappedProject project(taskWithResources("type=milestone effort=0"));
-    EXPECT_THAT(project.childrenOfAssignment(0),
-                ElementsAre("UID=1", "TaskUID=1", "ResourceUID=-65535", "Milestone=1", "Work=PT0H0M0S",
-                            "RemainingWork=PT0H0M0S", "Start=2012-06-01T08:00:00", "Finish=2012-06-01T17:00:00"));
-    EXPECT_TRUE(project->assignments.at(0)->resource.isUnset());
 }
 
 TEST(AssignmentMapper, EachKindOfResourceSharesTheWholeEffort) {

@@ -10,7 +10,6 @@ namespace brackwater::test {
 
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 
 std::vector<std::string> groupsOf(const ScenarioBuilder& scenario) {
@@ -92,18 +91,6 @@ TEST(ProjectMapper, LastOfSeveralRecordsWithOneIdCounts) {
     EXPECT_EQ(project->tasks.at(1)->title, "last");
     EXPECT_EQ(project->tasks.at(1)->priority, 1000U);
     EXPECT_EQ(project->resources.at(1)->name, "last");
-}
-
-TEST(ProjectMapper, GroupOfAResourceIsThePathOfItsGroups) {
-    EXPECT_THAT(groupsOf(ScenarioBuilder()
-                             .task("t-1", "type=group")
-                             .resource("r-1", "type=Group child=r1,r5")
-                             .resource("r1", "type=Group name=Design child=r2,r4")
-                             .resource("r2", "type=Group name=Print child=r3")
-                             .resource("r3", "type=Staff")
-                             .resource("r4", "type=Staff")
-                             .resource("r5", "type=Staff")),
-                ElementsAre("Design/Print", "Design", "(none)"));
 }
 
 TEST(ProjectMapper, NameOfTheRootGroupIsPartOfThePaths) {

@@ -14,8 +14,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsSupersetOf;
-using testing::Not;
-using testing::StartsWith;
 
 // A document with one task below the root.
 ScenarioBuilder oneTask(std::string_view items, std::string_view xml = "") {
@@ -59,12 +57,6 @@ TEST(TaskMapper, WhatTheSourceDoesNotSayIsLeftOut) {
                             "Finish=2012-06-01T17:00:00", "Duration=PT8H0M0S", "Work=PT0H0M0S", "EffortDriven=1",
                             "Estimated=0", "Milestone=0", "Summary=0", "LevelingCanSplit=1", "IgnoreResourceCalendar=1",
                             "Active=1", "Manual=0", "OutlineLevel=1"));
-}
-
-TEST(TaskMapper, DatesAreWallClockOfTheSystemZone) {
-    const ScopedTimeZone zone("America/New_York");
-    EXPECT_THAT(childrenOfOneTask("start-date=2012-06-01T09:00:00+02:00 end-date=2012-06-02T03:00:00Z"),
-                IsSupersetOf({"Start=2012-06-01T03:00:00", "Finish=2012-06-01T23:00:00"}));
 }
 
 TEST(TaskMapper, DateThatIsEmptyOrBeyondAllInstantsIsNone) {
@@ -201,14 +193,6 @@ TEST(TaskMapper, ProgressAboveOneFailsOnlyForAMappedTask) {
     expectMappingFails(oneTask("effort=1 effort-done=2"),
                        "Incorrect value of percentComplete (2.000000). Must be from 0.0 to 1.0.");
     EXPECT_EQ(MappedProject(oneTask("").task("t9", "effort=1 effort-done=2"))->tasks.size(), 2U);
-}
-
-TEST(TaskMapper, ConstraintAtALevelledStartHasTheTasksStart) {
-    const ScopedTimeZone zone("UTC");
-    EXPECT_THAT(childrenOfOneTask("leveled-start=2012-06-09T00:00:00Z"),
-                IsSupersetOf({"ConstraintType=4", "ConstraintDate=2012-06-01T08:00:00"}));
-    EXPECT_THAT(childrenOfOneTask("schedule-type=alap"), Contains("ConstraintType=1"));
-    EXPECT_THAT(childrenOfOneTask("schedule-type=alap"), Not(Contains(StartsWith("ConstraintDate"))));
 }
 
 TEST(TaskMapper, MapperOutsideAMappingHasNoScheduledTasks) {

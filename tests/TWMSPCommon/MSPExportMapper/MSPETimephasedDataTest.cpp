@@ -119,12 +119,6 @@ TEST(TimephasedData, SplitTaskMapsWithDummyAndRealAssignments) {
     EXPECT_EQ(countOfAssignments("assign=r1 assign=r2:5"), 2U);
 }
 
-TEST(TimephasedData, SegmentsNeverBecomeTasks) {
-    const MappedProject project(
-        ScenarioBuilder::withRoots("", "t1").task("t1", "child=t2,t3", "<split/>").task("t2").task("t3"));
-    EXPECT_EQ(project->tasks.size(), 2U);
-}
-
 TEST(TimephasedData, GroupThatIsSplitFails) {
     expectMappingFails(ScenarioBuilder::withRoots("", "t1").task("t1", "type=group", "<split/>"),
                        "Task group and split task are mutualy exclusive.");
