@@ -13,7 +13,6 @@
 namespace brackwater {
 namespace {
 
-using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsSupersetOf;

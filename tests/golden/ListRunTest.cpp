@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -2,8 +2,6 @@
 
 #include "Decoders.h"
 
-#include <fmt/format.h>
-
 namespace brackwater::inspect {
 
 namespace {

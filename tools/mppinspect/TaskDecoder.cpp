@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <set>
 
 namespace brackwater::inspect {
 

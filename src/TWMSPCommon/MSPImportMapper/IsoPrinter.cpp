@@ -2,7 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstdlib>
 #include <limits>
 
 namespace brackwater::iso {

@@ -3,7 +3,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPData.h"
 
 #include <cstdint>
-#include <initializer_list>
 #include <string_view>
 #include <vector>
 

@@ -1,10 +1,5 @@
 #include "StreamsTest.h"
 
-#include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
-
 namespace brackwater::test {
 namespace {
 

@@ -3,7 +3,6 @@
 #include "mppinspect/TimeScale.h"
 #include "mppinspect/WorkingDays.h"
 
-#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
