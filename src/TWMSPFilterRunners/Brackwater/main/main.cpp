@@ -11,8 +11,8 @@
 
 namespace {
 
-// A large export fills hundreds of megabytes once and in order: with the system's large pages that takes a fraction of the
-// page faults. Where the allocator's own environment variable for them is set, it decides.
+// A large export fills hundreds of megabytes once and in order: with the system's large pages that takes a fraction of
+// the page faults. Where the allocator's own environment variable for them is set, it decides.
 void preferLargePages() {
 #ifdef BRACKWATER_MIMALLOC
     mi_option_set_enabled_default(mi_option_large_os_pages, true);
