@@ -161,6 +161,21 @@ TEST(XMLDocument, LargeDocumentIsReadWhole) {
     EXPECT_EQ(document->rootElement().objectsForXQuery("b").size(), 1'000'000U);
 }
 
+// The library is given a text in pieces, whose ends may fall anywhere.
+TEST(XMLDocument, PartsReadTheSameWhereverTheyLie) {
+    const std::string part = "<t id='&#65; &amp;'>\u00E9 &lt;<![CDATA[q]]></t>\n <!-- c --> <t/>";
+    const std::string expected = outcomeOf("<s>" + part + "</s>");
+    for (std::size_t distance = 3900; distance < 4010; ++distance) {
+        const std::string spaces(distance, ' ');
+        const LogCapture log;
+        EXPECT_EQ(outcomeOf("<s " + spaces + ">" + part + "</s>"), expected) << distance;
+        EXPECT_EQ(log.joined(), "") << distance;
+        EXPECT_NE(outcomeOf("<s>" + part + "</s>" + spaces + "<s/>").find("markup stands behind"), std::string::npos)
+            << distance;
+        EXPECT_EQ(outcomeOf("<s>" + part + "</s> --" + spaces + "--"), expected) << distance;
+    }
+}
+
 TEST(XMLDocument, RandomDamageEndsInADocumentOrAReason) {
     const LogCapture log;
     const std::string whole = "<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE s [<!ELEMENT s ANY>]><s xmlns='u:v' "
