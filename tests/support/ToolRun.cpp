@@ -5,9 +5,10 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <stdexcept>
-#include <sys/resource.h>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace brackwater::test {
 
@@ -23,15 +24,17 @@ namespace {
     // As a shell starts it, whatever the test's process does with these signals.
     for (const int signalNumber : {SIGXFSZ, SIGINT, SIGQUIT, SIGHUP, SIGTERM})
         std::signal(signalNumber, SIG_DFL);
-    if (start.mostBytesOfAFile != 0) {
-        const rlimit limit{start.mostBytesOfAFile, start.mostBytesOfAFile};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    std::vector<char*> arguments{const_cast<char*>(start.program.c_str())};
-    for (const std::string& argument : start.arguments)
-        arguments.push_back(const_cast<char*>(argument.c_str()));
+    // Not set here: what a build with counters writes in between would meet the limit first.
+    std::vector<std::string> command;
+    if (start.mostBytesOfAFile != 0)
+        command = {"prlimit", "--fsize=" + std::to_string(start.mostBytesOfAFile)};
+    command.push_back(start.program);
+    command.insert(command.end(), start.arguments.begin(), start.arguments.end());
+    std::vector<char*> arguments;
+    for (std::string& argument : command)
+        arguments.push_back(argument.data());
     arguments.push_back(nullptr);
-    execv(start.program.c_str(), arguments.data());
+    execvp(arguments.front(), arguments.data());
     _exit(127);
 }
 
