@@ -24,10 +24,13 @@ namespace {
     // As a shell starts it, whatever the test's process does with these signals.
     for (const int signalNumber : {SIGXFSZ, SIGINT, SIGQUIT, SIGHUP, SIGTERM})
         std::signal(signalNumber, SIG_DFL);
-    // Not set here: what a build with counters writes in between would meet the limit first.
     std::vector<std::string> command;
-    if (start.mostBytesOfAFile != 0)
+    if (start.mostBytesOfAFile != 0) {
+        // Not set here: what a build with coverage counters writes in between would meet the limit first. Nor may the
+        // tool cut off the files of such counters.
         command = {"prlimit", "--fsize=" + std::to_string(start.mostBytesOfAFile)};
+        setenv("GCOV_PREFIX", (start.logPath + "-counters").c_str(), 1);
+    }
     command.push_back(start.program);
     command.insert(command.end(), start.arguments.begin(), start.arguments.end());
     std::vector<char*> arguments;
