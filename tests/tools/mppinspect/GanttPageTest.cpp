@@ -81,21 +81,6 @@ TEST_F(GanttPage, LetsNoTextOfThePlanBecomeMarkup) {
                                 "onerror=&#39;y&#39;&gt;&amp;"));
 }
 
-TEST_F(GanttPage, DrawsEachKindOfTaskInItsOwnWay) {
-    task(1, "Shell", kMonday, kMonday + 4);
-    inspect::Task& walls = task(2, "Walls", kMonday, kMonday + 3);
-    walls.parentId = 1;
-    walls.percentComplete = 50;
-    walls.baselines[0].start = at(kMonday, 8);
-    walls.baselines[0].finish = at(kMonday + 2, 17);
-    task(3, "Done", kMonday + 4, kMonday + 4).milestone = true;
-    EXPECT_EQ(drawn("class=\"sum\""), 1U);
-    EXPECT_EQ(drawn("class=\"bar\""), 1U);
-    EXPECT_EQ(drawn("class=\"bd\""), 1U);
-    EXPECT_EQ(drawn("class=\"mile\""), 1U);
-    EXPECT_EQ(drawn("class=\"base\""), 1U);
-}
-
 TEST_F(GanttPage, DrawsLinksOfAllTypesButNoneThatLacksAnEnd) {
     task(1, "a", kMonday, kMonday + 1);
     task(2, "b", kMonday + 2, kMonday + 3);

@@ -69,6 +69,9 @@ rows = [task for task in plan["tasks"] if task["uniqueId"] != 0]
 chart = text[text.index('class="chart"'):]
 assert chart.count('class="sum"') == sum(task["uniqueId"] in summaries for task in rows)
 assert chart.count('class="mile"') == sum(task["milestone"] and task["uniqueId"] not in summaries for task in rows)
+bars = [task for task in rows if task["uniqueId"] not in summaries and not task["milestone"]]
+assert chart.count('class="bar"') == len(bars)
+assert chart.count('class="bd"') == sum(task["percentComplete"] > 0 for task in bars)
 assert chart.count('class="base"') == sum(any(b["number"] == 0 for b in task["baselines"]) for task in rows)
 late = sum(part.split("</g>")[0].count('class="link"') for part in chart.split('<g class="late">')[1:])
 assert chart.count('class="link"') - late == len(plan["links"]), (chart.count('class="link"'), late)
