@@ -1,5 +1,7 @@
 #include "support/PlanBundle.h"
 
+#include "support/ScenarioBuilder.h"
+
 #include <fmt/format.h>
 
 namespace brackwater::test {
@@ -17,25 +19,7 @@ std::string element(std::string_view name, const std::optional<std::string>& val
 } // namespace
 
 std::string scenarioText(std::string_view title) {
-    return fmt::format(R"(<?xml version="1.0" encoding="UTF-8"?>
-<scenario xmlns="http://tarnwick.example/namespace/Tarnwick/v2">
-  <top-resource idref="r-1"/>
-  <top-task idref="t-1"/>
-  <start-date>2027-03-01T08:00:00Z</start-date>
-  <end-date>2027-03-01T17:00:00Z</end-date>
-  <resource id="r-1"><type>Group</type></resource>
-  <task id="t-1">
-    <title>Plan</title><type>group</type>
-    <start-date>2027-03-01T08:00:00Z</start-date><end-date>2027-03-01T17:00:00Z</end-date><duration>28800</duration>
-    <child-task idref="t1"/>
-  </task>
-  <task id="t1">
-    <title>{}</title><type>task</type>
-    <start-date>2027-03-01T08:00:00Z</start-date><end-date>2027-03-01T17:00:00Z</end-date><duration>28800</duration>
-  </task>
-</scenario>
-)",
-                       title);
+    return ScenarioBuilder::withRoots("", "t1").task("t1", "", element("title", std::string(title))).text();
 }
 
 std::string TableOfContents::text() const {

@@ -210,14 +210,10 @@ TEST_F(AssignmentStreams, TenBaselinesFitAndElevenDoNot) {
     MPPAssignment& assignment = addAssignment(&task, &resource);
     assignment.baselines.assign(11, std::make_shared<MPPAssignmentBaseline>());
     ASSERT_TRUE(writeAssignments()) << failureReason; // one moves out
-    EXPECT_TRUE(sameBytes(slice(fixed2Meta(0), 36, 17), ByteImage(17)
-                                                            .integer(0, 0x33333333)
-                                                            .byte(4, 0x33)
-                                                            .integer(5, 0xFDFDFDFD)
-                                                            .integer(9, 0xFDFDFDFD)
-                                                            .word(13, 0xFDFD)
-                                                            .byte(15, 0x41)
-                                                            .byte(16, 1)));
+    ByteImage presence(17);
+    presence.integer(0, 0x33333333).byte(4, 0x33).integer(5, 0xFDFDFDFD).integer(9, 0xFDFDFDFD).word(13, 0xFDFD);
+    presence.byte(15, 0x41).byte(16, 1);
+    EXPECT_TRUE(sameBytes(slice(fixed2Meta(0), 36, 17), presence));
     EXPECT_EQ(varRecords().at(30).type, 377);
 
     assignment.baselines.assign(11, std::make_shared<MPPAssignmentBaseline>());

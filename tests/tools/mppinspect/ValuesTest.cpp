@@ -120,23 +120,10 @@ TEST(Props, ThatRunPastTheEndAreTold) {
 }
 
 TEST(PropertySets, ShowTextsInTheirCodePage) {
-    const ByteImage set = ByteImage(48)
-                              .word(0, 0xFFFE)
-                              .integer(24, 1)
-                              .integer(44, 48)
-                              .integer(48, 60)
-                              .integer(52, 3)
-                              .integer(56, 1)
-                              .integer(60, 32)
-                              .integer(64, 2)
-                              .integer(68, 40)
-                              .integer(72, 3)
-                              .integer(76, 9000)
-                              .integer(80, 2)
-                              .integer(84, 1251)
-                              .integer(88, 30)
-                              .integer(92, 2)
-                              .word(96, 0x00CF);
+    ByteImage set(48);
+    set.word(0, 0xFFFE).integer(24, 1).integer(44, 48).integer(48, 60).integer(52, 3);
+    set.integer(56, 1).integer(60, 32).integer(64, 2).integer(68, 40).integer(72, 3).integer(76, 9000);
+    set.integer(80, 2).integer(84, 1251).integer(88, 30).integer(92, 2).word(96, 0x00CF);
     Complaints complaints;
     const auto values = readPropertySet(set.bytes(), "Summary", complaints);
     ASSERT_EQ(values.size(), 2U);
