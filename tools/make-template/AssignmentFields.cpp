@@ -1,7 +1,5 @@
 #include "FieldTable.h"
 
-#include <fmt/format.h>
-
 namespace brackwater::layout {
 
 namespace {
@@ -55,17 +53,9 @@ void addSecondBlock(std::vector<Field>& fields) {
 }
 
 void addBaselines(std::vector<Field>& fields) {
-    for (int n = 1; n <= 10; ++n) {
-        const int row = 471 + 8 * (n - 1), id = 289 + 9 * (n - 1);
-        const auto add = [&](int rowInBaseline, int idInBaseline, FieldKind kind, const char* what) {
-            fields.push_back(variable(static_cast<std::uint16_t>(row + rowInBaseline),
-                                      static_cast<std::uint16_t>(id + idInBaseline), kind,
-                                      fmt::format("baseline {} {}", n, what)));
-        };
-        add(0, 6, Date, "start");
-        add(1, 7, Date, "finish");
-        add(2, 0, Scaled, "work");
-    }
+    for (int n = 1; n <= 10; ++n)
+        addBaseline(fields, n, 471 + 8 * (n - 1), 289 + 9 * (n - 1),
+                    {{0, 6, Date, "start"}, {1, 7, Date, "finish"}, {2, 0, Scaled, "work"}});
 }
 
 FieldTable makeAssignmentFields() {

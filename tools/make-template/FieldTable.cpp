@@ -15,12 +15,31 @@ Field second(std::uint16_t row, std::uint16_t offset, std::uint16_t id, FieldKin
     return {row, id, std::move(name), FieldPlace::SecondBlock, kind, offset};
 }
 
-Field variable(std::uint16_t row, std::uint16_t id, FieldKind kind, std::string name) {
-    return {row, id, std::move(name), FieldPlace::Var2Data, kind, 0};
+Field variable(int row, int id, FieldKind kind, std::string name) {
+    return {static_cast<std::uint16_t>(row),
+            static_cast<std::uint16_t>(id),
+            std::move(name),
+            FieldPlace::Var2Data,
+            kind,
+            0};
 }
 
 Field flag(std::uint16_t row, std::uint16_t number, std::uint16_t id, std::string name) {
     return {row, id, std::move(name), FieldPlace::MetaRecord, FieldKind::Flag, number};
+}
+
+void addTexts(std::vector<Field>& fields, int row, const std::array<int, 10>& ids, int laterRow, int laterId) {
+    int n = 0;
+    for (const int id : ids)
+        fields.push_back(variable(row++, id, FieldKind::Text, fmt::format("text {}", ++n)));
+    while (n < 30)
+        fields.push_back(variable(laterRow++, laterId++, FieldKind::Text, fmt::format("text {}", ++n)));
+}
+
+void addBaseline(std::vector<Field>& fields, int n, int row, int id, std::initializer_list<BaselineElement> elements) {
+    for (const BaselineElement& element : elements)
+        fields.push_back(
+            variable(row + element.row, id + element.id, element.kind, fmt::format("baseline {} {}", n, element.what)));
 }
 
 std::uint16_t sizeOf(FieldKind kind) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -36,8 +38,19 @@ struct Field {
 /// A fixed field of FixedData, of Fixed2Data, an element of Var2Data, a flag of a meta record.
 [[nodiscard]] Field first(std::uint16_t row, std::uint16_t offset, std::uint16_t id, FieldKind kind, std::string name);
 [[nodiscard]] Field second(std::uint16_t row, std::uint16_t offset, std::uint16_t id, FieldKind kind, std::string name);
-[[nodiscard]] Field variable(std::uint16_t row, std::uint16_t id, FieldKind kind, std::string name);
+[[nodiscard]] Field variable(int row, int id, FieldKind kind, std::string name);
 [[nodiscard]] Field flag(std::uint16_t row, std::uint16_t number, std::uint16_t id, std::string name);
+
+/// Adds the 30 text fields. The first ten have ids of their own; the others' ids and all map rows rise by one.
+void addTexts(std::vector<Field>& fields, int row, const std::array<int, 10>& ids, int laterRow, int laterId);
+/// An element of a baseline, counted from the baseline's first map row and first id.
+struct BaselineElement {
+    int row, id;
+    FieldKind kind;
+    const char* what;
+};
+/// Adds the elements of the n-th baseline.
+void addBaseline(std::vector<Field>& fields, int n, int row, int id, std::initializer_list<BaselineElement> elements);
 
 /// The layout of one kind of row: every field that is written, and the sizes of its rows and records.
 struct FieldTable {

@@ -1,9 +1,5 @@
 #include "FieldTable.h"
 
-#include <fmt/format.h>
-
-#include <array>
-
 namespace brackwater::layout {
 
 namespace {
@@ -45,7 +41,7 @@ void addFirstBlock(std::vector<Field>& fields) {
                                 });
 }
 
-void addTexts(std::vector<Field>& fields) {
+void addTextsAndNotes(std::vector<Field>& fields) {
     fields.insert(fields.end(), {
                                     variable(43, 1, Text, "name"),
                                     variable(44, 85, Block, "element of type 85"), // meaning unknown, always 2
@@ -54,13 +50,7 @@ void addTexts(std::vector<Field>& fields) {
                                     variable(47, 10, Text, "code"),
                                     variable(48, 35, Text, "e-mail address"),
                                 });
-    constexpr std::array<std::uint16_t, 10> oldTexts{8, 9, 30, 31, 32, 97, 98, 99, 100, 101};
-    for (std::uint16_t i = 0; i < 10; ++i)
-        fields.push_back(
-            variable(static_cast<std::uint16_t>(52 + i), oldTexts.at(i), Text, fmt::format("text {}", i + 1)));
-    for (std::uint16_t i = 0; i < 20; ++i)
-        fields.push_back(variable(static_cast<std::uint16_t>(62 + i), static_cast<std::uint16_t>(225 + i), Text,
-                                  fmt::format("text {}", i + 11)));
+    addTexts(fields, 52, {8, 9, 30, 31, 32, 97, 98, 99, 100, 101}, 62, 225);
     fields.push_back(variable(206, 20, Block, "notes"));
 }
 
@@ -77,13 +67,8 @@ void addSecondBlock(std::vector<Field>& fields) {
 }
 
 void addBaselines(std::vector<Field>& fields) {
-    for (int n = 1; n <= 10; ++n) {
-        const int row = 507 + 4 * (n - 1), id = 342 + 10 * (n - 1);
-        fields.push_back(variable(static_cast<std::uint16_t>(row), static_cast<std::uint16_t>(id), Scaled,
-                                  fmt::format("baseline {} work", n)));
-        fields.push_back(variable(static_cast<std::uint16_t>(row + 1), static_cast<std::uint16_t>(id + 1), Scaled,
-                                  fmt::format("baseline {} cost", n)));
-    }
+    for (int n = 1; n <= 10; ++n)
+        addBaseline(fields, n, 507 + 4 * (n - 1), 342 + 10 * (n - 1), {{0, 0, Scaled, "work"}, {1, 1, Scaled, "cost"}});
 }
 
 FieldTable makeResourceFields() {
@@ -99,7 +84,7 @@ FieldTable makeResourceFields() {
                      .secondMetaSize = 49,
                      .fields = {first(0, 0, 27, Number32, "unique id"), first(1, 4, 0, Number32, "id")}};
     addFirstBlock(table.fields);
-    addTexts(table.fields);
+    addTextsAndNotes(table.fields);
     addSecondBlock(table.fields);
     addBaselines(table.fields);
     return table;

@@ -1,9 +1,5 @@
 #include "FieldTable.h"
 
-#include <fmt/format.h>
-
-#include <array>
-
 namespace brackwater::layout {
 
 namespace {
@@ -82,15 +78,9 @@ void addFirstBlock(std::vector<Field>& fields) {
                                 });
 }
 
-void addTexts(std::vector<Field>& fields) {
+void addTextsAndNotes(std::vector<Field>& fields) {
     fields.push_back(variable(115, 14, Text, "title"));
-    constexpr std::array<std::uint16_t, 10> oldTexts{51, 54, 57, 60, 63, 66, 67, 68, 69, 70};
-    for (std::uint16_t i = 0; i < 10; ++i)
-        fields.push_back(
-            variable(static_cast<std::uint16_t>(118 + i), oldTexts.at(i), Text, fmt::format("text {}", i + 1)));
-    for (std::uint16_t i = 0; i < 20; ++i)
-        fields.push_back(variable(static_cast<std::uint16_t>(194 + i), static_cast<std::uint16_t>(317 + i), Text,
-                                  fmt::format("text {}", i + 11)));
+    addTexts(fields, 118, {51, 54, 57, 60, 63, 66, 67, 68, 69, 70}, 194, 317);
     fields.push_back(variable(288, 15, Block, "notes"));
 }
 
@@ -110,19 +100,14 @@ void addSecondBlock(std::vector<Field>& fields) {
 // Baselines 1 to 10, ten map rows and eleven ids each; baseline 5's ids are followed by a gap.
 void addBaselines(std::vector<Field>& fields) {
     for (int n = 1; n <= 10; ++n) {
-        const int row = 315 + 10 * (n - 1);
         const int id = n <= 5 ? 482 + 11 * (n - 1) : 544 + 11 * (n - 6);
-        const auto add = [&](int rowInBaseline, int idInBaseline, FieldKind kind, const char* what) {
-            fields.push_back(variable(static_cast<std::uint16_t>(row + rowInBaseline),
-                                      static_cast<std::uint16_t>(id + idInBaseline), kind,
-                                      fmt::format("baseline {} {}", n, what)));
-        };
-        add(0, 0, Date, "start");
-        add(1, 1, Date, "finish");
-        add(2, 2, Scaled, "cost");
-        add(3, 3, Scaled, "work");
-        add(4, 5, Number32, "duration");
-        add(5, 6, Number16, "duration units");
+        addBaseline(fields, n, 315 + 10 * (n - 1), id,
+                    {{0, 0, Date, "start"},
+                     {1, 1, Date, "finish"},
+                     {2, 2, Scaled, "cost"},
+                     {3, 3, Scaled, "work"},
+                     {4, 5, Number32, "duration"},
+                     {5, 6, Number16, "duration units"}});
     }
 }
 
@@ -140,7 +125,7 @@ FieldTable makeTaskFields() {
                      .fields = {first(0, 0, 86, Number32, "unique id"), first(1, 4, 23, Number32, "id")}};
     addFlags(table.fields);
     addFirstBlock(table.fields);
-    addTexts(table.fields);
+    addTextsAndNotes(table.fields);
     addSecondBlock(table.fields);
     addBaselines(table.fields);
     table.fields.push_back(variable(927, 1252, Block, "sheet counters")); // meaning unknown, in the project's row only
