@@ -1,6 +1,7 @@
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 
 #include "support/CompoundFile.h"
+#include "support/Environment.h"
 #include "support/LogCapture.h"
 #include "support/PlanBundle.h"
 #include "support/TempFolder.h"
@@ -22,10 +23,8 @@ using testing::StartsWith;
 class Runner : public testing::Test {
 protected:
     void SetUp() override {
-        setenv("XDG_CONFIG_HOME", _folder.path("config").c_str(), 1);
         test::writeCompoundFile(_template, {test::compObj2007(), test::stream("Other", test::patternBytes(5000))});
     }
-    void TearDown() override { unsetenv("XDG_CONFIG_HOME"); }
 
     void setPreferences(const std::string& lines) const {
         _folder.write("config/lanthorn.Tarnwick2.MSPExportMPP.conf", "[Preferences]\n" + lines);
@@ -58,6 +57,7 @@ protected:
     }
 
     test::TempFolder _folder;
+    const test::ScopedEnvironment _preferencesFolder{"XDG_CONFIG_HOME", _folder.path("config").c_str()};
     const std::string _template = _folder.path("Template.mpp");
 };
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "support/Environment.h"
+
+#include <ctime>
 #include <optional>
 #include <string>
 
@@ -8,13 +11,19 @@ namespace brackwater::test {
 /// Sets TZ while it lives and puts back what was there before.
 class ScopedTimeZone {
 public:
-    explicit ScopedTimeZone(const std::string& zone);
-    ~ScopedTimeZone();
+    explicit ScopedTimeZone(const std::string& zone) {
+        _tz.emplace("TZ", zone.c_str());
+        tzset();
+    }
+    ~ScopedTimeZone() {
+        _tz.reset();
+        tzset();
+    }
     ScopedTimeZone(const ScopedTimeZone&) = delete;
     ScopedTimeZone& operator=(const ScopedTimeZone&) = delete;
 
 private:
-    std::optional<std::string> _before;
+    std::optional<ScopedEnvironment> _tz;
 };
 
 } // namespace brackwater::test
