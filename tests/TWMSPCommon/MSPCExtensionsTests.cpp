@@ -132,6 +132,21 @@ TEST(OneLineTexts, CdataKeepsItsCharacterReferencesButNoLineEnds) {
     EXPECT_EQ(stringByReplacingOccurrencesOfNewline(" <![CDATA[a&#x0A;b]]>"), " <![CDATA[a b]]>");
 }
 
+TEST(ElementBuilding, PartsStandInTheOrderOfTheirPlaces) {
+    const auto document = XMLDocument::withRootElement("p");
+    const XMLElement root = document->rootElement();
+    addChildElementWithName(root, "last", "x < y");
+    insertChildElementWithName(root, "first", 0);
+    insertChildElementWithName(root, "second", "2", 1);
+    insertComment(root, "between", 2);
+    insertComment(root, std::nullopt, 0);
+    addComment(root, "end");
+    EXPECT_EQ(root.description(),
+              "<p><!----><first/><second>2</second><!--between--><last>x &lt; y</last><!--end--></p>");
+    test::expectException(kRangeException, "Index 7 is out of the bounds of the children of element 'p'.",
+                          [&root] { insertChildElementWithName(root, "none", "", 7); });
+}
+
 TEST(ElementBuilding, AttributeWithoutAValueIsMadeOrKept) {
     const auto document = XMLDocument::withRootElement("p");
     const XMLElement root = document->rootElement();
