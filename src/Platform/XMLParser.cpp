@@ -11,7 +11,6 @@
 #include <libxml/xmlerror.h>
 
 #include <array>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <span>

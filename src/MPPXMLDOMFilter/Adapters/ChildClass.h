@@ -3,8 +3,6 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAdapter.h"
 #include "Platform/Exception.h"
 
-#include <fmt/format.h>
-
 namespace brackwater {
 
 /// A parent's check of a child that it was given: there must be one.

@@ -6,8 +6,6 @@
 #include "Platform/Exception.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 
-#include <fmt/format.h>
-
 namespace brackwater {
 
 namespace {
