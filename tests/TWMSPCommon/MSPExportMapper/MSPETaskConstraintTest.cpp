@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace brackwater::test {
 
 namespace {
@@ -17,6 +19,9 @@ struct Row {
     bool projectFromStart;
     int type; ///< -1: no constraint
     int day;
+
+    // Byte by byte, which is how it would be shown else, includes bytes that nobody has set.
+    friend void PrintTo(const Row& row, std::ostream* out) { *out << row.items; }
 };
 
 std::string withDates(std::string_view shorthand) {
