@@ -46,9 +46,7 @@ endif()
 add_library(brackwater_allocator INTERFACE)
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   find_package(mimalloc 2.0 REQUIRED)
-  # Most code does not name the library, so the linker must be told to keep it: it takes the place of the C library's
-  # functions.
-  target_compile_definitions(brackwater_allocator INTERFACE BRACKWATER_MIMALLOC)
+  # No code names the library, so the linker must be told to keep it: it takes the place of the C library's functions.
   target_link_libraries(brackwater_allocator INTERFACE -Wl,--push-state,--no-as-needed mimalloc -Wl,--pop-state)
 endif()
 
