@@ -9,10 +9,15 @@ namespace brackwater {
 
 namespace {
 
+void appendNumber(std::uint64_t number, std::string& text) {
+    const fmt::format_int digits(number);
+    text.append(digits.data(), digits.size());
+}
+
 template <typename Record>
 void appendIdOf(const Record* record, std::string& text) {
     if (record)
-        text.append("ID=").append(fmt::format_int(record->ID).c_str());
+        appendNumber(record->ID, text += "ID=");
     else
         text += "<null>";
 }
@@ -26,7 +31,8 @@ std::string MPPAssignment::description() const {
 }
 
 void MPPAssignment::appendDescriptionTo(std::string& text) const {
-    text.append("<MPPAssignment>: ID=").append(fmt::format_int(ID).c_str()).append(" task: ");
+    appendNumber(ID, text += "<MPPAssignment>: ID=");
+    text += " task: ";
     appendIdOf(task.pointer(), text);
     text += " resource: ";
     appendIdOf(resource.pointer(), text);
