@@ -51,8 +51,8 @@ inline void prefetchTasksOf(const MPPConstraint& constraint) {
 /// one, which is at hand by then: a long list lies far outside the processor's caches.
 template <typename Record>
 void prefetchRecordAhead(const std::vector<std::shared_ptr<Record>>& records, std::size_t index) {
-    constexpr std::size_t kAhead = 8;
-    constexpr std::size_t kTasksAhead = 3;
+    constexpr std::size_t kAhead = 16;
+    constexpr std::size_t kTasksAhead = 8;
     constexpr std::size_t kCacheLine = 64;
     if (index + kAhead >= records.size())
         return;
