@@ -46,8 +46,9 @@ endif()
 add_library(brackwater_allocator INTERFACE)
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   find_package(mimalloc 2.0 REQUIRED)
-  # No code names the library, so the linker must be told to keep it: it takes the place of the C library's functions.
-  target_link_libraries(brackwater_allocator INTERFACE -Wl,--push-state,--no-as-needed mimalloc -Wl,--pop-state)
+  # No code names the library, so the linker must be told to keep it: it takes the place of the C library's functions. It
+  # comes behind the C++ library, whose `new` raises an exception where memory runs out; its own ends the process.
+  target_link_libraries(brackwater_allocator INTERFACE stdc++ -Wl,--push-state,--no-as-needed mimalloc -Wl,--pop-state)
 endif()
 
 # brackwater_library(NAME LINKS target...): the sources of the current folder (not of folders below it) as a library.

@@ -2,6 +2,7 @@
 #include "ToolTest.h"
 
 #include "support/CompoundFile.h"
+#include "support/ScenarioBuilder.h"
 #include "support/SmallDisk.h"
 
 #include <gmock/gmock.h>
@@ -77,6 +78,33 @@ TEST_F(Output, LimitOnTheSizeOfFilesFailsTheExportInsteadOfEndingTheProcess) {
     expectFailedExport();
     EXPECT_TRUE(namesIn(_out).empty());
 }
+
+// The sanitizers take all addresses for themselves.
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(Output, MemoryThatRunsOutFailsTheExport) {
+    constexpr int kTasks = 40'000;
+    constexpr std::size_t kMegabyte = 1'000'000;
+    std::string ids;
+    for (int number = 1; number <= kTasks; ++number)
+        ids += (number == 1 ? "t" : ",t") + std::to_string(number);
+    auto scenario = ScenarioBuilder::withRoots("", ids);
+    for (int number = 1; number <= kTasks; ++number)
+        scenario.task("t" + std::to_string(number));
+    _folder.write("Plan.zelb/plan.xml", scenario.text());
+
+    int failures = 0;
+    for (_mostMemory = 120 * kMegabyte; _mostMemory < 1000 * kMegabyte; _mostMemory += 20 * kMegabyte) {
+        ASSERT_EQ(exportTo(_folder.path("out/Plan.mpp")).exitStatus, 0) << _mostMemory << "\n" << log();
+        if (logHas("### Exporter SUCCEEDED."))
+            break;
+        ++failures;
+        EXPECT_TRUE(logHas("### Exporter FAILED.")) << _mostMemory;
+        EXPECT_TRUE(namesIn(_out).empty()) << _mostMemory;
+    }
+    EXPECT_GE(failures, 2);
+    EXPECT_THAT(namesIn(_out), UnorderedElementsAre("Plan.mpp"));
+}
+#endif
 
 // Where permission bits bind nobody, a file system that is mounted for reading stands in for them.
 class ReadOnlyFolder {

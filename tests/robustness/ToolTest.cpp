@@ -6,8 +6,9 @@
 namespace brackwater::test {
 
 pid_t ToolTest::startExport(const std::string& output, const std::string& fault) {
-    ToolStart start{
-        BRACKWATER_TOOL, {"--template-path", _template, _bundle, output}, {}, _folder.path("log"), _mostBytesOfAFile};
+    ToolStart start{BRACKWATER_TOOL, {"--template-path", _template, _bundle, output}, {}, _folder.path("log")};
+    start.mostBytesOfAFile = _mostBytesOfAFile;
+    start.mostMemory = _mostMemory;
     start.environment["XDG_CONFIG_HOME"] = _folder.path("config");
     start.environment["TZ"] = "UTC";
     if (!fault.empty()) {

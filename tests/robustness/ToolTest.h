@@ -35,7 +35,8 @@ protected:
     const std::string _bundle = writeBundle(_folder, "Plan.zelb");
     const std::string _template = std::string(BRACKWATER_BINARY_DIR) + "/share/Template.mpp";
     const std::string _out = _folder.makeFolder("out");
-    rlim_t _mostBytesOfAFile = 0;
+    std::size_t _mostBytesOfAFile = 0;
+    std::size_t _mostMemory = 0;
 };
 
 } // namespace brackwater::test

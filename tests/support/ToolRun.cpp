@@ -24,12 +24,14 @@ namespace {
     // As a shell starts it, whatever the test's process does with these signals.
     for (const int signalNumber : {SIGXFSZ, SIGINT, SIGQUIT, SIGHUP, SIGTERM})
         std::signal(signalNumber, SIG_DFL);
+    // Limits are not set here: what a build with coverage counters writes in between would meet them first. Nor may the
+    // tool cut off the files of such counters.
     std::vector<std::string> command;
     if (start.mostBytesOfAFile != 0) {
-        // Not set here: what a build with coverage counters writes in between would meet the limit first. Nor may the
-        // tool cut off the files of such counters.
         command = {"prlimit", "--fsize=" + std::to_string(start.mostBytesOfAFile)};
         setenv("GCOV_PREFIX", (start.logPath + "-counters").c_str(), 1);
+    } else if (start.mostMemory != 0) {
+        command = {"prlimit", "--as=" + std::to_string(start.mostMemory)};
     }
     command.push_back(start.program);
     command.insert(command.end(), start.arguments.begin(), start.arguments.end());

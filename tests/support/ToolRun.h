@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
-#include <sys/resource.h>
 #include <sys/types.h>
 #include <vector>
 
@@ -13,8 +13,9 @@ struct ToolStart {
     std::string program;                ///< its path
     std::vector<std::string> arguments; ///< behind its name
     std::map<std::string, std::string> environment;
-    std::string logPath;         ///< takes standard error
-    rlim_t mostBytesOfAFile = 0; ///< 0: no limit
+    std::string logPath;              ///< takes standard error
+    std::size_t mostBytesOfAFile = 0; ///< 0: no limit
+    std::size_t mostMemory = 0;       ///< in bytes of addresses; 0: no limit
 };
 
 /// How it ended.
