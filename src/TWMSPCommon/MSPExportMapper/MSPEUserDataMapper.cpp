@@ -44,8 +44,8 @@ MSPEUserDataMapper::newExtendedAttributesFromUserData(XMLElement userData) {
 }
 
 std::optional<std::string> MSPEUserDataMapper::getExtendedAttributeIdByName(std::string_view key) const {
-    const auto found = _extendedAttributeIds.find(key);
-    return found != _extendedAttributeIds.end() ? std::optional(found->second) : std::nullopt;
+    const std::string* id = _extendedAttributeIds.find(key);
+    return id != nullptr ? std::optional(*id) : std::nullopt;
 }
 
 std::string MSPEUserDataMapper::addExtendedAttribute(std::string_view key) {
@@ -56,7 +56,7 @@ std::string MSPEUserDataMapper::addExtendedAttribute(std::string_view key) {
     const std::size_t position = _extendedAttributeIds.size();
     const std::size_t firstField = _isTask ? kFirstTaskTextField : kFirstResourceTextField;
     std::string id = std::to_string(firstField + position * kTextFieldStep);
-    _extendedAttributeIds.emplace(key, id);
+    _extendedAttributeIds.tryAdd(key, id);
 
     auto definition = std::make_shared<MSPEXMLExtendedAttributeAdapter>("ExtendedAttribute", mapper());
     definition->addChildElementWithName("FieldID", id);

@@ -2,7 +2,7 @@
 
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEObjectMapperBase.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEStringMap.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEOrderedMap.h"
 
 #include <memory>
 #include <optional>
@@ -31,7 +31,7 @@ public:
 
 private:
     bool _isTask;
-    MSPEStringMap<std::string> _extendedAttributeIds;
+    MSPEOrderedMap<std::string, std::string> _extendedAttributeIds;
 };
 
 } // namespace brackwater
