@@ -118,10 +118,10 @@ void MSPEProjectMapper::indexTasks() {
     _scheduledTasks.reserve(count);
     _taskUidToIdMap.reserve(count);
     forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
-        const MSPEScheduledTaskInfo& info = _taskInfos.emplace_back(element);
+        const MSPEScheduledTaskInfo* info = &_taskInfos.emplace_back(element);
         // Of several tasks with one id the last counts.
-        _scheduledTasks.set(info.uid(), &info);
-        _hasLinks = _hasLinks || !info.prerequisites().empty();
+        _scheduledTasks.set(info->uid(), info);
+        _hasLinks = _hasLinks || !info->prerequisites().empty();
     });
 }
 
