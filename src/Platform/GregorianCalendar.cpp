@@ -4,12 +4,13 @@
 #include "Platform/TimeZoneRules.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace brackwater {
 namespace {
 
 std::int64_t wholeSeconds(Date date) {
-    const auto seconds = saturatingFloor<std::int64_t>(date.secondsSince1970);
+    const auto seconds = saturatingCut<std::int64_t>(std::floor(date.secondsSince1970));
     return std::clamp(seconds, -kLastWallSecond, kLastWallSecond);
 }
 

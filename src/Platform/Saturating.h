@@ -25,14 +25,4 @@ template <typename Integer>
     return static_cast<Integer>(value);
 }
 
-/// The same, cut towards negative infinity; for signed types. Dates go through here by the million: no function is
-/// called.
-template <typename Integer>
-[[nodiscard]] Integer saturatingFloor(double value) noexcept {
-    static_assert(std::is_signed_v<Integer>);
-    const Integer cut = saturatingCut<Integer>(value);
-    const bool wasRaised = static_cast<double>(cut) > value && cut > std::numeric_limits<Integer>::min();
-    return wasRaised ? cut - 1 : cut;
-}
-
 } // namespace brackwater

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <unicode/timezone.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <string_view>
 #include <unordered_map>
@@ -16,7 +17,7 @@ namespace {
 
 using SharedRules = std::shared_ptr<const TimeZone::Rules>;
 
-std::int64_t wholeSeconds(Date date) { return saturatingFloor<std::int64_t>(date.secondsSince1970); }
+std::int64_t wholeSeconds(Date date) { return saturatingCut<std::int64_t>(std::floor(date.secondsSince1970)); }
 
 SharedRules rulesOfUTC() {
     static const SharedRules rules = std::make_shared<TimeZone::Rules>("UTC", 0);

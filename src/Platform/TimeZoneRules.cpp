@@ -8,6 +8,7 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace brackwater {
 namespace {
@@ -17,7 +18,7 @@ constexpr double kMillisecondsPerSecond = 1000.0;
 constexpr double kTableEnd = 5'680'281'600.0 * kMillisecondsPerSecond;
 
 std::int64_t wholeSeconds(double milliseconds) {
-    return saturatingFloor<std::int64_t>(milliseconds / kMillisecondsPerSecond);
+    return saturatingCut<std::int64_t>(std::floor(milliseconds / kMillisecondsPerSecond));
 }
 
 TimeZone::Rules::Offset offsetFrom(std::int32_t rawMilliseconds, std::int32_t daylightMilliseconds) {

@@ -98,22 +98,6 @@ TEST(Saturating, CutsTowardsZeroAndStaysWithinTheType) {
     EXPECT_EQ(saturatingCut<std::uint64_t>(18446744073709551615.0), std::numeric_limits<std::uint64_t>::max());
 }
 
-TEST(Saturating, FloorsAsTheLibraryDoes) {
-    const auto floors = [](double value) {
-        EXPECT_EQ(saturatingFloor<std::int64_t>(value), saturatingCut<std::int64_t>(std::floor(value))) << value;
-        EXPECT_EQ(saturatingFloor<std::int32_t>(value), saturatingCut<std::int32_t>(std::floor(value))) << value;
-    };
-    for (const double limit : {0.0, 1.0, 2147483648.0, 4503599627370496.0, 9223372036854775808.0})
-        for (const double sign : {1.0, -1.0})
-            for (const double beside :
-                 {limit * sign, limit * sign - 0.5, limit * sign + 0.5, std::nextafter(limit * sign, HUGE_VAL),
-                  std::nextafter(limit * sign, -HUGE_VAL)})
-                floors(beside);
-    for (const double value : {HUGE_VAL, -HUGE_VAL, -0.0, 5e-324, -5e-324})
-        floors(value);
-    EXPECT_EQ(saturatingFloor<std::int64_t>(std::nan("")), 0);
-}
-
 TEST(Guid, RandomOnesAreDistinctAndOfVersionFour) {
     std::set<std::string> texts;
     for (int i = 0; i < 1000; ++i) { // more than one fetch of random bytes

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <tuple>
 
@@ -46,7 +47,7 @@ constexpr std::array<std::uint8_t, sizeof(Unsigned)> littleEndian(Unsigned value
 /// Seconds from day 0 to the date, both read on the wall clock of the system zone.
 std::int64_t wallSecondsSinceDayZero(Date date, const TimeZone& systemZone) {
     const auto second =
-        std::clamp(saturatingFloor<std::int64_t>(date.secondsSince1970), -kFarthestSecond, kFarthestSecond);
+        std::clamp(saturatingCut<std::int64_t>(std::floor(date.secondsSince1970)), -kFarthestSecond, kFarthestSecond);
     return second + systemZone.secondsFromGMT(date) - kDayZero;
 }
 

@@ -4,6 +4,7 @@
 #include "TWMSPCommon/MSPCDateComponents.h"
 
 #include <array>
+#include <cmath>
 
 namespace brackwater::usualdates {
 namespace {
@@ -133,7 +134,7 @@ std::optional<Date> dateFromMspdi(std::string_view text, const TimeZone& zone) {
 }
 
 std::optional<std::string> zelbFromDate(Date date, const TimeZone& zone) {
-    const auto seconds = saturatingFloor<std::int64_t>(date.secondsSince1970);
+    const auto seconds = saturatingCut<std::int64_t>(std::floor(date.secondsSince1970));
     if (seconds > kLastWallSecond || seconds < -kLastWallSecond)
         return std::nullopt;
     auto line = lineOfWallSeconds(seconds + zone.secondsFromGMT(date));
