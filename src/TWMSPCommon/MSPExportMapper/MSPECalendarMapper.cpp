@@ -92,7 +92,10 @@ MSPECalendarMapper::MSPECalendarMapper(MSPEMapper* mapper)
 
 // Collecting: one schedule a resource.
 
-void MSPECalendarMapper::reserve(std::size_t resources) { _scheduleInfos.reserve(resources); }
+void MSPECalendarMapper::reserve(std::size_t resources) {
+    _scheduleInfoMap.reserve(resources);
+    _scheduleInfoKeys.reserve(resources);
+}
 
 std::int64_t MSPECalendarMapper::mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent) {
     std::int64_t calendarUID = 0;
@@ -124,7 +127,8 @@ MSPECalendarMapper::newCalendarFromZelbResource(XMLElement resource, std::option
     assertThat(key.has_value(), "Failed to find arrtibute '{}' in element '{}'.", "id", resource.name());
 
     MSPEScheduleInfo& info =
-        _scheduleInfos.set(*key, MSPEScheduleInfo(resource, parentKey, calendarUID, std::move(name)));
+        _scheduleInfoMap.set(*key, MSPEScheduleInfo(resource, parentKey, calendarUID, std::move(name)));
+    _scheduleInfoKeys.push_back(&info);
     if (const std::optional<XMLElement> schedule = singleObjectForXQuery(resource, XMLQuery("schedule"))) {
         mapSchedule(*schedule, info);
     } else if (calendarUID != kTopCalendarUID) {
@@ -144,8 +148,8 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
     top->ensureProjetDefaultWeekDays();
     fixCalendarHierarchy();
 
-    for (auto& entry : _scheduleInfos) {
-        MSPEScheduleInfo& info = entry.value;
+    for (MSPEScheduleInfo* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry;
         MSPEScheduleInfo& emitted = info.flatCopy ? *info.flatCopy : info;
         emitted.calendar = MSPEXMLCalendarAdapter::elementWithName("Calendar", mapper());
         _calendars->addChild(emitted.calendar);
@@ -154,8 +158,8 @@ void MSPECalendarMapper::buildCalendarHierarchy() {
 }
 
 void MSPECalendarMapper::fixCalendarHierarchy() {
-    for (auto& entry : _scheduleInfos) {
-        MSPEScheduleInfo& info = entry.value;
+    for (MSPEScheduleInfo* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry;
         if (!info.parentKey())
             continue;
         info.parentInfo = scheduleInfo(*info.parentKey());
@@ -164,8 +168,8 @@ void MSPECalendarMapper::fixCalendarHierarchy() {
     }
 
     // What other schedules hang on becomes a base calendar: itself at the top, else a copy that inherits nothing.
-    for (auto& entry : _scheduleInfos) {
-        MSPEScheduleInfo& info = entry.value;
+    for (MSPEScheduleInfo* entry : _scheduleInfoKeys) {
+        MSPEScheduleInfo& info = *entry;
         if (!info.isParentSchedule || info.isBaseCalendar)
             continue;
         if (!info.parentKey()) {
@@ -198,7 +202,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
     const MSPEScheduleInfo* current = &info;
     for (std::size_t steps = 0; !workingTimes; ++steps) {
         // A parent that hangs on its own descendant has no top above it either.
-        assertThat(current->parentKey() && steps < _scheduleInfos.size(),
+        assertThat(current->parentKey() && steps < _scheduleInfoKeys.size(),
                    "We should eventually find working times, at least in Project default schedule.");
         current = current->parentInfo;
         assertThat(current != nullptr, "Schedule info has no parent info.");
@@ -218,7 +222,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
 void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const {
     const MSPEScheduleInfo* source = &info;
     for (std::size_t steps = 0; !source->hasOvertimeData() && !source->hasTimeOffData() && source->parentKey() &&
-                                steps < _scheduleInfos.size();
+                                steps < _scheduleInfoKeys.size();
          ++steps) {
         const MSPEScheduleInfo* parent = source->parentInfo;
         assertThat(parent != nullptr, "Non-root schedule info has no parent info.");
@@ -250,6 +254,6 @@ std::int64_t MSPECalendarMapper::baseCalendarUID(const MSPEScheduleInfo& info) c
     return parent->flatCopy->calendarUID;
 }
 
-MSPEScheduleInfo* MSPECalendarMapper::scheduleInfo(const std::string& key) { return _scheduleInfos.find(key); }
+MSPEScheduleInfo* MSPECalendarMapper::scheduleInfo(const std::string& key) { return _scheduleInfoMap.find(key); }
 
 } // namespace brackwater

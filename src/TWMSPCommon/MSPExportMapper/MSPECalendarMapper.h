@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brackwater {
 
@@ -31,7 +32,7 @@ public:
     /// Collects a resource's schedule; `parent` is nothing for the top resource only. Gives the calendar's unique id.
     std::int64_t mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent);
     /// Whether the resource with this id has been mapped.
-    [[nodiscard]] bool hasScheduleOf(std::string_view resourceId) const { return _scheduleInfos.find(resourceId); }
+    [[nodiscard]] bool hasScheduleOf(std::string_view resourceId) const { return _scheduleInfoMap.find(resourceId); }
     void setTopScheduleKey(std::string key) { _topScheduleKey = std::move(key); }
     [[nodiscard]] const std::string& topScheduleKey() const noexcept { return _topScheduleKey; }
     /// Emits all calendars; called once after all resources.
@@ -44,7 +45,7 @@ public:
 
 private:
     using ScheduleInfoPointer = std::shared_ptr<MSPEScheduleInfo>;
-    using ScheduleInfos = MSPEOrderedMap<std::string, MSPEScheduleInfo>;
+    using ScheduleInfoMap = MSPEOrderedMap<std::string, MSPEScheduleInfo>;
 
     [[nodiscard]] std::shared_ptr<MSPEXMLCalendarAdapter>
     newCalendarFromZelbResource(XMLElement resource, std::optional<XMLElement> parent, std::int64_t& calendarUID);
@@ -62,7 +63,9 @@ private:
 
     std::shared_ptr<Calendars> _calendars;
     std::shared_ptr<MSPEXMLCalendarAdapter> _calendar;
-    ScheduleInfos _scheduleInfos; ///< by the resource's id
+    ScheduleInfoMap _scheduleInfoMap; ///< by the resource's id
+    /// The map's schedules in order of arrival; a resource that came twice is here twice.
+    std::vector<MSPEScheduleInfo*> _scheduleInfoKeys;
     std::string _topScheduleKey;
 };
 

@@ -69,8 +69,6 @@ public:
     [[nodiscard]] std::size_t size() const noexcept { return _entries.size(); }
     [[nodiscard]] auto begin() const { return _entries.begin(); }
     [[nodiscard]] auto end() const { return _entries.end(); }
-    [[nodiscard]] auto begin() { return _entries.begin(); }
-    [[nodiscard]] auto end() { return _entries.end(); }
 
 private:
     static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
