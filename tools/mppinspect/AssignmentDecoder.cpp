@@ -1,4 +1,5 @@
 #include "Decoders.h"
+#include "WorkPhases.h"
 
 #include <fmt/format.h>
 
@@ -26,6 +27,7 @@ enum AssignmentField : std::uint16_t {
     kActualCost = 28,
     kRemainingCost = 29,
     kBaselineCost = 32,
+    kContoured = 40,
     kPlannedWork = 49,
     kCompleteWork = 50,
     kDelayUnits = 55,
@@ -59,17 +61,17 @@ std::map<std::size_t, Baseline> readBaselines(const RowReader& row) {
     Baseline current;
     current.start = row.date(kBaselineStart);
     current.finish = row.date(kBaselineFinish);
-    if (current.start || current.finish) {
-        current.work = row.f64(kBaselineWork);
-        current.cost = row.f64(kBaselineCost);
+    current.work = row.f64(kBaselineWork);
+    current.cost = row.f64(kBaselineCost);
+    if (current.start || current.finish || current.work.value_or(0) != 0 || current.cost.value_or(0) != 0)
         baselines.emplace(0, current);
-    }
     for (std::size_t n = 1; n < kBaselines; ++n) {
         const auto field = [n](std::size_t distance) {
             return static_cast<std::uint16_t>(289 + 9 * (n - 1) + distance);
         };
         Baseline baseline;
         baseline.work = row.f64(field(0));
+        baseline.cost = row.f64(field(1));
         baseline.start = row.date(field(6));
         baseline.finish = row.date(field(7));
         if (!baseline.isEmpty())
@@ -84,7 +86,19 @@ std::optional<std::size_t> entriesOf(ByteView block) {
     return count ? std::optional<std::size_t>(*count) : std::nullopt;
 }
 
-Assignment readAssignment(const RowTable& table, const RawRow& raw, std::uint32_t id) {
+void readWorkOverTime(Assignment& assignment, const RowReader& row, Complaints& complaints) {
+    const ByteView planned = row.bytes(kPlannedWork), done = row.bytes(kCompleteWork);
+    assignment.plannedPhases = entriesOf(planned);
+    assignment.completePhases = entriesOf(done);
+    const std::string name = fmt::format("assignment {}", assignment.id);
+    PhaseBlock remaining = remainingWork(planned, name, complaints);
+    assignment.remaining = std::move(remaining.phases);
+    assignment.complete = completeWork(done, name, complaints).phases;
+    constexpr std::uint16_t contoured = 8;
+    assignment.contour = row.flag(kContoured) ? contoured : remaining.contour;
+}
+
+Assignment readAssignment(const RowTable& table, const RawRow& raw, std::uint32_t id, Complaints& complaints) {
     const RowReader row(table, raw, id);
     Assignment assignment;
     assignment.row = raw.number;
@@ -109,8 +123,7 @@ Assignment readAssignment(const RowTable& table, const RawRow& raw, std::uint32_
     assignment.remainingCost = row.f64(kRemainingCost).value_or(0);
     assignment.baselines = readBaselines(row);
     assignment.notes = row.note(kNotes);
-    assignment.plannedPhases = entriesOf(row.bytes(kPlannedWork));
-    assignment.completePhases = entriesOf(row.bytes(kCompleteWork));
+    readWorkOverTime(assignment, row, complaints);
     assignment.guid = row.guid(kGuid);
     assignment.taskGuid = row.guid(kTaskGuid);
     assignment.resourceGuid = row.guid(kResourceGuid);
@@ -165,11 +178,12 @@ void decodeAssignments(const DecodeContext& context) {
         if (table.var.elementsOf(*id).empty())
             complaints.add(kAssignments.storage, "an assignment without elements in Var2Data: readers drop it",
                            rowName(raw));
-        assignments.push_back(readAssignment(table, raw, *id));
+        assignments.push_back(readAssignment(table, raw, *id, complaints));
     }
     table.var.checkOwners(checkIds(assignments, &Assignment::id, kAssignments.storage, complaints),
                           kAssignments.storage, complaints);
     checkReferences(context.out, complaints);
+    arrangePieces(context.out);
 }
 
 } // namespace brackwater::inspect

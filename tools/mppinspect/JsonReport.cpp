@@ -5,13 +5,14 @@
 #include <fmt/format.h>
 
 #include <concepts>
+#include <unordered_map>
 
 namespace brackwater::inspect {
 
 namespace {
 
 /// Grows when a key is taken away or changes its meaning; new keys leave it.
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 
 double hoursOf(double thousandthsOfMinutes) { return thousandthsOfMinutes / 60'000; }
 double wholeOf(double hundredths) { return hundredths / 100; }
@@ -32,7 +33,8 @@ public:
         add("version", kVersion);
         addDocument(project);
         addProject(project);
-        addList("tasks", project.tasks, [this](const Task& task) { addTask(task); });
+        const Predecessors predecessors = predecessorsOf(project);
+        addList("tasks", project.tasks, [&](const Task& task) { addTask(task, predecessors); });
         addList("resources", project.resources, [this](const Resource& resource) { addResource(resource); });
         addList("assignments", project.assignments,
                 [this](const Assignment& assignment) { addAssignment(assignment); });
@@ -49,6 +51,15 @@ public:
     }
 
 private:
+    using Predecessors = std::unordered_map<std::uint32_t, std::vector<const Link*>>;
+
+    static Predecessors predecessorsOf(const ProjectFile& project) {
+        Predecessors predecessors;
+        for (const Link& link : project.links)
+            predecessors[link.successor].push_back(&link);
+        return predecessors;
+    }
+
     // Values.
 
     void add(std::string_view key, std::string_view text) {
@@ -164,10 +175,36 @@ private:
             add("duration", baseline.duration);
             add("work", hoursOf(baseline.work));
             add("cost", wholeOf(baseline.cost));
+            add("fixedCost", wholeOf(baseline.fixedCost));
         });
     }
 
-    void addTask(const Task& task) {
+    void addPieces(const std::vector<Piece>& pieces) {
+        addList("pieces", pieces, [this](const Piece& piece) {
+            add("start", piece.start);
+            add("finish", piece.finish);
+        });
+    }
+
+    void addPhases(std::string_view key, const std::vector<WorkPhase>& phases) {
+        addList(key, phases, [this](const WorkPhase& phase) {
+            add("work", hoursOf(phase.work));
+            add("minutes", static_cast<double>(phase.tenths) / 10);
+            add("units", wholeOf(phase.units));
+        });
+    }
+
+    void addPredecessors(const Task& task, const Predecessors& predecessors) {
+        static const std::vector<const Link*> none;
+        const auto found = predecessors.find(task.uniqueId);
+        addList("predecessors", found == predecessors.end() ? none : found->second, [this](const Link* link) {
+            add("taskId", link->predecessor);
+            add("type", linkTypeText(link->type));
+            add("lag", link->lag);
+        });
+    }
+
+    void addTask(const Task& task, const Predecessors& predecessors) {
         add("uniqueId", task.uniqueId);
         add("id", task.id);
         add("guid", task.guid);
@@ -188,11 +225,15 @@ private:
         add("percentComplete", task.percentComplete);
         add("percentWorkComplete", task.percentWorkComplete);
         add("milestone", task.milestone);
+        add("summary", task.summary);
         add("effortDriven", task.effortDriven);
+        add("ignoresResourceCalendars", task.ignoresResourceCalendars);
         add("calendarId", task.calendarId < 0 ? std::nullopt : std::optional(task.calendarId));
         addEffort(task);
         add("fixedCost", wholeOf(task.fixedCost));
         addBaselines(task.baselines);
+        addPieces(task.pieces);
+        addPredecessors(task, predecessors);
         addTexts("texts", task.texts);
         add("notes", task.notes);
     }
@@ -236,6 +277,7 @@ private:
         add("group", resource.group);
         add("code", resource.code);
         add("email", resource.email);
+        add("materialLabel", resource.materialLabel);
         add("calendarId", resource.calendarId);
         add("availableFrom", resource.availableFrom);
         add("availableTo", resource.availableTo);
@@ -271,6 +313,10 @@ private:
         add("regularWork", hoursOf(assignment.regularWork));
         add("plannedPhases", assignment.plannedPhases);
         add("completePhases", assignment.completePhases);
+        add("contour", contourText(assignment.contour));
+        addPhases("completeWork", assignment.complete);
+        addPhases("plannedWork", assignment.remaining);
+        addPieces(assignment.pieces);
         addBaselines(assignment.baselines);
         add("notes", assignment.notes);
     }

@@ -59,9 +59,12 @@ void arrangeOutline(std::vector<Task>& tasks, Complaints& complaints) {
         task.depth = -1;
     for (const std::size_t position : outline.order())
         tasks[position].depth = outline.depth(position);
-    std::map<std::uint32_t, const Task*> byId;
-    for (const Task& task : tasks)
+    std::map<std::uint32_t, Task*> byId;
+    for (Task& task : tasks)
         byId.try_emplace(task.uniqueId, &task);
+    for (const Task& task : tasks)
+        if (const auto parent = task.parentId ? byId.find(*task.parentId) : byId.end(); parent != byId.end())
+            parent->second->summary = true;
     for (Task& task : tasks) {
         if (task.depth < 0) {
             complaints.add("TBkndTask", "a task stands below itself", fmt::format("task {}", task.uniqueId));

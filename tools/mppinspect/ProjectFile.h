@@ -19,8 +19,20 @@ inline constexpr std::size_t kBaselines = 11;
 struct Baseline {
     std::optional<Date> start, finish;
     std::optional<Duration> duration;
-    std::optional<double> work, cost;
-    [[nodiscard]] bool isEmpty() const { return !start && !finish && !duration && !work && !cost; }
+    std::optional<double> work, cost, fixedCost;
+    [[nodiscard]] bool isEmpty() const { return !start && !finish && !duration && !work && !cost && !fixedCost; }
+};
+
+/// Work that goes on evenly for a while; a gap where there is none.
+struct WorkPhase {
+    double work = 0;         ///< of this phase alone
+    std::int64_t tenths = 0; ///< working time that it takes, in tenths of a minute
+    double units = 0;        ///< hundredths of a per cent
+};
+
+/// A stretch of time without an interruption.
+struct Piece {
+    Date start, finish;
 };
 
 /// Texts of custom fields by their position, from 1.
@@ -40,7 +52,9 @@ struct Task {
     std::int32_t calendarId = -1;
     double work = 0, actualWork = 0, remainingWork = 0;
     double cost = 0, fixedCost = 0, actualCost = 0, remainingCost = 0;
-    bool milestone = false, effortDriven = false;
+    bool milestone = false, effortDriven = false, ignoresResourceCalendars = false;
+    bool summary = false;      ///< whether tasks stand below it
+    std::vector<Piece> pieces; ///< in which its assignments are worked on; more than one where it is split
     std::map<std::size_t, Baseline> baselines; ///< by number, from 0
     TextFields texts;
     std::optional<Guid> guid, parentGuid;
@@ -56,6 +70,7 @@ struct Resource {
     std::uint32_t uniqueId = 0, id = 0;
     ResourceKind kind = ResourceKind::Work;
     std::string name, initials, group, code, email, notes;
+    std::string materialLabel; ///< what a material is counted in
     double standardRate = 0, overtimeRate = 0, costPerUse = 0, maximumUnits = 0;
     std::uint16_t standardRateUnits = 0, overtimeRateUnits = 0, accrual = 0;
     std::optional<Date> availableFrom, availableTo;
@@ -78,6 +93,9 @@ struct Assignment {
     std::map<std::size_t, Baseline> baselines;
     std::string notes;
     std::optional<std::size_t> plannedPhases, completePhases; ///< entries of the timephased blocks
+    std::vector<WorkPhase> remaining, complete;               ///< from "resume" and from "start" on
+    std::uint16_t contour = 0;
+    std::vector<Piece> pieces; ///< more than one where the work is interrupted
     std::optional<Guid> guid, taskGuid, resourceGuid;
 };
 

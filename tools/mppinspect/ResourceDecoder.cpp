@@ -37,6 +37,7 @@ enum ResourceField : std::uint16_t {
     kStandardRateUnits = 70,
     kOvertimeRateUnits = 71,
     kOfTypeWork = 298,
+    kMaterialLabel = 299,
     kGuid = 728,
     kPlaceInSheet = 730,
     kOfTypeCost = 735,
@@ -102,6 +103,7 @@ Resource readResource(const RowTable& table, const RawRow& raw, std::uint32_t un
     resource.code = row.text(kCode);
     resource.email = row.text(kEmail);
     resource.notes = row.note(kNotes);
+    resource.materialLabel = row.text(kMaterialLabel);
     resource.standardRate = row.f64(kStandardRate).value_or(0);
     resource.overtimeRate = row.f64(kOvertimeRate).value_or(0);
     resource.standardRateUnits = row.u16(kStandardRateUnits).value_or(0);

@@ -54,8 +54,10 @@ enum TaskField : std::uint16_t {
     kBaselineUnits = 179,
     kDurationUnits = 181,
     kOutlineLevel = 249,
+    kIgnoresResourceCalendars = 399,
     kCalendarId = 401,
     kDeadline = 437,
+    kBaselineFixedCost = 480,
     kGuid = 1143,
     kPlaceInSheet = 1145,
     kParentGuid = 1151,
@@ -83,16 +85,27 @@ constexpr std::array<std::uint16_t, kBaselines - 1> kBaselineStarts{482, 493, 50
 
 std::map<std::size_t, Baseline> readBaselines(const RowReader& row) {
     std::map<std::size_t, Baseline> baselines;
-    Baseline current{row.date(kBaselineStart), row.date(kBaselineFinish),
-                     row.duration(kBaselineDuration, kBaselineUnits), row.f64(kBaselineWork), row.f64(kBaselineCost)};
-    if (current.start || current.finish)
+    Baseline current{.start = row.date(kBaselineStart),
+                     .finish = row.date(kBaselineFinish),
+                     .duration = row.duration(kBaselineDuration, kBaselineUnits),
+                     .work = row.f64(kBaselineWork),
+                     .cost = row.f64(kBaselineCost),
+                     .fixedCost = row.f64(kBaselineFixedCost)};
+    // A task that was never in the baseline has the fields of its fixed rows, all zero.
+    const auto isSome = [](const std::optional<double>& value) { return value.value_or(0) != 0; };
+    if (current.start || current.finish || (current.duration && current.duration->tenths != 0) ||
+        isSome(current.work) || isSome(current.cost) || isSome(current.fixedCost))
         baselines.emplace(0, current);
     for (std::size_t i = 0; i < kBaselineStarts.size(); ++i) {
         const auto field = [base = kBaselineStarts.at(i)](int distance) {
             return static_cast<std::uint16_t>(base + distance);
         };
-        const Baseline baseline{row.date(field(0)), row.date(field(1)), row.duration(field(5), field(6)),
-                                row.f64(field(3)), row.f64(field(2))};
+        const Baseline baseline{.start = row.date(field(0)),
+                                .finish = row.date(field(1)),
+                                .duration = row.duration(field(5), field(6)),
+                                .work = row.f64(field(3)),
+                                .cost = row.f64(field(2)),
+                                .fixedCost = row.f64(field(7))};
         if (!baseline.isEmpty())
             baselines.emplace(i + 1, baseline);
     }
@@ -151,6 +164,7 @@ Task readTask(const RowTable& table, const RawRow& raw, std::uint32_t uniqueId) 
     readNumbers(task, row);
     task.milestone = row.flag(kMilestone);
     task.effortDriven = row.flag(kEffortDriven);
+    task.ignoresResourceCalendars = row.flag(kIgnoresResourceCalendars);
     task.baselines = readBaselines(row);
     task.texts = readTexts(row, kTexts);
     task.guid = row.guid(kGuid);

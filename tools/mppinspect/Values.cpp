@@ -134,9 +134,10 @@ std::string textOf(const Duration& duration, const WorkingUnits& units) {
 std::string workText(double thousandthsOfMinutes) { return numberText(thousandthsOfMinutes / 60000.0) + "h"; }
 
 std::string textOf(const Guid& guid) {
+    constexpr std::array<std::size_t, 16> order{3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
     std::string text;
-    for (std::size_t i = 0; i < guid.size(); ++i)
-        text += fmt::format("{}{:02X}", i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "", guid.at(i));
+    for (std::size_t i = 0; i < order.size(); ++i)
+        text += fmt::format("{}{:02X}", i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "", guid.at(order.at(i)));
     return text;
 }
 
@@ -149,6 +150,12 @@ std::string constraintText(std::uint16_t type) {
 
 std::string linkTypeText(std::uint16_t type) {
     constexpr std::array<std::string_view, 4> names{"finish-finish", "finish-start", "start-finish", "start-start"};
+    return oneOf(names, type);
+}
+
+std::string contourText(std::uint16_t type) {
+    constexpr std::array<std::string_view, 9> names{
+        "flat", "back loaded", "front loaded", "double peak", "early peak", "late peak", "bell", "turtle", "contoured"};
     return oneOf(names, type);
 }
 

@@ -48,12 +48,13 @@ struct Duration {
 [[nodiscard]] std::string numberText(double value);
 /// "08:00" of tenths of a minute since midnight.
 [[nodiscard]] std::string timeText(std::uint32_t tenths);
-/// "XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX" of the bytes in their order.
+/// "XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX", the first three groups with their lowest byte first, as Windows stores them.
 [[nodiscard]] std::string textOf(const Guid& guid);
 
 [[nodiscard]] std::string constraintText(std::uint16_t type);
 [[nodiscard]] std::string linkTypeText(std::uint16_t type);
 [[nodiscard]] std::string taskTypeText(std::uint16_t type);
+[[nodiscard]] std::string contourText(std::uint16_t type);
 
 /// The text of a note without its RTF frame; text that is no RTF as it stands.
 [[nodiscard]] std::string textOfRtf(ByteView rtf);

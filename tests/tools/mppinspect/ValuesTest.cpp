@@ -171,6 +171,13 @@ TEST(Tables, AlignByCharactersAndLeaveOutEmptyColumns) {
     EXPECT_EQ(text, "id  name\n--  ----\n 7  Дом\n12  a\n");
 }
 
+TEST(Guids, HaveTheirFirstThreeGroupsWithTheLowestByteFirst) {
+    Guid guid;
+    for (std::size_t i = 0; i < guid.size(); ++i)
+        guid.at(i) = static_cast<std::uint8_t>(i);
+    EXPECT_EQ(textOf(guid), "03020100-0504-0706-0809-0A0B0C0D0E0F");
+}
+
 TEST(Tables, ShowControlCharactersAsEscapes) { EXPECT_EQ(printable("a\x1b[2J\nb\tc"), "a\\x1b[2J\\nb c"); }
 
 } // namespace

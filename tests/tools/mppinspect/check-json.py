@@ -10,7 +10,8 @@ import sys
 tool, path, documentation = sys.argv[1:]
 
 KINDS = {"documentSummary": "summary", "actualDuration": "duration", "remainingDuration": "duration",
-         "lag": "duration", "delay": "duration"}
+         "lag": "duration", "delay": "duration",
+         "completeWork": "phases", "plannedWork": "phases"}
 KINDS.update({day + "day": "ranges" for day in ("sun", "mon", "tues", "wednes", "thurs", "fri", "satur")})
 FREE_KEYS = {"taskTextNames", "resourceTextNames", "texts"}
 

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ProjectFile.h"
+
+namespace brackwater::inspect {
+
+/// Spans of days with what holds in them. Where spans overlap, the one that begins last holds.
+template <typename Value>
+class DayTable {
+public:
+    /// The value must outlive the table.
+    void add(int firstDay, int lastDay, const Value& value) { _spans.push_back({firstDay, lastDay, &value}); }
+    /// Needed before the first look.
+    void arrange();
+    /// Null where nothing was told.
+    [[nodiscard]] const Value* find(int day) const;
+
+private:
+    struct Span {
+        int first, last;
+        const Value* value;
+    };
+    std::vector<Span> _spans;
+};
+
+/// The hours of each day by a calendar and those that it is derived from, which must outlive this.
+class CalendarHours {
+public:
+    /// Adds the calendar itself, then its base, and so on.
+    void add(const Calendar& calendar);
+    /// Days that no calendar tells have the usual hours: from Monday to Friday, 8 to 12 and 13 to 17.
+    [[nodiscard]] const std::vector<TimeRange>& on(int day) const;
+
+private:
+    struct Level {
+        const Week* week = nullptr;
+        DayTable<std::vector<TimeRange>> exceptions;
+        DayTable<Week> workWeeks;
+    };
+    std::vector<Level> _levels;
+};
+
+} // namespace brackwater::inspect
