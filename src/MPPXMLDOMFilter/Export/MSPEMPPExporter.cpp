@@ -1,6 +1,7 @@
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
+#include "MPPXMLDOMFilter/Corrections/Corrections.h"
 #include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
 #include "MPPXMLDOMFilter/Export/MappedProject.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
@@ -53,12 +54,13 @@ std::string descriptionOfRecords(const std::vector<std::shared_ptr<Record>>& rec
     return text + "\n)";
 }
 
-bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl) {
+bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl, ExportMode mode) {
     logLine("Writing out exported MS Project document ...");
     logLine("project.tasks: {}", descriptionOfRecords(project.tasks));
     logLine("project.resources: {}", descriptionOfRecords(project.resources));
     MPPWriteFailure failure;
-    const bool written = MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure);
+    const MPPModelPass corrections = mode == ExportMode::Corrected ? MPPModelPass(applyCorrections) : MPPModelPass();
+    const bool written = MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure, corrections);
     if (!written)
         logLine("WARNING: Writing stopped at '{}': {}", failure.entryPath, failure.reason);
     return written;
@@ -94,13 +96,13 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileUR
     logLine("Mapping Tarnwick document ...");
     _info[std::string(kInfoMPPTemplateUrl)] = templateUrl.absoluteString();
     // The source documents go into the mapping and are freed with it: writing needs the project only.
-    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl);
+    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl, _mode);
     logLine("mspdiXmlDoc: {}", mapped.project ? "<MSPEXMLDocumentAdapter>" : "(null)");
     if (!mapped.project) {
         logLine("WARNING: No scenario was mapped. {}", mapped.notMappedReason);
         return false;
     }
-    return writeMappedProject(*mapped.project, mppUrl, templateUrl);
+    return writeMappedProject(*mapped.project, mppUrl, templateUrl, _mode);
 }
 
 FileURL uniquifiedUrl(const FileURL& destination) {

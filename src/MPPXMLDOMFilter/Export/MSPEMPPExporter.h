@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Export/ExportMode.h"
 #include "Platform/FileURL.h"
 
 #include <map>
@@ -25,7 +26,8 @@ inline constexpr std::string_view kInfoMPPTemplateUrl = "InfoMPPTemplateUrl";
 /// One exporter serves one export.
 class MSPEMPPExporter {
 public:
-    explicit MSPEMPPExporter(MSPEExportInfo info) : _info(std::move(info)) {}
+    explicit MSPEMPPExporter(MSPEExportInfo info, ExportMode mode = ExportMode::Exact)
+        : _info(std::move(info)), _mode(mode) {}
 
     /// True when the project was written. Lets no failure escape: each is logged and makes the result false. An
     /// existing destination is not touched, "Plan.mpp" becomes "Plan-1.mpp". A write that stops leaves the output as
@@ -39,6 +41,7 @@ private:
     bool exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl);
 
     MSPEExportInfo _info;
+    ExportMode _mode;
 };
 
 /// The first free name: the destination itself, or "STEM-1.EXTENSION", "STEM-2.EXTENSION" and so on. Test and later

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Export/ExportMode.h"
 #include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
 
 #include <memory>
@@ -15,7 +16,9 @@ struct MappedProject {
     std::string notMappedReason;         ///< a sentence for people; empty with a project
 };
 
-/// Maps the documents and frees them. Raises what the mapping raises.
-[[nodiscard]] MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl);
+/// Maps the documents and frees them. The records keep the source's values where the mode asks for corrections. Raises
+/// what the mapping raises.
+[[nodiscard]] MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl,
+                                               ExportMode mode);
 
 } // namespace brackwater

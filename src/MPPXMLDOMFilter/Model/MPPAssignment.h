@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
 #include "Platform/Date.h"
 #include "Platform/Guid.h"
@@ -49,6 +50,8 @@ struct MPPAssignment {
     std::vector<std::shared_ptr<MPPAssignmentBaseline>> baselines;
     std::shared_ptr<MPPAssignmentBaseline> baseline0;
     std::vector<MPPAssignmentPhase> assignmentPhases;
+
+    std::optional<MPPAssignmentSource> source; ///< nothing in an exact export, and for work without a resource
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     [[nodiscard]] std::uint16_t getDelay() const { return 0; }

@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
 #include "MPPXMLDOMFilter/Model/MPPExtendedAttribute.h"
+#include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
 #include "Platform/Date.h"
 #include "Platform/Guid.h"
@@ -42,6 +43,8 @@ struct MPPResource {
     CalendarReference calendar;
     std::vector<std::shared_ptr<MPPResourceBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
     std::shared_ptr<MPPResourceBaseline> baseline0;              ///< the first baseline
+
+    std::unique_ptr<MPPResourceSource> source; ///< null in an exact export
 
     /// Custom fields as the mapping found them; post-processing turns them into `customFieldsText`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;

@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
 #include "MPPXMLDOMFilter/Model/MPPExtendedAttribute.h"
+#include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
 #include "Platform/Date.h"
 #include "Platform/Guid.h"
@@ -69,6 +70,9 @@ struct MPPTask {
     double actualCost = 0;
     double remainingCost = 0;
     std::shared_ptr<MPPTaskBaseline> baseline0; ///< the first baseline, apart from `baselines`
+    double sheetPosition = 2.0;                 ///< of the row in the sheet; the project's row is at 1.0
+
+    std::unique_ptr<MPPTaskSource> source; ///< null in an exact export
 
     /// Custom fields as the mapping found them; post-processing turns them into `customFieldValues`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;

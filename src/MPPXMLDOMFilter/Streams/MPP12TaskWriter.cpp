@@ -39,6 +39,8 @@ constexpr std::uint16_t kDays = 7;
 constexpr std::uint16_t kProjectUnits = 21;
 constexpr std::uint16_t kEstimated = 0x20;
 
+constexpr double kProjectSheetPosition = 1.0;
+
 std::size_t countOfTexts(const std::vector<std::string>& values) {
     return static_cast<std::size_t>(
         std::count_if(values.begin(), values.end(), [](const std::string& value) { return !value.empty(); }));
@@ -318,9 +320,7 @@ void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
     const bool isProjectRow = isProject(task);
     RowBuilder<kFixed2RowSize> row;
     row.at(0).guid(task.GUID());
-    // The place in the sheet, a double: 1.0 for the project, 2.0 for every task.
-    row.at(16).integer(0);
-    row.at(20).integer(isProjectRow ? 0x3FF00000 : 0x40000000);
+    row.at(16).real(isProjectRow ? kProjectSheetPosition : task.sheetPosition);
     row.at(24).guid(task.parent ? task.parent->GUID() : Guid());
     row.at(40).integer(0);
     row.at(44).integer(isProjectRow ? 0x00400003 : 0x00040003);

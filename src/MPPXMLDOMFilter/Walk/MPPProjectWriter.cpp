@@ -62,14 +62,17 @@ bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const F
 } // namespace
 
 bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
-                                    MPPWriteFailure* failure) {
+                                    MPPWriteFailure* failure, const MPPModelPass& beforeWriting) {
     MPPWriteFailure found;
     bool written = false;
     if (const int version = getFormatVersionOfTemplateAtUrl(templateUrl); version != kFormat2007) {
         found.reason = reasonOfRefusal(templateUrl, version);
     } else {
-        if (project != nullptr)
+        if (project != nullptr) {
             preprocessProject(*project);
+            if (beforeWriting)
+                beforeWriting(*project);
+        }
         written = writeTemplateToUrl(project, templateUrl, outputUrl, found);
     }
     if (!written && failure != nullptr) {

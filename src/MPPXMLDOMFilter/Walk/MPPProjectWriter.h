@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Container/MPPWriter.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,13 +14,16 @@ struct MPPWriteFailure {
     std::string reason;
 };
 
+/// What is done to the records between preprocessing and writing.
+using MPPModelPass = std::function<void(MPPProject&)>;
+
 /// The walk: takes a template's tree entry by entry and has each entry written anew or copied.
 class MPPProjectWriter {
 public:
     /// True when the whole file was written. On false `failure` (may be null) tells where and why, and the output
     /// stands as far as it got.
     static bool writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
-                             MPPWriteFailure* failure = nullptr);
+                             MPPWriteFailure* failure = nullptr, const MPPModelPass& beforeWriting = {});
     static int getFormatVersionOfTemplateAtUrl(const FileURL& templateUrl);
     static void preprocessProject(MPPProject& project);
     /// Creates the child in the output and the writer that fits its name and its parent's; nothing when the child

@@ -72,10 +72,11 @@ std::string descriptionOfNow() {
 } // namespace
 
 MSPEMapper::MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
-                       std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl)
+                       std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl,
+                       bool keepsSource)
     : _zelbXmlDoc(std::move(zelbXmlDoc)), _zelbTOCXmlDoc(std::move(zelbTOCXmlDoc)),
       _zelbBaselines(std::make_move_iterator(baselines.begin()), std::make_move_iterator(baselines.end())),
-      _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {
+      _keepsSource(keepsSource), _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {
     // Comes first: it logs the zone where the process makes its first coordinator.
     MSPCDateTimeConverter::initialize();
     counters = Counters{};

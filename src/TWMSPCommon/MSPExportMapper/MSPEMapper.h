@@ -25,9 +25,11 @@ class MSPEMapper {
 public:
     /// `zelbXmlDoc` may be null (no scenario matched the one being edited); nothing is mapped then. The position of a
     /// document in `baselines` is its baseline number. The counters below begin anew with each coordinator, so that
-    /// every bundle of a list exports as it would alone.
+    /// every bundle of a list exports as it would alone. `keepsSource`: the mappers keep the source's values in the
+    /// records.
     MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
-               std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl);
+               std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl,
+               bool keepsSource = false);
     ~MSPEMapper();
     MSPEMapper(const MSPEMapper&) = delete;
     MSPEMapper& operator=(const MSPEMapper&) = delete;
@@ -45,6 +47,7 @@ public:
     [[nodiscard]] const std::shared_ptr<XMLDocument>& zelbTOCXmlDoc() const noexcept { return _zelbTOCXmlDoc; }
     [[nodiscard]] const std::vector<MSPEBaseline>& zelbBaselines() const noexcept { return _zelbBaselines; }
     [[nodiscard]] int mppVersion() const noexcept { return _mppVersion; }
+    [[nodiscard]] bool keepsSource() const noexcept { return _keepsSource; }
 
     /// The root element; null before the project mapper made it.
     [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept { return _mspdiProject; }
@@ -75,6 +78,7 @@ private:
     std::shared_ptr<XMLDocument> _zelbTOCXmlDoc;
     std::vector<MSPEBaseline> _zelbBaselines;
     int _mppVersion = 0;
+    bool _keepsSource = false;
     std::string _notMappedReason;
     std::shared_ptr<MSPEXMLDocumentAdapter> _mspdiXmlDoc;
     std::shared_ptr<MSPEXMLProjectAdapter> _mspdiProject;

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Platform/Date.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What the source document says of a record, as exactly as the document says it. The mapping keeps these values beside
+// a record's own fields where corrected values are asked for; an exact export never has them.
+
+namespace brackwater {
+
+/// A stretch of text of one look.
+struct MPPSourceRun {
+    std::string text;
+    bool bold = false;
+    bool italic = false;
+};
+
+struct MPPSourceParagraph {
+    std::vector<MPPSourceRun> runs;
+    bool isListItem = false;
+};
+
+using MPPSourceNote = std::vector<MPPSourceParagraph>;
+
+/// Keys of custom fields with their values, in the order of the document.
+using MPPSourceFields = std::vector<std::pair<std::string, std::string>>;
+
+/// One piece of a split task.
+struct MPPSourceSegment {
+    std::optional<Date> start;
+    std::optional<Date> end;
+    double effort = 0; ///< seconds
+};
+
+/// The task's counterpart in the baseline document. Amounts are nothing where it tells none.
+struct MPPSourceTaskBaseline {
+    std::optional<Date> start;
+    std::optional<Date> end;
+    std::optional<double> duration;   ///< seconds
+    std::optional<double> effort;     ///< seconds
+    std::optional<double> staticCost; ///< whole currency units
+};
+
+struct MPPTaskSource {
+    std::string id;                   ///< "t12"
+    double effort = 0;                ///< seconds
+    double effortDone = 0;            ///< seconds
+    double completion = 0;            ///< progress as a fraction from 0 to 1, from the effort or the percentage
+    std::optional<double> staticCost; ///< whole currency units
+    bool isGroup = false;
+    MPPSourceNote note;
+    MPPSourceFields fields;
+    std::vector<MPPSourceSegment> segments; ///< empty for a task that is not split
+    std::optional<MPPSourceTaskBaseline> baseline;
+};
+
+enum class MPPResourceKind { Staff, Equipment, Material };
+
+struct MPPResourceSource {
+    std::string id; ///< "r3"
+    MPPResourceKind kind = MPPResourceKind::Staff;
+    MPPSourceNote note;
+    MPPSourceFields fields;
+};
+
+struct MPPAssignmentSource {
+    double units = 1; ///< 1 is 100 % of a work resource, or one unit of material
+    double work = 0;  ///< seconds; 0 for material
+};
+
+} // namespace brackwater
