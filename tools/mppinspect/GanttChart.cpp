@@ -56,6 +56,8 @@ void GanttChart::appendDefinitions(std::string& out, const std::vector<DaySpan>&
     for (const TimeScale::Cell& cell : upper)
         if (cell.left > 0)
             out += fmt::format("<path d=\"M{} 0v9999\"/>", px(cell.left));
+    if (_today && *_today >= _scale.days().first && *_today <= _scale.days().last)
+        out += fmt::format("<path class=\"today\" d=\"M{} 0v9999\"/>", px(_scale.dayX(*_today)));
     out += fmt::format("</g>\n<g id=\"axis\" class=\"axis\"><path d=\"M0 20.5H{0}M0 39.5H{0}\"/>", px(_scale.width()));
     for (const TimeScale::Cell& cell : upper) {
         if (cell.left > 0)

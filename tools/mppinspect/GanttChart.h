@@ -19,7 +19,8 @@ struct GanttLink {
 /// Draws the lines of a chart with a y of 0 at the first of them; each line is kRowHeight high.
 class GanttChart {
 public:
-    GanttChart(const TimeScale& scale, std::span<const GanttRow> rows) : _scale(scale), _rows(rows) {}
+    GanttChart(const TimeScale& scale, std::span<const GanttRow> rows, std::optional<std::uint16_t> today)
+        : _scale(scale), _rows(rows), _today(today) {}
 
     /// Free days, grid and axis of the whole chart as definitions that the drawings refer to, "free", "axis".
     void appendDefinitions(std::string& out, const std::vector<DaySpan>& freeDays) const;
@@ -36,6 +37,7 @@ private:
 
     const TimeScale& _scale;
     std::span<const GanttRow> _rows;
+    std::optional<std::uint16_t> _today;
 };
 
 } // namespace brackwater::inspect

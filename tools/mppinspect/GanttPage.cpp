@@ -49,9 +49,9 @@ private:
 
 class GanttPage {
 public:
-    GanttPage(const ProjectFile& project, const Sink& sink)
-        : _project(project), _out(sink), _scale(project.tasks), _paper(_scale.width()), _rows(rowsOf(project)),
-          _chart(_scale, _rows), _calendar(projectCalendar(project)) {}
+    GanttPage(const ProjectFile& project, const Sink& sink, const GanttOptions& options)
+        : _project(project), _out(sink), _scale(project.tasks, options), _paper(_scale.width()), _rows(rowsOf(project)),
+          _chart(_scale, _rows, options.today), _calendar(projectCalendar(project)) {}
 
     void write() {
         readNames();
@@ -321,6 +321,8 @@ private:
 
 } // namespace
 
-void writeGanttPage(const ProjectFile& project, const Sink& sink) { GanttPage(project, sink).write(); }
+void writeGanttPage(const ProjectFile& project, const Sink& sink, const GanttOptions& options) {
+    GanttPage(project, sink, options).write();
+}
 
 } // namespace brackwater::inspect

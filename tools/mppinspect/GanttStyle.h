@@ -43,6 +43,7 @@ svg.front{position:absolute;left:0;top:0;z-index:1}
 .axis path{stroke:var(--line);fill:none}
 .rows{stroke:var(--faint)}
 .free{fill:var(--free)}
+.today{stroke:#c8382f;stroke-width:2}
 .grid{stroke:var(--line)}
 .bar{fill:var(--bar)}
 .bd{fill:var(--done)}

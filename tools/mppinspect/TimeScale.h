@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GanttOptions.h"
 #include "WorkingDays.h"
 
 namespace brackwater::inspect {
@@ -7,8 +8,9 @@ namespace brackwater::inspect {
 /// The time axis of a chart: days to pixels, and what stands above it.
 class TimeScale {
 public:
-    /// Spans all dates of the tasks with some room at both ends.
-    explicit TimeScale(const std::vector<Task>& tasks);
+    /// Spans all dates of the tasks with some room at both ends, or what the options say. The dates of the project's
+    /// own row do not count.
+    TimeScale(const std::vector<Task>& tasks, const GanttOptions& options);
 
     [[nodiscard]] double width() const noexcept { return _width; }
     [[nodiscard]] DaySpan days() const noexcept { return _days; }
@@ -25,10 +27,11 @@ public:
     [[nodiscard]] std::vector<Cell> lowerCells() const;
 
 private:
-    enum class Step { ByDay, ByWeek, ByMonth, ByQuarter, ByYear, ByDecade };
+    using Step = ScaleStep;
     [[nodiscard]] std::vector<Cell> cells(Step step) const;
     [[nodiscard]] Step lowerStep() const;
 
+    std::optional<Step> _step; ///< the wanted one
     DaySpan _days;
     double _width = 0, _pixelsPerDay = 0;
 };

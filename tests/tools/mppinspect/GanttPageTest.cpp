@@ -131,9 +131,10 @@ TEST_F(GanttPage, OfDatesFarApartStaysReadableByABrowser) {
 TEST(TimeScale, PutsDatesInOrderWithinItsWidth) {
     for (const int days : {1, 30, 200, 1000, 5000, 60'000}) {
         std::vector<inspect::Task> tasks(1);
+        tasks[0].uniqueId = 1;
         tasks[0].start = at(kMonday - 10'000, 8);
         tasks[0].finish = at(std::min(kMonday - 10'000 + days, 65'535), 17);
-        const inspect::TimeScale scale(tasks);
+        const inspect::TimeScale scale(tasks, {});
         EXPECT_GT(scale.x(*tasks[0].start), 0) << days;
         EXPECT_LT(scale.x(*tasks[0].start), scale.x(*tasks[0].finish)) << days;
         EXPECT_LT(scale.x(*tasks[0].finish), scale.width()) << days;
@@ -145,6 +146,29 @@ TEST(TimeScale, PutsDatesInOrderWithinItsWidth) {
         EXPECT_LT(std::abs(right - scale.width()), scale.pixelsPerDay() + 1e-6) << days;
         EXPECT_LT(scale.lowerCells().size(), 400U) << days;
     }
+}
+
+TEST(GanttOptions, AreReadFromWordsOfTheCommandLine) {
+    EXPECT_EQ(inspect::scaleStepOf("quarters"), inspect::ScaleStep::Quarters);
+    EXPECT_EQ(inspect::scaleStepOf("Days"), std::nullopt);
+    EXPECT_EQ(inspect::dayOfText("2026-03-02"), kMonday);
+    EXPECT_EQ(inspect::dayOfText("2163-06-05"), 65'535);
+    for (const char* const wrong : {"", "2026-3-02", "2026-02-29", "2026-13-01", "1983-12-30", "2163-06-06",
+                                    "+026-03-02", "2026-03-0a", "2026/03/02", "2026-03-021"})
+        EXPECT_EQ(inspect::dayOfText(wrong), std::nullopt) << wrong;
+}
+
+TEST(TimeScale, GoesByTheOptionsAndLeavesOutTheProjectsOwnRow) {
+    std::vector<inspect::Task> tasks(2);
+    tasks[0].start = at(0, 8); // the project's own
+    tasks[1].uniqueId = 1;
+    tasks[1].start = at(kMonday, 8);
+    tasks[1].finish = at(kMonday + 700, 17);
+    EXPECT_GT(inspect::TimeScale(tasks, {}).days().first, kMonday - 30);
+    const inspect::TimeScale days(tasks, {inspect::ScaleStep::Days, kMonday + 7, kMonday + 106, {}});
+    EXPECT_EQ(days.days().first, kMonday + 7);
+    EXPECT_EQ(days.lowerCells().size(), 100U);
+    EXPECT_EQ(days.lowerCells()[0].label, "9");
 }
 
 std::vector<std::pair<int, int>> freeSpans(const inspect::Calendar* calendar, int first, int last) {
