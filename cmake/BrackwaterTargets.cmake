@@ -33,18 +33,18 @@ if(BRACKWATER_COVERAGE)
   target_compile_options(brackwater_settings INTERFACE --coverage)
   target_link_options(brackwater_settings INTERFACE --coverage)
 endif()
-if(CMAKE_BUILD_TYPE STREQUAL "Release")
-  # Hardening for the program that reads other people's files.
+if(BRACKWATER_HARDENING)
+  # For programs that read other people's files. The fortified functions need an optimized build.
   target_compile_options(brackwater_settings INTERFACE -fstack-protector-strong -fstack-clash-protection
                          -D_FORTIFY_SOURCE=2 -fPIE
                          -D_GLIBCXX_ASSERTIONS)
   target_link_options(brackwater_settings INTERFACE -pie -Wl,-z,relro,-z,now)
 endif()
 
-# The allocator of released programs that export: records by the million in one phase, all freed in the next. Other builds
+# The allocator of programs that export: records by the million in one phase, all freed in the next. Builds without it
 # keep the C library's, which sanitizers and valgrind know.
 add_library(brackwater_allocator INTERFACE)
-if(CMAKE_BUILD_TYPE STREQUAL "Release")
+if(BRACKWATER_MIMALLOC)
   find_package(mimalloc 2.0 REQUIRED)
   # No code names the library, so the linker must be told to keep it: it takes the place of the C library's functions. It
   # comes behind the C++ library, whose `new` raises an exception where memory runs out; its own ends the process.
