@@ -1,6 +1,5 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
 #include "Platform/Date.h"
 #include "Platform/Guid.h"
@@ -15,6 +14,7 @@ namespace brackwater {
 
 struct MPPAssignmentBaseline {
     double work = 0; ///< hours
+    double cost = 0; ///< hundredths
     std::optional<Date> start;
     std::optional<Date> finish;
 };
@@ -39,6 +39,7 @@ struct MPPAssignment {
     double actualWork = 0;
     double remainingWork = 0;
     double assignmentUnits = 10000.0;
+    double unitOfMaterial = 1.0; ///< what the row tells of one unit of material; readers take 10000 for one
     double cost = 0;
     double actualCost = 0;
     double remainingCost = 0;
@@ -51,7 +52,9 @@ struct MPPAssignment {
     std::shared_ptr<MPPAssignmentBaseline> baseline0;
     std::vector<MPPAssignmentPhase> assignmentPhases;
 
-    std::optional<MPPAssignmentSource> source; ///< nothing in an exact export, and for work without a resource
+    // Meanings unknown: real files hold 0 in the first one for work without a resource, and always in the second.
+    std::uint32_t row48 = 1;
+    std::uint8_t lastMetaByte = 1;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     [[nodiscard]] std::uint16_t getDelay() const { return 0; }

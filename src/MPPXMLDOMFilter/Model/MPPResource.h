@@ -17,7 +17,17 @@ namespace brackwater {
 
 struct MPPResourceBaseline {
     double work = 0; ///< hours
+    double cost = 0; ///< whole units
+};
+
+/// What the assignments of a resource add up to. Work is in hours, money in hundredths.
+struct MPPResourceTotals {
+    double work = 0;
+    double actualWork = 0;
+    double remainingWork = 0;
     double cost = 0;
+    double actualCost = 0;
+    double remainingCost = 0;
 };
 
 /// A resource: work, material or cost. Accessors named `get...` and `has...` are what the streams are written in terms
@@ -39,7 +49,9 @@ struct MPPResource {
     std::optional<Date> availableToDate;
     double maxUnits = 100.0; ///< percent
     double costPerUse = 0.0;
-    double standartRate = 0.0; ///< hourly
+    double standartRate = 0.0;  ///< hourly, or of one unit of material
+    std::uint16_t rateUnit = 2; ///< 2 an hour, 8 a unit of material
+    MPPResourceTotals totals;
     CalendarReference calendar;
     std::vector<std::shared_ptr<MPPResourceBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
     std::shared_ptr<MPPResourceBaseline> baseline0;              ///< the first baseline
@@ -61,23 +73,23 @@ struct MPPResource {
     [[nodiscard]] std::optional<Date> getAvailableFrom() const { return availableFromDate; }
     [[nodiscard]] std::optional<Date> getAvailableTo() const { return availableToDate; }
     [[nodiscard]] std::uint32_t getResourceType() const { return static_cast<std::uint32_t>(_type); }
-    [[nodiscard]] std::uint16_t getStandartRateFormatType() const { return 2; } ///< an hour
+    [[nodiscard]] std::uint16_t getStandartRateFormatType() const { return rateUnit; }
     [[nodiscard]] std::uint16_t getOvertimeRateFormatType() const { return 2; } ///< an hour
     [[nodiscard]] std::uint16_t getAccrueAtType() const { return 3; }           ///< prorated
     [[nodiscard]] double getStandartRate() const { return standartRate; }
     [[nodiscard]] double getMaxUnits() const { return maxUnits * 100.0; }
     [[nodiscard]] double getCostPerUse() const { return costPerUse * 100.0; }
     [[nodiscard]] double getOverTimeRate() const { return 0.0; }
-    [[nodiscard]] double getWork() const { return 0.0; }
-    [[nodiscard]] double getActualWork() const { return 0.0; }
+    [[nodiscard]] double getWork() const { return totals.work; }
+    [[nodiscard]] double getActualWork() const { return totals.actualWork; }
     [[nodiscard]] double getOvertimeWork() const { return 0.0; }
-    [[nodiscard]] double getRemainingWork() const { return 0.0; }
-    [[nodiscard]] double getRegularWork() const { return 0.0; }
+    [[nodiscard]] double getRemainingWork() const { return totals.remainingWork; }
+    [[nodiscard]] double getRegularWork() const { return totals.work; } ///< no overtime
     [[nodiscard]] double getActualOvertimeWork() const { return 0.0; }
     [[nodiscard]] double getPeakUnits() const { return 0.0; }
-    [[nodiscard]] double getActualCost() const { return 0.0; }
-    [[nodiscard]] double getCost() const { return 0.0; }
-    [[nodiscard]] double getRemainingCost() const { return 0.0; }
+    [[nodiscard]] double getActualCost() const { return totals.actualCost; }
+    [[nodiscard]] double getCost() const { return totals.cost; }
+    [[nodiscard]] double getRemainingCost() const { return totals.remainingCost; }
     [[nodiscard]] double getOvertimeCost() const { return 0.0; }
     [[nodiscard]] double getActualOvertimeCost() const { return 0.0; }
     [[nodiscard]] double getRemainingOvertimeCost() const { return 0.0; }

@@ -36,6 +36,17 @@ struct MPPSourceSegment {
     double effort = 0; ///< seconds
 };
 
+enum class MPPResourceKind { Staff, Equipment, Material };
+
+/// An assignment of the task's counterpart in the baseline document, with what the baseline tells of its resource.
+struct MPPSourceBaselineAssignment {
+    std::string resourceId; ///< "r3"
+    MPPResourceKind kind = MPPResourceKind::Staff;
+    double units = 1;       ///< 1 is 100 %
+    double costPerHour = 0; ///< whole currency units
+    double costPerUse = 0;  ///< whole currency units
+};
+
 /// The task's counterpart in the baseline document. Amounts are nothing where it tells none.
 struct MPPSourceTaskBaseline {
     std::optional<Date> start;
@@ -43,6 +54,7 @@ struct MPPSourceTaskBaseline {
     std::optional<double> duration;   ///< seconds
     std::optional<double> effort;     ///< seconds
     std::optional<double> staticCost; ///< whole currency units
+    std::vector<MPPSourceBaselineAssignment> assignments;
 };
 
 struct MPPTaskSource {
@@ -52,24 +64,19 @@ struct MPPTaskSource {
     double completion = 0;            ///< progress as a fraction from 0 to 1, from the effort or the percentage
     std::optional<double> staticCost; ///< whole currency units
     bool isGroup = false;
+    bool isEffortDriven = false;
+    std::optional<Date> deadline; ///< a bound on the end that the task's one constraint does not tell
     MPPSourceNote note;
     MPPSourceFields fields;
     std::vector<MPPSourceSegment> segments; ///< empty for a task that is not split
     std::optional<MPPSourceTaskBaseline> baseline;
 };
 
-enum class MPPResourceKind { Staff, Equipment, Material };
-
 struct MPPResourceSource {
     std::string id; ///< "r3"
     MPPResourceKind kind = MPPResourceKind::Staff;
     MPPSourceNote note;
     MPPSourceFields fields;
-};
-
-struct MPPAssignmentSource {
-    double units = 1; ///< 1 is 100 % of a work resource, or one unit of material
-    double work = 0;  ///< seconds; 0 for material
 };
 
 } // namespace brackwater

@@ -17,11 +17,19 @@ namespace brackwater {
 
 /// What a baseline holds of a task. A task without one reads as zeros and null dates.
 struct MPPTaskBaseline {
-    double duration = 0; ///< seconds
-    double cost = 0;
-    double work = 0; ///< hours
+    double duration = 0;  ///< seconds
+    double cost = 0;      ///< hundredths
+    double fixedCost = 0; ///< hundredths; the part of the cost that is not of the assignments
+    double work = 0;      ///< hours
     std::optional<Date> start;
     std::optional<Date> finish;
+};
+
+/// A moment at which the task's percentage was reached, or from which on it grows again.
+struct MPPProgressPoint {
+    bool isBegin = false;
+    double percent = 0;
+    std::optional<Date> moment; ///< nothing: the end of all time
 };
 
 /// A task. Work is in hours, durations in seconds, percentages are whole numbers.
@@ -46,11 +54,15 @@ struct MPPTask {
     std::optional<Date> startDate;
     std::optional<Date> endDate;
     std::optional<Date> actualStart;
+    std::optional<Date> actualFinish;
     std::optional<Date> stop;
     std::optional<Date> resume;
     std::optional<Date> constraintDate;
+    std::optional<Date> deadline;
     bool estimated = true;
     bool ignoreResourceCalendar = false;
+    bool effortDriven = true;
+    bool isSummary = false; ///< told as a summary, not only seen from the parents of other tasks
     bool milestone = false;
     bool levelingCanSplit = true;
     double work = 0;
@@ -69,8 +81,9 @@ struct MPPTask {
     double fixedCost = 0;
     double actualCost = 0;
     double remainingCost = 0;
-    std::shared_ptr<MPPTaskBaseline> baseline0; ///< the first baseline, apart from `baselines`
-    double sheetPosition = 2.0;                 ///< of the row in the sheet; the project's row is at 1.0
+    std::shared_ptr<MPPTaskBaseline> baseline0;   ///< the first baseline, apart from `baselines`
+    std::vector<MPPProgressPoint> progressPoints; ///< how the percentage grew; empty where it is not told
+    double sheetPosition = 2.0;                   ///< of the row in the sheet; the project's row is at 1.0
 
     std::unique_ptr<MPPTaskSource> source; ///< null in an exact export
 
@@ -88,12 +101,12 @@ struct MPPTask {
     [[nodiscard]] std::optional<Date> getEarlyFinish() const { return endDate; }
     [[nodiscard]] std::optional<Date> getLateFinish() const { return endDate; }
     [[nodiscard]] std::optional<Date> getActualStart() const { return std::nullopt; }
-    [[nodiscard]] std::optional<Date> getActualFinish() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getActualFinish() const { return actualFinish; }
     [[nodiscard]] std::optional<Date> getBaselineStart() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getBaselineFinish() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getPreleveledStart() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getPreleveledFinish() const { return std::nullopt; }
-    [[nodiscard]] std::optional<Date> getDeadline() const { return std::nullopt; }
+    [[nodiscard]] std::optional<Date> getDeadline() const { return deadline; }
     [[nodiscard]] std::optional<Date> getStop() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getResume() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getSummaryProgress() const { return std::nullopt; }
@@ -111,7 +124,7 @@ struct MPPTask {
     [[nodiscard]] virtual bool getSplits() const { return false; }
     [[nodiscard]] bool getRollup() const { return false; }
     [[nodiscard]] bool getHideBar() const { return false; }
-    [[nodiscard]] virtual bool getEffortDriven() const { return true; }
+    [[nodiscard]] virtual bool getEffortDriven() const { return effortDriven; }
     [[nodiscard]] bool getExpanded() const { return true; }
     [[nodiscard]] bool getLevelAssignments() const { return true; }
 

@@ -206,7 +206,7 @@ Amounts amountsOfMaterial(const MPPAssignment& assignment) {
     const double units = assignment.assignmentUnits / 10000.0;
     const double quantity = thousandthsOfMinute(units);
     const double done = assignment.work == 0 ? 0.0 : (assignment.work - assignment.remainingWork) / assignment.work;
-    return {units, quantity, done * quantity, (1.0 - done) * quantity};
+    return {units * assignment.unitOfMaterial, quantity, done * quantity, (1.0 - done) * quantity};
 }
 
 } // namespace
@@ -255,7 +255,7 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
     row.at(36).date(_dates(baseline.start));
     row.at(40).date(_dates(baseline.finish));
     row.at(44).date(_dates(assignment.stopDate));
-    row.at(48).integer(1);
+    row.at(48).integer(assignment.row48);
     row.at(52).word(0);
     row.at(54).real(amounts.units);
     row.at(62).real(amounts.work);
@@ -266,7 +266,8 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
     row.at(102).real(assignment.cost);
     row.at(110).real(assignment.actualCost);
     row.at(118).real(assignment.remainingCost);
-    row.at(126).zeroes(16);
+    row.at(126).real(baseline.cost);
+    row.at(134).zeroes(8);
     row.endElement(*_fixedData);
 }
 
@@ -276,12 +277,14 @@ void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assi
     constexpr std::size_t kElementsOfEach = 4;
     constexpr std::size_t kElementsOfBaseline = 3;
     const bool actual = hasActualWork(assignment);
+    const bool finished = actual && assignment.remainingWork == 0;
     const bool notes = hasText(assignment.notes);
     const std::size_t elements =
         kElementsOfEach + (actual ? 1 : 0) + (notes ? 1 : 0) + kElementsOfBaseline * assignment.baselines.size();
     fixedMeta.writeNextElementStartWithInt(static_cast<std::uint32_t>(elements << 16));
     MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).word(static_cast<std::uint16_t>((actual ? 0x3021 : 0x3001) | (notes ? 0x8000 : 0)));
+    record.at(8).word(
+        static_cast<std::uint16_t>((actual ? 0x3021 : 0x3001) | (finished ? 0x40 : 0) | (notes ? 0x8000 : 0)));
     record.at(10).integer(0x7FFFFFD0);
     record.at(14).word(static_cast<std::uint16_t>((actual ? 0xA0 : 0x20) | (notes ? 0x10 : 0)));
     record.at(16).zeroes(18);
@@ -332,14 +335,15 @@ void MPP12AssignmentWriter::writeFixed2Data() {
 namespace {
 
 // Meaning of the bits unknown, beyond that they tell which baselines there are.
-std::array<std::uint8_t, 17> presenceOfBaselines(std::size_t baselines) {
+std::array<std::uint8_t, 17> presenceOfBaselines(const MPPAssignment& assignment) {
+    const std::size_t baselines = assignment.baselines.size();
     std::array<std::uint8_t, 17> block{};
     for (std::size_t i = 0; i < baselines; ++i) {
         block[i / 2] |= static_cast<std::uint8_t>(i % 2 == 1 ? 0x03 : 0x30);
         block[i + 5] = 0xFD;
     }
     block[15] = 0x40;
-    block[16] = 1;
+    block[16] = assignment.lastMetaByte;
     block[baselines + 5] |= 1;
     return block;
 }
@@ -356,7 +360,7 @@ void MPP12AssignmentWriter::writeFixed2Meta() {
         record.at(8).integer(123);
         record.at(12).zeroes(20);
         record.at(32).integer(0x00800000);
-        record.at(36).bytes(presenceOfBaselines(assignment->baselines.size()));
+        record.at(36).bytes(presenceOfBaselines(*assignment));
         record.end(fixed2Meta);
         stream.flush();
     }

@@ -222,13 +222,13 @@ void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
     row.at(28).real(resource.getStandartRate());
     row.at(36).real(resource.getOverTimeRate());
     row.at(44).real(resource.getMaxUnits());
-    row.at(52).real(resource.getWork());
-    row.at(60).real(resource.getActualWork());
+    row.at(52).real(resource.getWork() * kWorkScale);
+    row.at(60).real(resource.getActualWork() * kWorkScale);
     row.at(68).real(baseline.work * kWorkScale);
     row.at(76).real(resource.getOvertimeWork());
     row.at(84).real(resource.getCostPerUse());
-    row.at(92).real(resource.getRemainingWork());
-    row.at(100).real(resource.getRegularWork());
+    row.at(92).real(resource.getRemainingWork() * kWorkScale);
+    row.at(100).real(resource.getRegularWork() * kWorkScale);
     row.at(108).real(resource.getActualOvertimeWork());
     row.at(116).real(0.0);
     row.at(124).real(resource.getPeakUnits());

@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/PercentOverTime.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 #include "MPPXMLDOMFilter/Streams/StreamParts.h"
@@ -23,6 +24,7 @@ constexpr std::size_t kFixed2MetaSize = 86;
 constexpr std::uint16_t kTitleType = 14;
 constexpr std::uint16_t kNotesType = 15;
 constexpr std::uint16_t kProjectType = 1252; // meaning unknown: 1 and 1 where a project has tasks
+constexpr std::uint16_t kPercentOverTimeType = 350;
 constexpr std::uint64_t kProjectOwnerID = 0;
 constexpr std::array<std::uint16_t, 30> kTextFieldTypes = {51,  54,  57,  60,  63,  66,  67,  68,  69,  70,
                                                            317, 318, 319, 320, 321, 322, 323, 324, 325, 326,
@@ -99,6 +101,8 @@ void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
     for (const std::string& value : task.customFieldValues)
         if (!value.empty())
             element([&] { data.writeString(value, MPPEncoding::Unicode); });
+    if (!task.progressPoints.empty())
+        element([&] { writePercentOverTime(data, task.progressPoints, _dates); });
     for (const auto& baseline : task.baselines) {
         element([&] { data.writeDate(baseline->start); });
         element([&] { data.writeDate(baseline->finish); });
@@ -125,6 +129,8 @@ void writeMetaForTask(MPP12VarMeta& varMeta, const MPPTask& task, std::uint64_t 
     for (std::size_t i = 0; i < task.customFieldValues.size(); ++i)
         if (!task.customFieldValues[i].empty())
             varMeta.writeNextElementMetaWithID(taskID, MPP12TaskWriter::getTextFieldTypeForIndex(i + 1));
+    if (!task.progressPoints.empty())
+        varMeta.writeNextElementMetaWithID(taskID, kPercentOverTimeType);
     for (std::size_t i = 0; i < task.baselines.size(); ++i)
         writeMetaForBaseline(varMeta, i + 1, taskID);
 }
@@ -156,7 +162,8 @@ void MPP12TaskWriter::writeFixedData() {
 
 void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     const MPPTaskBaseline& baseline = firstBaselineOf(task);
-    const int unitsValue = (isProject(task) ? kProjectUnits : kDays) | (task.estimated ? kEstimated : 0);
+    const int unitsValue =
+        (isProject(task) || task.isSummary ? kProjectUnits : kDays) | (task.estimated ? kEstimated : 0);
     const auto units = static_cast<std::uint16_t>(unitsValue);
     const EncodedDate earlyStart = _dates(task.getEarlyStart());
     const EncodedDate lateStart = _dates(task.getLateStart());
@@ -202,7 +209,7 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(134).word(task.getRecurring() ? 1 : 0);
     row.at(136).date(_dates(task.getPreleveledStart()));
     row.at(140).date(_dates(task.getPreleveledFinish()));
-    row.at(144).integer(task.percentageComplete != 0 ? 0x00009080 : 0x00000080);
+    row.at(144).integer(task.percentageComplete != 0 && !task.isSummary ? 0x00009080 : 0x00000080);
     row.at(148).date(earlyStart);
     row.at(152).date(lateFinish);
     row.at(156).date(_dates(task.getSummaryProgress()));
@@ -217,7 +224,8 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(216).real(task.actualCost);
     row.at(224).real(task.remainingCost);
     row.at(232).real(baseline.cost);
-    row.at(240).zeroes(24);
+    row.at(240).zeroes(16);
+    row.at(256).real(baseline.fixedCost);
     row.endElement(*_fixedData);
 }
 
@@ -236,13 +244,14 @@ namespace {
 
 std::uint32_t elementsOfTask(const MPPTask& task) {
     const std::size_t elements = 1 + (hasText(task.notes) ? 1 : 0) + countOfTexts(task.customFieldValues) +
+                                 (task.progressPoints.empty() ? 0 : 1) +
                                  kBaselineElements.size() * task.baselines.size();
     return static_cast<std::uint32_t>(elements);
 }
 
 std::uint8_t flags1(const MPPTask& task, bool isProject) {
     return static_cast<std::uint8_t>((isProject ? 0x07 : 0x02) | (task.getSplits() ? 0 : 0x80) |
-                                     (task.getMarked() ? 0x40 : 0));
+                                     (task.getMarked() ? 0x40 : 0) | (task.isSummary ? 0x04 : 0));
 }
 
 std::uint8_t flags2(const MPPTask& task, bool isProject) {
@@ -302,7 +311,7 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
     record.at(22).bytes(presenceOfTextFields(task));
     record.at(35).zeroes(8);
     record.at(43).word(hasText(task.notes) ? 0x0100 : 0);
-    record.at(45).word(0);
+    record.at(45).word(task.progressPoints.empty() ? 0 : 0x0040);
     record.end(fixedMeta);
 }
 

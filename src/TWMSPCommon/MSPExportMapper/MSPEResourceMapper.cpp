@@ -13,6 +13,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPENoteMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEResourceBaselineMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceValues.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEUserDataMapper.h"
 
 #include <fmt/format.h>
@@ -163,6 +164,8 @@ MSPEResourceMapper::newResourceFromZELBResource(XMLElement zelbResource, std::op
     if (const auto type = resourceType(children.text(Child::Type)))
         resource = ResourceBuilder(mapper(), children, *id).build(*type, _resourceCalendarUID);
     addBaselines(mapper(), zelbResource, resource.get());
+    if (resource && mapper()->keepsSource())
+        resource->mppDomObject()->source = sourceOfResource(zelbResource);
     return resource;
 }
 

@@ -14,6 +14,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPENoteMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceValues.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskBaselineMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskConstraint.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskDates.h"
@@ -136,6 +137,8 @@ public:
         add("Active", kYes);
         add("Manual", kNo);
         addBaselines();
+        if (_mapper->keepsSource())
+            _task->mppDomObject()->source = sourceOfTask(*_mapper, _zelbTask, *_info, _isEffortDriven);
         return std::move(_task);
     }
 
