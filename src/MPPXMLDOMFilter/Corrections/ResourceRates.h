@@ -1,0 +1,19 @@
+#pragma once
+
+namespace brackwater {
+
+/// What a resource costs, in whole currency units.
+struct ResourceRates {
+    double perHour = 0; ///< or per unit of material
+    double perUse = 0;
+    bool isMaterial = false;
+};
+
+/// The cost of a work in hours, or of a quantity of material, in hundredths. Each unit of a resource that works is used
+/// once; material is used once, whatever the quantity.
+[[nodiscard]] inline double costOfWork(const ResourceRates& rates, double work, double units) {
+    constexpr double kHundredths = 100.0;
+    return (work * rates.perHour + rates.perUse * (rates.isMaterial ? 1.0 : units)) * kHundredths;
+}
+
+} // namespace brackwater
