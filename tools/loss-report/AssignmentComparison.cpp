@@ -1,0 +1,162 @@
+#include "loss-report/EffortShares.h"
+#include "loss-report/TaskParts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace brackwater::lossreport {
+
+namespace {
+
+constexpr double kWorkOfPiece = 60'000; ///< a piece of a material stands as an hour of work
+constexpr double kWholeUnits = 10'000;
+constexpr double kSecondsOfWork = 60.0 / 1000;
+
+/// Compares the assignments of one task.
+class AssignmentComparison {
+public:
+    AssignmentComparison(Comparison& comparison, const TaskPair& pair)
+        : _comparison(comparison), _task(*pair.source), _file(*pair.file), _shares(_task, comparison.plan.main),
+          _rows(comparison.match.assignmentsOf(pair.file->uniqueId)) {
+        if (comparison.plan.baseline)
+            _baselineTask = comparison.plan.baseline->task(_task.id);
+        if (_baselineTask != nullptr)
+            _baselineShares.emplace(*_baselineTask, *comparison.plan.baseline);
+    }
+
+    void run() {
+        for (const SourceAssignment& assignment : _task.assignments)
+            compare(assignment);
+        if (_task.assignments.empty() && !_task.isGroup())
+            comparePlaceholder();
+        compareTaskCost();
+    }
+
+private:
+    // A piece of the task's work that nobody has been assigned to.
+    void comparePlaceholder() {
+        if (_rows.empty())
+            return _comparison.add(subjectOf(_task), Kind::Unexplained, "unassigned work", hoursText(_task.effort), "");
+        // Where no effort is told, real files have the duration.
+        const double work = _rows.front()->work;
+        if (_task.effort > 0 || !isSameWork(workOfSeconds(_task.duration), work))
+            _comparison.work(subjectOf(_task), "unassigned work", _task.effort, work);
+    }
+
+    void compare(const SourceAssignment& source) {
+        const ResourcePair* resource = _comparison.match.resource(source.resource);
+        if (resource == nullptr)
+            return;
+        const Subject subject{"assignment", _task.id, resource->source->name};
+        const inspect::Assignment* row = resource->file == nullptr ? nullptr : takeRow(resource->file->uniqueId);
+        if (row == nullptr)
+            return _comparison.add(subject, Kind::Unexplained, "assignment", inspect::numberText(source.units), "");
+        _comparison.date(subject, "start", _task.start, row->start);
+        _comparison.date(subject, "finish", _task.end, row->finish);
+        const auto effort = _shares.nearest(source, row->work * kSecondsOfWork);
+        if (effort)
+            compareWork(subject, source, *effort, *row);
+        else
+            compareQuantity(subject, source, *row);
+        compareCost(subject, source, effort, *resource->source, *row);
+        compareBaseline(subject, source, *row);
+    }
+
+    /// The rows of a task are mostly in the order of the document.
+    const inspect::Assignment* takeRow(std::uint32_t resource) {
+        const auto isRight = [resource](const inspect::Assignment* row) { return row->resourceId == resource; };
+        if (_next < _rows.size() && isRight(_rows[_next]))
+            return _rows[_next++];
+        const auto found = std::ranges::find_if(_rows, isRight);
+        return found == _rows.end() ? nullptr : *found;
+    }
+
+    void compareWork(const Subject& subject, const SourceAssignment& source, double effort,
+                     const inspect::Assignment& row) {
+        _comparison.number(subject, "units", source.units, row.units, kWholeUnits);
+        _comparison.work(subject, "work", effort, row.work);
+        const double done = _task.progress();
+        // Of the work in the file, whose own differences are told already.
+        if (!isSameWork(row.work * done, row.actualWork))
+            _comparison.add(subject, Kind::Progress, "work done", hoursText(effort * done),
+                            hoursOfWork(row.actualWork));
+        if (!isSameWork(row.work * (1 - done), row.remainingWork))
+            _comparison.work(subject, "remaining work", effort * (1 - done), row.remainingWork, Kind::Progress);
+    }
+
+    void compareQuantity(const Subject& subject, const SourceAssignment& source, const inspect::Assignment& row) {
+        _comparison.number(subject, "quantity", source.units, row.units, kWholeUnits, Kind::MaterialQuantity);
+        _comparison.number(subject, "quantity as work", source.units, row.work, kWorkOfPiece, Kind::MaterialQuantity);
+    }
+
+    // What an hour or a piece costs, and each use of a resource, by its units or once.
+    void compareCost(const Subject& subject, const SourceAssignment& source, const std::optional<double>& effort,
+                     const SourceResource& resource, const inspect::Assignment& row) {
+        const double cost = resource.costPerHour.value_or(0) * (effort ? *effort / 3600 : source.units);
+        const double use = resource.costPerUse.value_or(0);
+        if (!isSameNumber((cost + use) * 100, row.cost))
+            _comparison.number(subject, "cost", cost + use * source.units, row.cost, 100, Kind::CostOfWork);
+    }
+
+    void compareTaskCost() {
+        double cost = _file.fixedCost;
+        for (const inspect::Assignment* row : _rows)
+            cost += row->cost;
+        if (!_task.isGroup())
+            _comparison.number(subjectOf(_task), "whole cost", cost / 100, _file.cost, 100, Kind::CostOfWork);
+    }
+
+    void compareBaseline(const Subject& subject, const SourceAssignment& source, const inspect::Assignment& row) {
+        if (!_baselineShares)
+            return;
+        const auto assigned =
+            std::ranges::find(_baselineTask->assignments, source.resource, &SourceAssignment::resource);
+        if (assigned == _baselineTask->assignments.end() || !_baselineShares->of(*assigned))
+            return; // material has no baseline
+        const auto found = row.baselines.find(0);
+        const double inFile = found == row.baselines.end() ? 0 : found->second.work.value_or(0);
+        const double effort = *_baselineShares->nearest(*assigned, inFile * kSecondsOfWork);
+        _comparison.baselineEfforts[source.resource] += effort;
+        if (found == row.baselines.end())
+            return _comparison.add(subject, Kind::BaselineAssignment, "baseline", hoursText(effort), "");
+        const inspect::Baseline& baseline = found->second;
+        _comparison.date(subject, "baseline start", _baselineTask->start, baseline.start, Kind::BaselineAssignment);
+        _comparison.date(subject, "baseline finish", _baselineTask->end, baseline.finish, Kind::BaselineAssignment);
+        _comparison.work(subject, "baseline work", effort, inFile, Kind::BaselineAssignment);
+    }
+
+    Comparison& _comparison;
+    const SourceTask& _task;
+    const inspect::Task& _file;
+    EffortShares _shares;
+    std::span<const inspect::Assignment* const> _rows;
+    std::size_t _next = 0;
+    const SourceTask* _baselineTask = nullptr;
+    std::optional<EffortShares> _baselineShares;
+};
+
+} // namespace
+
+void compareAssignments(Comparison& comparison, const TaskPair& pair) { AssignmentComparison(comparison, pair).run(); }
+
+void compareSegments(Comparison& comparison, const TaskPair& pair) {
+    const SourceTask& task = *pair.source;
+    if (!task.isSplit || task.children.empty())
+        return;
+    const std::size_t bars = task.children.size(), phases = 2 * bars - 1; // pauses are phases as well
+    const auto rows = comparison.match.assignmentsOf(pair.file->uniqueId);
+    const bool isTold = std::ranges::any_of(rows, [phases](const inspect::Assignment* row) {
+        return row->plannedPhases.value_or(0) + row->completePhases.value_or(0) >= phases;
+    });
+    const Subject subject = subjectOf(task);
+    if (!isTold)
+        comparison.add(subject, Kind::Split, "pieces", fmt::format("{}", bars), "1");
+    for (const std::string_view id : task.children) {
+        const SourceTask* segment = comparison.plan.main.task(id);
+        if (segment != nullptr && !segment->title.empty())
+            comparison.add({"task", id, segment->title}, Kind::Segment, "title", std::string(segment->title), "");
+    }
+}
+
+} // namespace brackwater::lossreport

@@ -1,0 +1,42 @@
+#include "loss-report/LossReport.h"
+
+#include "loss-report/Comparison.h"
+
+#include "mppinspect/CompoundFile.h"
+
+namespace brackwater::lossreport {
+
+LossReport findLosses(const std::string& bundlePath, const std::string& mppPath) {
+    const SystemTimeZoneHold hold;
+    const SourcePlan plan = readPlan(bundlePath);
+    const inspect::ProjectFile file = inspect::decode(inspect::CompoundFile::open(mppPath));
+    Comparison comparison(plan, file);
+    compareProject(comparison);
+    compareTasks(comparison);
+    compareResources(comparison);
+    compareCalendars(comparison);
+    return comparison.takeReport();
+}
+
+void writeLosses(inspect::JsonWriter& json, const LossReport& report) {
+    json.beginArray();
+    for (const Loss& loss : report.losses) {
+        json.beginObject();
+        const auto add = [&json](std::string_view key, const std::string& value) {
+            json.key(key);
+            json.text(value);
+        };
+        add("kind", loss.kind);
+        add("object", loss.object);
+        add("id", loss.id);
+        add("name", loss.name);
+        add("field", loss.field);
+        add("source", loss.source);
+        add("file", loss.file);
+        add("why", loss.why);
+        json.endObject();
+    }
+    json.endArray();
+}
+
+} // namespace brackwater::lossreport
