@@ -7,12 +7,15 @@
 #include "support/LogCapture.h"
 #include "support/ScopedTimeZone.h"
 #include "support/TempFolder.h"
+#include "support/ToolRun.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -76,6 +79,59 @@ TEST(LossReport, TextHasTheLinesAskedForAndNoCharacterThatHarmsATerminal) {
               "  task t2 'H', type: 'hammock' is 'task'\n");
     EXPECT_EQ(textOfLosses(report, 1), "and 31 values more\n");
     EXPECT_EQ(textOfLosses({}, 20), "");
+}
+
+TEST(LossReport, InJsonIsAsItsSchemaAndItsDocumentationTell) {
+    const TempFolder scratch;
+    std::ofstream file(scratch.path("losses.json"));
+    inspect::JsonWriter json([&file](std::string_view text) { file << text; });
+    writeLosses(json, lossesOf(kSources + "/examples/House.zelb"));
+    json.finish();
+    file.close();
+    const ToolStart check{.program = "/usr/bin/python3",
+                          .arguments = {kSources + "/tests/tools/loss-report/check-json.py",
+                                        scratch.path("losses.json"), kSources + "/docs"},
+                          .environment = {},
+                          .logPath = scratch.path("check.log")};
+    EXPECT_EQ(waitForTool(startTool(check)).exitStatus, 0) << std::ifstream(check.logPath).rdbuf();
+}
+
+// Rows of the tables, cell by cell; the heads and the lines below them are left out.
+std::vector<std::vector<std::string>> tableRows(const std::string& path) {
+    std::vector<std::vector<std::string>> rows;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        if (!line.starts_with("| ") || line.starts_with("| ---") || line.ends_with("| kind |"))
+            continue;
+        std::vector<std::string> cells;
+        std::stringstream rest(line.substr(2));
+        for (std::string cell; std::getline(rest, cell, '|');)
+            cells.push_back(cell.substr(
+                cell.find_first_not_of(' ') == std::string::npos ? cell.size() : cell.find_first_not_of(' ')));
+        rows.push_back(cells);
+    }
+    return rows;
+}
+
+std::set<std::string> kindsOf(const std::string& cell) {
+    std::set<std::string> kinds;
+    for (std::size_t at = cell.find('`'); at != std::string::npos; at = cell.find('`', cell.find('`', at + 1) + 1))
+        kinds.insert(cell.substr(at + 1, cell.find('`', at + 1) - at - 1));
+    return kinds;
+}
+
+TEST(LossReport, HasAKindForEachLossThatTheDocumentationTells) {
+    std::set<std::string> known, told;
+    for (const LossKind& kind : lossKinds())
+        known.insert(std::string(kind.id));
+    for (const auto& cells : tableRows(kSources + "/docs/fidelity.md")) {
+        ASSERT_EQ(cells.size(), 5U) << cells.front();
+        const std::set<std::string> kinds = kindsOf(cells[4]);
+        EXPECT_EQ(cells[2].empty(), kinds.empty()) << cells[0] << ": a loss without a kind, or a kind without a loss";
+        EXPECT_EQ(cells[2].empty(), cells[3].empty()) << cells[0] << ": what is left of it with brackwater?";
+        told.insert(kinds.begin(), kinds.end());
+    }
+    EXPECT_EQ(told, known);
 }
 
 TEST(LossReport, KindsStandInTheOrderOfTheirEnumerationUnderIdsOfTheirOwn) {

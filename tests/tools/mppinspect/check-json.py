@@ -19,7 +19,9 @@ FREE_KEYS = {"taskTextNames", "resourceTextNames", "texts"}
 def documented_keys():
     keys, section = {}, None
     for line in open(documentation, encoding="utf-8"):
-        if line.startswith("## "):
+        if line.startswith("# "):
+            section = None  # of another document
+        elif line.startswith("## "):
             section = keys.setdefault(line[3:].strip(), set())
         elif section is not None and line.startswith("| `"):
             section.update(re.findall(r"`(\w+)`", line.split("|")[1]))
