@@ -140,23 +140,4 @@ private:
 
 void compareAssignments(Comparison& comparison, const TaskPair& pair) { AssignmentComparison(comparison, pair).run(); }
 
-void compareSegments(Comparison& comparison, const TaskPair& pair) {
-    const SourceTask& task = *pair.source;
-    if (!task.isSplit || task.children.empty())
-        return;
-    const std::size_t bars = task.children.size(), phases = 2 * bars - 1; // pauses are phases as well
-    const auto rows = comparison.match.assignmentsOf(pair.file->uniqueId);
-    const bool isTold = std::ranges::any_of(rows, [phases](const inspect::Assignment* row) {
-        return row->plannedPhases.value_or(0) + row->completePhases.value_or(0) >= phases;
-    });
-    const Subject subject = subjectOf(task);
-    if (!isTold)
-        comparison.add(subject, Kind::Split, "pieces", fmt::format("{}", bars), "1");
-    for (const std::string_view id : task.children) {
-        const SourceTask* segment = comparison.plan.main.task(id);
-        if (segment != nullptr && !segment->title.empty())
-            comparison.add({"task", id, segment->title}, Kind::Segment, "title", std::string(segment->title), "");
-    }
-}
-
 } // namespace brackwater::lossreport

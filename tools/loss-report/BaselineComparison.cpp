@@ -38,15 +38,17 @@ private:
         _comparison.work(_subject, "work", _source.effort, inFile, kind);
     }
 
-    // The file has the whole cost, with that of the work.
+    // The file has the whole cost as well, with that of the work; of a group with that of its tasks.
     void compareCost() {
-        double fixed = _baseline.cost.value_or(0);
+        const double fixed = *_source.staticCost * 100, inFile = _baseline.fixedCost.value_or(0);
+        if (!isSameNumber(fixed, inFile))
+            return _comparison.number(_subject, "cost", fixed / 100, inFile, 100, Kind::BaselineCost);
+        double cost = fixed;
         for (const inspect::Assignment* assignment : _comparison.match.assignmentsOf(_file.uniqueId))
             if (const auto found = assignment->baselines.find(0); found != assignment->baselines.end())
-                fixed -= found->second.cost.value_or(0);
-        const bool isGroupsSum = _source.isGroup() && fixed > *_source.staticCost * 100;
-        if (!isGroupsSum)
-            _comparison.number(_subject, "cost", *_source.staticCost, fixed, 100, Kind::BaselineCost);
+                cost += found->second.cost.value_or(0);
+        if (!_source.isGroup())
+            _comparison.number(_subject, "cost", cost / 100, _baseline.cost.value_or(0), 100, Kind::BaselineCost);
     }
 
     Comparison& _comparison;

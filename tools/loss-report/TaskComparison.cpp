@@ -91,6 +91,8 @@ private:
                             file.milestone ? "milestone" : "no milestone");
         if (source.type == SourceTaskType::Hammock)
             _comparison.add(subject, Kind::Hammock, "type", "hammock", "task");
+        if (file.ignoresResourceCalendars)
+            _comparison.add(subject, Kind::IgnoredCalendar, "calendars of its resources", "heeded", "ignored");
         compareRecalculation(subject, source, file);
     }
 
