@@ -163,20 +163,27 @@ void prepareForTheEnd() {
         lineBuffer.stopBuffering();
 }
 
-} // namespace
-
-void logLine(std::string_view text) { logPieces({&text, 1}); }
-
-void logPieces(std::span<const std::string_view> pieces) {
-    if (innermostSink != nullptr) {
-        innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
-        return;
-    }
+void writeToStandardError(std::span<const std::string_view> pieces) {
     [[maybe_unused]] static const bool prepared = (prepareForTheEnd(), true);
     lineBuffer.append(prefix.now(), pieces);
 }
 
+} // namespace
+
+bool isLogRead(std::string_view beginning) { return innermostSink == nullptr || innermostSink->wants(beginning); }
+
+void logLine(std::string_view text) { logPieces({&text, 1}); }
+
+void logPieces(std::span<const std::string_view> pieces) {
+    if (innermostSink == nullptr)
+        writeToStandardError(pieces);
+    else if (!pieces.empty() && innermostSink->wants(pieces.front()))
+        innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
+}
+
 void logFormatted(fmt::string_view text, fmt::format_args arguments) {
+    if (!isLogRead({text.data(), text.size()}))
+        return;
     fmt::memory_buffer message;
     fmt::vformat_to(fmt::appender(message), text, arguments);
     logLine(std::string_view(message.data(), message.size()));
@@ -187,5 +194,12 @@ void flushLog() { lineBuffer.flush(); }
 LogSink::LogSink() : _outer(innermostSink) { innermostSink = this; }
 
 LogSink::~LogSink() { innermostSink = _outer; }
+
+void LogSink::passOn(std::string_view text) const {
+    if (_outer != nullptr)
+        _outer->receive(text);
+    else
+        writeToStandardError({&text, 1});
+}
 
 } // namespace brackwater

@@ -24,11 +24,14 @@ requires(sizeof...(Args) > 0) void logLine(fmt::format_string<Args...> text, Arg
     logFormatted(text, fmt::make_format_args(args...));
 }
 
+/// Whether anybody reads a message that begins so. Asked before a message is made that costs much.
+[[nodiscard]] bool isLogRead(std::string_view beginning);
+
 /// Writes out what is buffered. May be called from a signal handler.
 void flushLog();
 
-/// Where log lines go while the object lives instead of standard error: each message, without time stamp and process,
-/// for tests. Objects nest; the innermost receives.
+/// Where log lines go while the object lives instead of standard error: each message, without time stamp and process.
+/// Objects nest; the innermost receives.
 class LogSink {
 public:
     LogSink();
@@ -36,7 +39,17 @@ public:
     LogSink(const LogSink&) = delete;
     LogSink& operator=(const LogSink&) = delete;
 
+    /// Whether it takes a message that begins so (of a formatted one, its format is shown). One that it does not take
+    /// is never put together.
+    [[nodiscard]] virtual bool wants(std::string_view beginning) const {
+        static_cast<void>(beginning);
+        return true;
+    }
     virtual void receive(std::string_view text) = 0;
+
+protected:
+    /// Hands a message on to where it would have gone without this object.
+    void passOn(std::string_view text) const;
 
 private:
     LogSink* _outer;

@@ -54,16 +54,12 @@ std::string descriptionOfRecords(const std::vector<std::shared_ptr<Record>>& rec
     return text + "\n)";
 }
 
-bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl, ExportMode mode) {
-    logLine("Writing out exported MS Project document ...");
+void logRecords(const MPPProject& project) {
+    constexpr std::string_view beginning = "project.";
+    if (!isLogRead(beginning))
+        return;
     logLine("project.tasks: {}", descriptionOfRecords(project.tasks));
     logLine("project.resources: {}", descriptionOfRecords(project.resources));
-    MPPWriteFailure failure;
-    const MPPModelPass corrections = mode == ExportMode::Corrected ? MPPModelPass(applyCorrections) : MPPModelPass();
-    const bool written = MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure, corrections);
-    if (!written)
-        logLine("WARNING: Writing stopped at '{}': {}", failure.entryPath, failure.reason);
-    return written;
 }
 
 } // namespace
@@ -80,8 +76,11 @@ bool MSPEMPPExporter::exportZelbBundle(const std::optional<FileURL>& bundleUrl, 
         return success;
     } catch (const Exception& exception) {
         logLine("EXCEPTION: {}\n{}\n{}", exception.name(), exception.reason(), exception.userInfo());
+        // Where there is further information, it is what tells people something.
+        _failureText = exception.userInfo().empty() ? exception.reason() : exception.userInfo();
     } catch (const std::exception& exception) {
         logLine("EXCEPTION: {}\n{}\n{}", kGenericException, exception.what(), "");
+        _failureText = exception.what();
     }
     return false;
 }
@@ -91,18 +90,44 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileUR
     logLine("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...");
     logLine("Input:  '{}'", bundleUrl.path());
     logLine("Output: '{}'", mppUrl.path());
+    begin(ExportPhase::Loading);
     MSPESourceDocuments documents = loadSourceDocuments(bundleUrl);
 
     logLine("Mapping Tarnwick document ...");
+    begin(ExportPhase::Mapping);
     _info[std::string(kInfoMPPTemplateUrl)] = templateUrl.absoluteString();
     // The source documents go into the mapping and are freed with it: writing needs the project only.
-    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl, _mode);
+    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl, _mode, _progress);
     logLine("mspdiXmlDoc: {}", mapped.project ? "<MSPEXMLDocumentAdapter>" : "(null)");
     if (!mapped.project) {
-        logLine("WARNING: No scenario was mapped. {}", mapped.notMappedReason);
+        warnOfFailure(fmt::format("No scenario was mapped. {}", mapped.notMappedReason));
         return false;
     }
-    return writeMappedProject(*mapped.project, mppUrl, templateUrl, _mode);
+    return writeMappedProject(*mapped.project, mppUrl, templateUrl);
+}
+
+bool MSPEMPPExporter::writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl) {
+    logLine("Writing out exported MS Project document ...");
+    begin(ExportPhase::Writing);
+    logRecords(project);
+    MPPWriteFailure failure;
+    const MPPModelPass corrections = _mode == ExportMode::Corrected ? MPPModelPass(applyCorrections) : MPPModelPass();
+    const bool written =
+        MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure, corrections, _progress);
+    _numberOfTasks = project.tasks.size();
+    if (!written)
+        warnOfFailure(fmt::format("Writing stopped at '{}': {}", failure.entryPath, failure.reason));
+    return written;
+}
+
+void MSPEMPPExporter::warnOfFailure(std::string text) {
+    logLine("WARNING: {}", text);
+    _failureText = std::move(text);
+}
+
+void MSPEMPPExporter::begin(ExportPhase phase) const {
+    if (_progress != nullptr)
+        _progress->advance(phase, 0, 0);
 }
 
 FileURL uniquifiedUrl(const FileURL& destination) {

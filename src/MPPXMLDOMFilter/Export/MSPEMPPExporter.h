@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Export/ExportMode.h"
+#include "Platform/ExportProgress.h"
 #include "Platform/FileURL.h"
 
 #include <map>
@@ -9,6 +10,8 @@
 #include <string_view>
 
 namespace brackwater {
+
+struct MPPProject;
 
 inline constexpr std::string_view kTWMPPExporterException = "TWMPPExporterException";
 /// Stands for the name of a failure that has none, such as exhausted memory.
@@ -35,13 +38,27 @@ public:
     bool exportZelbBundle(const std::optional<FileURL>& bundleUrl, const std::optional<FileURL>& mppUrl,
                           const std::optional<FileURL>& templateUrl);
 
+    /// Why the export failed, in words for people; empty before one and after one that succeeded.
+    [[nodiscard]] const std::string& failureText() const noexcept { return _failureText; }
+    /// Tasks in the file.
+    [[nodiscard]] std::size_t numberOfTasks() const noexcept { return _numberOfTasks; }
+    /// Is told how far the export is; may be null, and must outlive the export.
+    void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
+
     [[nodiscard]] const MSPEExportInfo& info() const noexcept { return _info; }
 
 private:
     bool exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl);
+    bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl);
+    /// Logs why the file was not written, or not wholly.
+    void warnOfFailure(std::string text);
+    void begin(ExportPhase phase) const;
 
     MSPEExportInfo _info;
     ExportMode _mode;
+    ExportProgress* _progress = nullptr;
+    std::string _failureText;
+    std::size_t _numberOfTasks = 0;
 };
 
 /// The first free name: the destination itself, or "STEM-1.EXTENSION", "STEM-2.EXTENSION" and so on. Test and later

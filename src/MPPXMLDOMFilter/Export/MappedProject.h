@@ -8,6 +8,7 @@
 
 namespace brackwater {
 
+class ExportProgress;
 struct MPPProject;
 
 /// What the mapping made of a bundle's documents: a project, or why there is none.
@@ -16,9 +17,9 @@ struct MappedProject {
     std::string notMappedReason;         ///< a sentence for people; empty with a project
 };
 
-/// Maps the documents and frees them. The records keep the source's values where the mode asks for corrections. Raises
-/// what the mapping raises.
+/// Maps the documents and frees them. The records keep the source's values where the mode asks for corrections.
+/// `progress` may be null. Raises what the mapping raises.
 [[nodiscard]] MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl,
-                                               ExportMode mode);
+                                               ExportMode mode, ExportProgress* progress = nullptr);
 
 } // namespace brackwater

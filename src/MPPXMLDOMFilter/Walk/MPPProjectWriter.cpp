@@ -32,13 +32,13 @@ std::string reasonOfRefusal(const FileURL& templateUrl, int formatVersion) {
 
 /// Opens the output, walks the template into it and closes it. A failed walk leaves the output as far as it got.
 bool writeEntriesToUrl(MPPProject* project, const MPPFormatReader& templateRoot, const FileURL& outputUrl,
-                       MPPWriteFailure& failure) {
+                       MPPWriteFailure& failure, ExportProgress* progress) {
     MPPFormatWriter output(outputUrl);
     if (!output.open()) {
         failure = {outputUrl.path(), fmt::format("the output cannot be created: {}", output.failureText())};
         return false;
     }
-    const bool written = TemplateWalk(project, failure).writeEntries(templateRoot, output);
+    const bool written = TemplateWalk(project, failure, progress).writeEntries(templateRoot, output);
     const bool closed = output.close();
     if (written && !closed)
         failure = {outputUrl.path(), fmt::format("the output cannot be finished: {}", output.failureText())};
@@ -47,12 +47,12 @@ bool writeEntriesToUrl(MPPProject* project, const MPPFormatReader& templateRoot,
 
 /// The write between its two log lines.
 bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const FileURL& outputUrl,
-                        MPPWriteFailure& failure) {
+                        MPPWriteFailure& failure, ExportProgress* progress) {
     logLine("writeProject started\n");
     MPPFormatReader templateRoot(templateUrl);
     bool written = false;
     if (templateRoot.open())
-        written = writeEntriesToUrl(project, templateRoot, outputUrl, failure);
+        written = writeEntriesToUrl(project, templateRoot, outputUrl, failure, progress);
     else
         failure.reason = "the template cannot be opened";
     logLine("writeProject finished\n");
@@ -62,7 +62,8 @@ bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const F
 } // namespace
 
 bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
-                                    MPPWriteFailure* failure, const MPPModelPass& beforeWriting) {
+                                    MPPWriteFailure* failure, const MPPModelPass& beforeWriting,
+                                    ExportProgress* progress) {
     MPPWriteFailure found;
     bool written = false;
     if (const int version = getFormatVersionOfTemplateAtUrl(templateUrl); version != kFormat2007) {
@@ -73,7 +74,7 @@ bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUr
             if (beforeWriting)
                 beforeWriting(*project);
         }
-        written = writeTemplateToUrl(project, templateUrl, outputUrl, found);
+        written = writeTemplateToUrl(project, templateUrl, outputUrl, found, progress);
     }
     if (!written && failure != nullptr) {
         if (found.entryPath.empty())

@@ -8,6 +8,8 @@
 
 namespace brackwater {
 
+class ExportProgress;
+
 /// Where and why a write stopped, for the driver's log line.
 struct MPPWriteFailure {
     std::string entryPath; ///< "   112/TBkndCal", or the path of the template or the output where no entry was reached
@@ -21,9 +23,10 @@ using MPPModelPass = std::function<void(MPPProject&)>;
 class MPPProjectWriter {
 public:
     /// True when the whole file was written. On false `failure` (may be null) tells where and why, and the output
-    /// stands as far as it got.
+    /// stands as far as it got. `progress` may be null.
     static bool writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
-                             MPPWriteFailure* failure = nullptr, const MPPModelPass& beforeWriting = {});
+                             MPPWriteFailure* failure = nullptr, const MPPModelPass& beforeWriting = {},
+                             ExportProgress* progress = nullptr);
     static int getFormatVersionOfTemplateAtUrl(const FileURL& templateUrl);
     static void preprocessProject(MPPProject& project);
     /// Creates the child in the output and the writer that fits its name and its parent's; nothing when the child

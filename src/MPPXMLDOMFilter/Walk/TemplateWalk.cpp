@@ -8,6 +8,7 @@ namespace brackwater {
 
 bool TemplateWalk::writeEntries(const MPPFormatReader& templateRoot, MPPFormatWriter& outputRoot) {
     const std::int32_t count = templateRoot.numberOfChildren();
+    countEntries(templateRoot);
     for (std::int32_t index = 0; index < count; ++index) {
         const Reader reader = templateRoot.createReaderForChildAtIndex(index);
         if (!reader)
@@ -27,6 +28,7 @@ bool TemplateWalk::writeStorage(const MPPFormatReader& reader, MPPFormatWriter& 
     if (!storage)
         return fail(name, "the storage cannot be created");
     const std::int32_t count = reader.numberOfChildren();
+    countEntries(reader);
     for (std::int32_t index = 0; index < count; ++index) {
         Reader child = reader.createReaderForChildAtIndex(index);
         if (!child)
@@ -47,7 +49,15 @@ bool TemplateWalk::writeEntry(const std::string& path, MPPFormatWriter& parent, 
         return fail(path, writer->failureReason());
     if (!writer->finish())
         return fail(path, writer->failureReason());
+    ++_writtenEntries;
+    if (_progress != nullptr)
+        _progress->advance(ExportPhase::Writing, _writtenEntries, _entries);
     return true;
+}
+
+// What a storage of the template holds counts from the moment it is begun: its entries are not known before.
+void TemplateWalk::countEntries(const MPPFormatReader& storage) {
+    _entries += static_cast<std::size_t>(std::max(storage.numberOfChildren(), 0));
 }
 
 bool TemplateWalk::fail(std::string path, std::string reason) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
+#include "Platform/ExportProgress.h"
 
 namespace brackwater {
 
@@ -8,8 +9,10 @@ namespace brackwater {
 /// the first failure ends the walk.
 class TemplateWalk {
 public:
-    /// `project` goes to the writers as it is. `failure` is filled in when the walk fails.
-    TemplateWalk(MPPProject* project, MPPWriteFailure& failure) : _project(project), _failure(failure) {}
+    /// `project` goes to the writers as it is. `failure` is filled in when the walk fails. `progress` (may be null) is
+    /// told of each entry.
+    TemplateWalk(MPPProject* project, MPPWriteFailure& failure, ExportProgress* progress = nullptr)
+        : _project(project), _failure(failure), _progress(progress) {}
 
     /// Writes all entries of the template into the root of the output; the caller closes the root.
     [[nodiscard]] bool writeEntries(const MPPFormatReader& templateRoot, MPPFormatWriter& outputRoot);
@@ -20,9 +23,13 @@ private:
     bool writeStorage(const MPPFormatReader& reader, MPPFormatWriter& parent);
     bool writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader);
     bool fail(std::string path, std::string reason);
+    void countEntries(const MPPFormatReader& storage);
 
     MPPProject* _project;
     MPPWriteFailure& _failure;
+    ExportProgress* _progress;
+    std::size_t _entries = 0; ///< that are known of
+    std::size_t _writtenEntries = 0;
 };
 
 } // namespace brackwater

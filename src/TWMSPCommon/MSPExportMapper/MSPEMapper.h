@@ -10,6 +10,7 @@
 
 namespace brackwater {
 
+class ExportProgress;
 class MSPEBaseline;
 class MSPECalendarMapper;
 class MSPEIdMapper;
@@ -48,6 +49,9 @@ public:
     [[nodiscard]] const std::vector<MSPEBaseline>& zelbBaselines() const noexcept { return _zelbBaselines; }
     [[nodiscard]] int mppVersion() const noexcept { return _mppVersion; }
     [[nodiscard]] bool keepsSource() const noexcept { return _keepsSource; }
+    /// Is told of each task; may be null.
+    [[nodiscard]] ExportProgress* progress() const noexcept { return _progress; }
+    void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
 
     /// The root element; null before the project mapper made it.
     [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept { return _mspdiProject; }
@@ -79,6 +83,7 @@ private:
     std::vector<MSPEBaseline> _zelbBaselines;
     int _mppVersion = 0;
     bool _keepsSource = false;
+    ExportProgress* _progress = nullptr;
     std::string _notMappedReason;
     std::shared_ptr<MSPEXMLDocumentAdapter> _mspdiXmlDoc;
     std::shared_ptr<MSPEXMLProjectAdapter> _mspdiProject;

@@ -3,9 +3,11 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAssignmentAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskAdapter.h"
 #include "Platform/Exception.h"
+#include "Platform/ExportProgress.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEAssignmentMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEChildElements.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETimephasedDataMapper.h"
@@ -23,12 +25,18 @@ using Children = MSPEChildElements<Child, kChildNames.size()>;
 } // namespace
 
 void MSPETaskTreeWalk::walkFrom(std::optional<XMLElement> topTask) {
+    const std::size_t tasks = MSPEProjectMapper::ofMapper(mapper()).scheduledTasks().size();
     mapTask(topTask);
+    std::size_t mapped = 1;
     while (!_groups.empty()) {
-        if (const auto child = _groups.back().children.nextChild())
-            mapTask(child);
-        else
+        const auto child = _groups.back().children.nextChild();
+        if (!child) {
             _groups.pop_back();
+            continue;
+        }
+        mapTask(child);
+        if (ExportProgress* const progress = mapper()->progress())
+            progress->advance(ExportPhase::Mapping, ++mapped, tasks);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 
-#include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/Exception.h"
 #include "Platform/Log.h"
 #include "Platform/PathText.h"
@@ -145,9 +144,13 @@ void BrackwaterRunner::exportLine(const std::string& line) {
     const MSPEExportInfo info = {
         {std::string(kInfoMSPDIProjectName), stringByDeletingPathExtension(lastPathComponent(bundlePath))}};
     logLine("info: {}", descriptionOfInfo(info));
-    MSPEMPPExporter exporter(info);
-    const bool succeeded = exporter.exportZelbBundle(inputUrl, outputUrl, _templateUrl);
+    const bool succeeded = exportBundle(inputUrl, outputUrl, *_templateUrl, info);
     logLine("### Exporter {}.", succeeded ? "SUCCEEDED" : "FAILED");
+}
+
+bool BrackwaterRunner::exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
+                                    const MSPEExportInfo& info) {
+    return MSPEMPPExporter(info).exportZelbBundle(bundleUrl, mppUrl, templateUrl);
 }
 
 std::string BrackwaterRunner::outputPathForBundle(const std::string& bundlePath) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/FileURL.h"
 
 #include <optional>
@@ -21,8 +22,18 @@ inline constexpr std::string_view kPreferencesDomain = "lanthorn.Tarnwick2.MSPEx
 ///   Brackwater --template-path TEMPLATE --input-list LIST [OUTPUT]
 class BrackwaterRunner {
 public:
+    BrackwaterRunner() = default;
+    virtual ~BrackwaterRunner() = default;
+    BrackwaterRunner(const BrackwaterRunner&) = delete;
+    BrackwaterRunner& operator=(const BrackwaterRunner&) = delete;
+
     /// `arguments` begin with the program's name. Lets no failure escape; the result is the exit status, always 0.
     int run(std::span<const std::string> arguments);
+
+protected:
+    /// Exports one bundle; what it answers is logged.
+    virtual bool exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
+                              const MSPEExportInfo& info);
 
 private:
     void exportAll();
