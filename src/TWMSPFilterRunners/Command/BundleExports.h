@@ -1,0 +1,68 @@
+#pragma once
+
+#include "TWMSPFilterRunners/Command/CommandOptions.h"
+#include "TWMSPFilterRunners/Command/ExportPlan.h"
+#include "TWMSPFilterRunners/Command/ExportResult.h"
+#include "TWMSPFilterRunners/Command/LogFile.h"
+#include "TWMSPFilterRunners/Command/ProgressBoard.h"
+#include "TWMSPFilterRunners/Command/ProgressLine.h"
+#include "TWMSPFilterRunners/Command/ReportFile.h"
+#include "TWMSPFilterRunners/Command/StopRequests.h"
+#include "TWMSPFilterRunners/Command/Summary.h"
+#include "TWMSPFilterRunners/Command/Worker.h"
+#include "TWMSPFilterRunners/Command/WorkerPool.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brackwater {
+
+/// All exports of one run: plans them, has them done by workers, and tells of them in the order of the bundles.
+class BundleExports {
+public:
+    /// Plans and checks. Raises UsageError.
+    explicit BundleExports(const CommandOptions& options);
+
+    /// The exit status: a CommandStatus, or 128 and the number of the signal that ended the run.
+    [[nodiscard]] int run();
+
+private:
+    /// A job that a worker has in hand.
+    struct Begun {
+        std::size_t job = 0;
+        std::string workFolder;
+    };
+
+    void beginJobs();
+    [[nodiscard]] bool beginJob(std::size_t job);
+    [[nodiscard]] std::string workInProcess(const ExportJob& job, const std::string& workFolder, int log,
+                                            std::size_t slot) const;
+    void endJob(const EndedWorker& worker);
+    void setFailure(std::size_t job, std::string fault);
+    void tellInOrder();
+    void showProgress();
+    void stop(int signalNumber);
+    void tellRest();
+    [[nodiscard]] int finish();
+    [[nodiscard]] int status() const;
+
+    const CommandOptions& _options;
+    ExportPlan _plan;
+    std::optional<LogFile> _log;
+    std::optional<ReportFile> _report;
+    WorkerSettings _settings;
+    StopRequests _stopRequests;
+    ProgressBoard _board;
+    WorkerPool _pool;
+    ProgressLine _progress;
+    Summary _summary;
+    std::vector<Begun> _begun;                    ///< by slot
+    std::size_t _nextJob = 0;                     ///< that no worker has had
+    std::map<std::size_t, ExportResult> _results; ///< that wait for those in front of them
+    std::size_t _told = 0;
+    int _stopSignal = 0;
+};
+
+} // namespace brackwater

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "TWMSPFilterRunners/Command/FileDescriptor.h"
+
+#include <map>
+#include <string>
+
+namespace brackwater {
+
+/// The file that takes the logs of all exports, bundle after bundle in the order of the jobs, however the exports
+/// overlap.
+class LogFile {
+public:
+    /// Empties the file. Raises UsageError where it cannot be written.
+    explicit LogFile(const std::string& path);
+
+    /// Where a job's lines go, for its worker: into the file where it is the job's turn, otherwise into a file without
+    /// a name until then. -1 where there is none.
+    [[nodiscard]] int beginJob(std::size_t job);
+    /// Ends the turn of the job, which must be the one whose turn it is; its lines are in the file then.
+    void endJob(std::size_t job);
+    /// False where a line got lost.
+    [[nodiscard]] bool close();
+
+private:
+    void append(const FileDescriptor& lines);
+
+    std::string _path;
+    FileDescriptor _file;
+    std::size_t _turn = 0;
+    std::map<std::size_t, FileDescriptor> _waiting; ///< lines of the jobs whose turn has not come
+    bool _isWhole = true;
+};
+
+} // namespace brackwater

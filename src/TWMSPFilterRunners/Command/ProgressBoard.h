@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Platform/ExportProgress.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+namespace brackwater {
+
+/// How far one worker is, in memory that it shares with the command.
+struct ProgressSlot {
+    std::atomic<std::uint32_t> phase; ///< an ExportPhase
+    std::atomic<std::uint32_t> percent;
+};
+
+/// One slot for each worker that may run at a time. Made before the workers are.
+class ProgressBoard {
+public:
+    /// Raises std::system_error where there is no memory.
+    explicit ProgressBoard(std::size_t slots);
+
+    [[nodiscard]] ProgressSlot& slot(std::size_t index) const { return _slots[index]; }
+
+private:
+    struct Unmap {
+        std::size_t size;
+        void operator()(void* memory) const noexcept;
+    };
+    std::unique_ptr<void, Unmap> _memory;
+    std::span<ProgressSlot> _slots;
+};
+
+/// Writes what an export tells into a slot.
+class ProgressTeller : public ExportProgress {
+public:
+    explicit ProgressTeller(ProgressSlot& slot) : _slot(slot) {}
+
+    void advance(ExportPhase phase, std::size_t done, std::size_t all) override {
+        _slot.percent.store(all == 0 ? 0 : static_cast<std::uint32_t>(100 * done / all), std::memory_order_relaxed);
+        _slot.phase.store(static_cast<std::uint32_t>(phase), std::memory_order_relaxed);
+    }
+
+private:
+    ProgressSlot& _slot;
+};
+
+} // namespace brackwater

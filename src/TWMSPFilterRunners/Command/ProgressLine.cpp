@@ -1,0 +1,67 @@
+#include "TWMSPFilterRunners/Command/ProgressLine.h"
+
+#include "Platform/VisibleText.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace brackwater {
+
+namespace {
+
+constexpr auto kPause = std::chrono::milliseconds(100);
+constexpr std::array<std::string_view, 4> kPhaseNames = {"loading", "mapping", "writing", "comparing"};
+constexpr std::string_view kEraseLine = "\r\x1b[K";
+
+std::size_t terminalWidth() {
+    winsize size{};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+/// The end of a text, in bytes at most; whole characters.
+std::string endOf(const std::string& text, std::size_t most) {
+    if (text.size() <= most)
+        return text;
+    std::size_t start = text.size() - most;
+    while (start < text.size() && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80)
+        ++start;
+    return text.substr(start);
+}
+
+void print(std::string_view text) {
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
+    static_cast<void>(std::fflush(stderr));
+}
+
+} // namespace
+
+ProgressLine::ProgressLine(bool isShown) : _isShown(isShown && isatty(STDERR_FILENO) == 1) {}
+
+void ProgressLine::show(std::size_t done, std::size_t all, std::string_view bundle, const ProgressSlot& slot) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!_isShown || now < _next)
+        return;
+    _next = now + kPause;
+    const std::size_t phase = slot.phase.load(std::memory_order_relaxed);
+    const std::string counts = fmt::format("{} of {} done; ", done, all);
+    const std::string step = fmt::format(": {} {} %", kPhaseNames.at(phase % kPhaseNames.size()),
+                                         slot.percent.load(std::memory_order_relaxed));
+    const std::size_t taken = counts.size() + step.size() + 1;
+    const std::size_t width = terminalWidth();
+    const std::string name = taken < width ? endOf(visibleText(bundle), width - taken) : std::string();
+    print(fmt::format("{}{}{}{}", kEraseLine, counts, name, step));
+    _stands = true;
+}
+
+void ProgressLine::clear() {
+    if (_stands)
+        print(kEraseLine);
+    _stands = false;
+}
+
+} // namespace brackwater

@@ -1,0 +1,83 @@
+#include "TWMSPFilterRunners/Command/Worker.h"
+
+#include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
+#include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
+#include "Platform/PathText.h"
+#include "Platform/TimeZone.h"
+#include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
+#include "TWMSPFilterRunners/Command/ExportLog.h"
+#include "TWMSPFilterRunners/Command/OutputFile.h"
+
+#include <exception>
+#include <vector>
+
+namespace brackwater {
+
+namespace {
+
+/// The runner of the fixed command line, so that its log is the same here. It exports into the work folder, and the
+/// finished file is then moved into place.
+class WorkerRunner : public BrackwaterRunner {
+public:
+    WorkerRunner(const ExportJob& job, const WorkerSettings& settings, ProgressTeller& progress)
+        : _job(job), _settings(settings), _progress(progress) {}
+
+    [[nodiscard]] ExportResult& result() noexcept { return _result; }
+
+protected:
+    bool exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
+                      const MSPEExportInfo& info) override {
+        MSPEMPPExporter exporter(info, _settings.mode);
+        exporter.setProgress(&_progress);
+        if (!exporter.exportZelbBundle(bundleUrl, mppUrl, templateUrl)) {
+            _result.fault = exporter.failureText();
+            return false;
+        }
+        _result.tasks = exporter.numberOfTasks();
+        try {
+            const std::string output =
+                stringByAppendingPathComponent(_job.outputFolder, lastPathComponent(_job.output));
+            _result.outputName = lastPathComponent(moveIntoPlace(mppUrl.path(), output, _settings.replacesOutputs));
+        } catch (const std::exception& failure) {
+            _result.fault = failure.what();
+            logLine("WARNING: {}", _result.fault);
+            return false;
+        }
+        _result.exported = true;
+        return true;
+    }
+
+private:
+    const ExportJob& _job;
+    const WorkerSettings& _settings;
+    ProgressTeller& _progress;
+    ExportResult _result;
+};
+
+} // namespace
+
+void prepareForWorkers(const WorkerSettings& settings) {
+    static_cast<void>(TimeZone::system());
+    static_cast<void>(settings);
+}
+
+ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, const std::string& workFolder,
+                       ProgressSlot& progress) {
+    ExportLog log(settings.isLogRead, lastPathComponent(workFolder));
+    ProgressTeller teller(progress);
+    WorkerRunner runner(job, settings, teller);
+    const std::string name = stringByDeletingPathExtension(lastPathComponent(job.output));
+    const std::vector<std::string> arguments = {
+        "Brackwater", "--template-path", settings.templatePath, job.bundlePath,
+        stringByAppendingPathComponent(workFolder, stringByAppendingPathExtension(name, "mpp"))};
+    runner.run(arguments);
+    ExportResult& result = runner.result();
+    if (!result.exported)
+        result.fault = log.withoutWorkFolder(result.fault.empty() ? log.fault() : result.fault);
+    result.warnings = log.warnings();
+    // The reason of a failure may have been logged as a warning; it is told once.
+    std::erase_if(result.warnings, [&](const WarningCount& warning) { return warning.text == result.fault; });
+    return std::move(result);
+}
+
+} // namespace brackwater

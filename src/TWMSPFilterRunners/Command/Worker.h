@@ -1,0 +1,28 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Export/ExportMode.h"
+#include "TWMSPFilterRunners/Command/ExportPlan.h"
+#include "TWMSPFilterRunners/Command/ExportResult.h"
+#include "TWMSPFilterRunners/Command/ProgressBoard.h"
+
+#include <string>
+
+namespace brackwater {
+
+/// What the exports of a run have in common.
+struct WorkerSettings {
+    std::string templatePath; ///< absolute
+    ExportMode mode = ExportMode::Corrected;
+    bool replacesOutputs = false;
+    bool isLogRead = false; ///< the log goes to standard error; otherwise no line of it is made
+};
+
+/// Looks up what every export needs once, so that the workers begin with it.
+void prepareForWorkers(const WorkerSettings& settings);
+
+/// Exports one bundle, in a process of its own: counters, log and memory are the process's. `workFolder` is an empty
+/// folder beside the output, in which the file is made. Lets no failure escape.
+[[nodiscard]] ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings,
+                                     const std::string& workFolder, ProgressSlot& progress);
+
+} // namespace brackwater

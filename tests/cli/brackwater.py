@@ -1,0 +1,227 @@
+#!/usr/bin/env python3
+"""Runs the built command as people and scripts do.
+
+  brackwater.py COMMAND RUNNER TEMPLATE SOURCE_FOLDER
+"""
+import difflib
+import json
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import jsonschema
+
+COMMAND, RUNNER, TEMPLATE, SOURCE = sys.argv[1:]
+HOUSE = f"{SOURCE}/examples/House.zelb"
+SCHEMA = json.load(open(f"{SOURCE}/docs/brackwater-report.schema.json", encoding="utf-8"))
+failures = 0
+
+
+def check(holds, what, *shown):
+    global failures
+    if not holds:
+        failures += 1
+        print(f"FAILED: {what}", *shown, sep="\n  ")
+
+
+class Place:
+    """A folder of its own with two small bundles and a damaged one."""
+
+    def __init__(self):
+        self.path = pathlib.Path(tempfile.mkdtemp())
+        for name in ("a", "b"):
+            shutil.copytree(f"{SOURCE}/tests/golden/bundles/links.zelb", self.path / f"{name}.zelb")
+        shutil.copytree(self.path / "a.zelb", self.path / "bad.zelb")
+        for scenario in (self.path / "bad.zelb").glob("*.xml"):
+            if scenario.name != "__TOC.xml":
+                scenario.write_text("<cut>")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.path)
+
+    def start(self, *arguments, **options):
+        return subprocess.Popen([COMMAND, *arguments], cwd=self.path, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                text=True, env={**os.environ, "TZ": "UTC"}, **options)
+
+    def run(self, *arguments, given=None):
+        started = self.start(*arguments, stdin=subprocess.PIPE)
+        out, err = started.communicate(given)
+        return started.returncode, out, err
+
+    def names(self, folder="."):
+        return sorted(entry.name for entry in (self.path / folder).iterdir())
+
+
+# What is typed, the exit status, and patterns of standard output and standard error.
+ROWS = [
+    ("--help", 0, "^Usage: brackwater ", "^$"),
+    ("--version", 0, r"^brackwater \d+\.\d+\.\d+\n$", "^$"),
+    ("", 2, "^$", "^brackwater: no bundle is named"),
+    ("--ouput x a.zelb", 2, "^$", "there is no option '--ouput'; did you mean '--output'"),
+    ("-x a.zelb", 2, "^$", "there is no option '-x'"),
+    ("-j 0 a.zelb", 2, "^$", "--jobs: .*0"),
+    ("-o", 2, "^$", "--output: .*OUT"),
+    ("-o '' a.zelb", 2, "^$", "the name is empty"),
+    ("-o out.mpp a.zelb b.zelb", 2, "^$", "'out.mpp' is one file, and 2 bundles"),
+    ("-o out.xml a.zelb", 2, "^$", "ends neither in .mpp nor"),
+    ("-o none/out a.zelb", 2, "^$", "none' does not exist"),
+    ("-o b.zelb a.zelb", 2, "^$", "lies in the bundle"),
+    ("--log b.zelb/log a.zelb", 2, "^$", "lies in the bundle"),
+    ("--log none/log a.zelb", 2, "^$", "the log 'none/log' cannot be written"),
+    ("--report none/r.json a.zelb", 2, "^$", "the report 'none/r.json' cannot be written"),
+    ("-t none.mpp a.zelb", 2, "^$", "the template 'none.mpp' does not exist"),
+    ("-t a.zelb/__TOC.xml a.zelb", 2, "^$", "must be an .mpp file"),
+    ("-t text.mpp a.zelb", 2, "^$", "is no Microsoft Project file of a known format"),
+    ("--input-list none", 2, "^$", "the list 'none' cannot be read: No such file"),
+    ("--input-list a.zelb", 2, "^$", "the list 'a.zelb' cannot be read: is a folder"),
+    ("--input-list /dev/zero", 2, "^$", "is longer than 64 MiB"),
+    ("--input-list /dev/null", 2, "^$", "names no bundle"),
+    ("a.zelb", 0, r"^a.zelb -> a.mpp: \d+ tasks, ", "^$"),
+    ("-q a.zelb", 0, "^$", "^$"),
+    ("-o new a.zelb b.zelb", 0, "(?s)^a.zelb -> new/a.mpp: .*b.zelb -> new/b.mpp: .*2 bundles: 2 exported, 0 failed",
+     "^$"),
+    ("a.zelb none.zelb", 1, "(?s)a.mpp.*Failed:\n  none.zelb: .*1 exported, 1 failed", "none.zelb: not exported: there is no"),
+    ("text.mpp", 1, "^$", "it is no bundle but a file"),
+    ("file.zelb", 1, "^$", "is a folder: unpack it"),
+    (".", 1, "^$", "name the bundles in it"),
+    ("empty.zelb", 1, "^$", "it holds no __TOC.xml"),
+    ("bad.zelb a.zelb", 1, r"^a.zelb -> a.mpp", r"bad.zelb: not exported: '.*\.xml' could not be read"),
+    ("--input-list list", 0, "2 bundles: 2 exported", "^$"),
+]
+
+
+def rows():
+    for typed, status, out, err in ROWS:
+        with Place() as place:
+            (place.path / "text.mpp").write_text("no template")
+            (place.path / "file.zelb").write_text("")
+            (place.path / "empty.zelb").mkdir()
+            (place.path / "list").write_text(":: two\r\na.zelb\r\n\nb.zelb")
+            got = place.run(*[word.strip("'") for word in typed.split()])
+            shown = [line for line in got[2].splitlines()]
+            check(got[0] == status and re.search(out, got[1]) and re.search(err, got[2]), f"brackwater {typed}", *got)
+            check(status != 2 or len(shown) == 1, f"one line names the fault of: {typed}", *shown)
+            check(not list(place.path.rglob(".brackwater-*")), f"nothing is left by: {typed}", place.names())
+
+
+def lists():
+    with Place() as place:
+        check(place.run("--input-list", "-", given="a.zelb\nb.zelb\n")[0] == 0, "a list on standard input")
+        os.mkfifo(place.path / "pipe")
+        begun = time.monotonic()
+        status, _, err = place.run("--input-list", "pipe")
+        check(status == 2 and "nobody writes" in err and time.monotonic() - begun < 30, "a pipe without a writer", err)
+
+
+def names_of_outputs():
+    with Place() as place:
+        for folder in ("x", "y"):
+            shutil.copytree(place.path / "a.zelb", place.path / folder / "a.zelb")
+        (place.path / "out").mkdir()
+        (place.path / "out/a-1.mpp").symlink_to("nowhere")
+        _, out, _ = place.run("-o", "out", "x/a.zelb", "y/a.zelb")
+        check("x/a.zelb -> out/a.mpp" in out and "y/a.zelb -> out/a-2.mpp" in out, "two bundles of one name", out)
+        (place.path / "out/a.mpp").write_text("old")
+        os.chmod(place.path / "out/a.mpp", 0o600)
+        status, _, err = place.run("-f", "-o", "out", "bad.zelb", "-t", TEMPLATE)
+        check(status == 1 and (place.path / "out/a.mpp").read_text() == "old", "a failure replaces nothing", err)
+        place.run("-f", "-o", "out/a.mpp", "a.zelb")
+        replaced = (place.path / "out/a.mpp").stat()
+        check(replaced.st_size > 1000 and replaced.st_mode & 0o777 == 0o600, "-f replaces and keeps the mode", replaced)
+        shutil.copy(TEMPLATE, place.path / "T.mpp")
+        check("is the template" in place.run("-f", "-t", "T.mpp", "-o", "T.mpp", "a.zelb")[2], "-f spares the template")
+        for _ in range(10):
+            shutil.rmtree(place.path / "out")
+            (place.path / "out").mkdir()
+            both = [place.start("-o", "out", "a.zelb"), place.start("-o", "out", "x/a.zelb")]
+            check([one.wait() for one in both] == [0, 0] and place.names("out") == ["a-1.mpp", "a.mpp"],
+                  "two runs at once get two names", place.names("out"))
+            for one in both:
+                one.communicate()
+
+
+def log_and_report():
+    def plain(text):
+        text = re.sub(r"(?m)^[-0-9]{10} [0-9:.]{12} Brackwater\[\d+\] ", "", text)
+        return re.sub(r"[0-9a-f]{8}-[0-9a-f-]{27}|(?<=Guid = )\S+", "GUID", text, flags=re.I)
+
+    with Place() as place:
+        bundles = ["a.zelb", "bad.zelb", "b.zelb", "a.zelb"]
+        wanted = ""
+        (place.path / "out").mkdir()
+        for bundle, output in zip(bundles, ("a", "bad", "b", "a-1")):
+            ran = subprocess.run([RUNNER, "--template-path", TEMPLATE, place.path / bundle, place.path / f"out/{output}.mpp"],
+                                 stderr=subprocess.PIPE, text=True, cwd=place.path,
+                                 env={**os.environ, "TZ": "UTC", "XDG_CONFIG_HOME": "/none"})
+            wanted += plain(ran.stderr)
+        reports = {}
+        for jobs in "1", "4":
+            for output in (place.path / "out").iterdir():
+                output.unlink()
+            status, _, _ = place.run("--exact", "-j", jobs, "-o", "out", "--log", "log", "--report", f"{jobs}.json", *bundles)
+            got = plain((place.path / "log").read_text()).replace(os.path.realpath(place.path), str(place.path))
+            check(status == 1, "a failed bundle gives status 1", status)
+            difference = list(difflib.unified_diff(wanted.splitlines(), got.splitlines(), lineterm="", n=0))
+            check(not difference, f"the log is that of Brackwater, with -j {jobs}", *difference[:20])
+            reports[jobs] = json.loads((place.path / f"{jobs}.json").read_text())
+            jsonschema.validate(reports[jobs], SCHEMA)
+        check(reports["1"] == reports["4"], "the report is the same for every number of jobs")
+        check([one["status"] for one in reports["1"]["bundles"]] == ["exported", "failed", "exported", "exported"],
+              "the report names what failed", reports["1"])
+
+
+def nothing_is_forged():
+    with Place() as place:
+        evil = "x\n### Exporter SUCCEEDED.\x1b[2K\u202egpj\u0085.zelb"
+        os.rename(place.path / "bad.zelb", place.path / evil)
+        status, out, err = place.run(evil, "a.zelb", "--report", "r.json")
+        lines = (out + err).splitlines()
+        check(status == 1 and not [line for line in lines if line.startswith("###")], "no line of its own", *lines)
+        check(not re.search("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028\u2029\u202e]", out + err), "no control is shown", *lines)
+        check(json.loads((place.path / "r.json").read_text())["bundles"][0]["bundle"] == evil, "the report has the name")
+
+
+def outputs_that_cannot_be_written():
+    with Place() as place:
+        for typed in ("--help", "a.zelb"):
+            with open("/dev/full", "w", encoding="utf-8") as full:
+                ran = subprocess.run([COMMAND, typed], cwd=place.path, stdout=full, stderr=subprocess.PIPE, text=True)
+            check(ran.returncode == 1 and "standard output cannot be written" in ran.stderr, f"a full disk for {typed}", ran)
+        check(place.run("-q", "--report", "/dev/full", "b.zelb")[0] == 1, "a report on a full disk")
+        closed = f'exec "$1" -t "$2" "$3" -o out.mpp 0<&- 1>&- 2>&-'
+        subprocess.run(["sh", "-c", closed, "sh", COMMAND, TEMPLATE, HOUSE], cwd=place.path)
+        wanted = place.path / "wanted.mpp"
+        place.run("-t", TEMPLATE, HOUSE, "-o", wanted.name)
+        check((place.path / "out.mpp").stat().st_size == wanted.stat().st_size, "closed descriptors take nothing of the output")
+
+
+def interrupted():
+    for number in (signal.SIGINT, signal.SIGTERM):
+        with Place() as place:
+            (place.path / "out").mkdir()
+            run = place.start("-j", "2", "-o", "out", "--report", "r.json", *[HOUSE] * 400)
+            while len(place.names("out")) < 5 and run.poll() is None:
+                time.sleep(0.005)
+            run.send_signal(number)
+            out, err = run.communicate()
+            check(run.returncode == 128 + number, f"status after signal {number}", run.returncode, err)
+            sizes = {entry.stat().st_size for entry in (place.path / "out").iterdir()}
+            check(len(sizes) == 1, "whole outputs and nothing else", place.names("out"))
+            report = json.loads((place.path / "r.json").read_text())
+            jsonschema.validate(report, SCHEMA)
+            check({one["status"] for one in report["bundles"]} == {"exported", "interrupted"}, "the report tells", err)
+
+
+for test in (rows, lists, names_of_outputs, log_and_report, nothing_is_forged, outputs_that_cannot_be_written, interrupted):
+    test()
+print("all as expected" if failures == 0 else f"{failures} failed")
+sys.exit(failures > 0)
