@@ -2,17 +2,20 @@
 set(doc "${CMAKE_INSTALL_DATADIR}/doc/brackwater")
 set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 
-install(TARGETS Brackwater mppinspect make-template RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS brackwater Brackwater mppinspect make-template RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(FILES "${CMAKE_BINARY_DIR}/share/Template.mpp" DESTINATION "${CMAKE_INSTALL_DATADIR}/brackwater")
-install(FILES packaging/Brackwater.1 packaging/mppinspect.1 packaging/make-template.1
+install(FILES packaging/brackwater.1 packaging/Brackwater.1 packaging/mppinspect.1 packaging/make-template.1
         DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
-install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME Brackwater)
-install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME mppinspect)
-install(FILES packaging/_Brackwater packaging/_mppinspect
+# One file completes all programs; the shell looks for it under the name of each.
+foreach(program brackwater Brackwater mppinspect)
+  install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME "${program}")
+endforeach()
+install(FILES packaging/_brackwater packaging/_Brackwater packaging/_mppinspect
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
 install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
-install(FILES docs/fidelity.md docs/format.md docs/json.md DESTINATION "${doc}/docs")
+install(FILES docs/fidelity.md docs/format.md docs/json.md docs/brackwater-report.schema.json
+        DESTINATION "${doc}/docs")
 install(FILES docs/images/gantt.png DESTINATION "${doc}/docs/images")
 install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")
 
@@ -29,7 +32,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Takes a .zelb bundle and a template of the 2007 family and writes a complete .mpp file."
+    "Takes .zelb bundles and a template of the 2007 family and writes complete .mpp files."
     "Comes with a\n template, and with mppinspect, which shows and checks what such a file holds.")
 string(REPLACE ";" " " CPACK_DEBIAN_PACKAGE_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
 # The libraries' packages and versions are read out of the programs. Of libgsf the build that mends the known overflows

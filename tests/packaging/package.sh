@@ -19,19 +19,19 @@ fail() {
 # All that a user needs stands below the prefix and works from there.
 use() {
     local prefix=$1 page out program
-    for program in Brackwater mppinspect make-template; do
+    for program in brackwater Brackwater mppinspect make-template; do
         [ -x "$prefix/bin/$program" ] || fail "no program $program in $prefix"
         page="$prefix/share/man/man1/$program.1"
         [ -s "$page" ] || fail "no manual page $page"
         out=$(groff -man -Tutf8 -ww -z "$page" 2>&1)
         [ -z "$out" ] || fail "manual page $program.1: $out"
     done
-    for file in bash-completion/completions/Brackwater bash-completion/completions/mppinspect \
-        zsh/vendor-completions/_Brackwater zsh/vendor-completions/_mppinspect brackwater/Template.mpp \
+    for file in bash-completion/completions/brackwater bash-completion/completions/Brackwater bash-completion/completions/mppinspect \
+        zsh/vendor-completions/_brackwater zsh/vendor-completions/_Brackwater zsh/vendor-completions/_mppinspect brackwater/Template.mpp \
         doc/brackwater/copyright doc/brackwater/README.md doc/brackwater/docs/fidelity.md; do
         [ -s "$prefix/share/$file" ] || fail "no $file in $prefix/share"
     done
-    for program in Brackwater mppinspect; do
+    for program in brackwater Brackwater mppinspect; do
         bash -n "$prefix/share/bash-completion/completions/$program" || fail "completion of $program"
     done
 
@@ -39,6 +39,8 @@ use() {
     "$prefix/bin/Brackwater" --template-path "$prefix/share/brackwater/Template.mpp" \
         "$prefix/share/doc/brackwater/examples/House.zelb" "$out" 2>"$folder/log"
     grep -q '### Exporter SUCCEEDED' "$folder/log" || fail "export with the installed template: $(cat "$folder/log")"
+    "$prefix/bin/brackwater" -q "$prefix/share/doc/brackwater/examples/House.zelb" -f -o "$out" ||
+        fail "export with the template that brackwater finds by itself"
     "$prefix/bin/mppinspect" --tasks "$out" | grep -q 'Structural calculation' || fail "mppinspect shows no task of the export"
     "$prefix/bin/make-template" "$folder/made.mpp" && cmp -s "$folder/made.mpp" "$prefix/share/brackwater/Template.mpp" ||
         fail "make-template makes another template than the installed one"
@@ -56,6 +58,9 @@ compare_options() {
     told=$("$prefix/bin/mppinspect" 2>&1 | options_of)
     same_options "$told" "$prefix/share/man/man1/mppinspect.1"
     same_options "$told" "$prefix/share/zsh/vendor-completions/_mppinspect"
+    told=$("$prefix/bin/brackwater" --help | options_of)
+    same_options "$told" "$prefix/share/man/man1/brackwater.1"
+    same_options "$told" "$prefix/share/zsh/vendor-completions/_brackwater"
     told=$("$prefix/bin/Brackwater" 2>&1 | options_of)
     same_options "$told" "$prefix/share/man/man1/Brackwater.1"
     same_options "$told" "$prefix/share/zsh/vendor-completions/_Brackwater"
