@@ -7,6 +7,7 @@ namespace brackwater::test {
 
 pid_t ToolTest::startExport(const std::string& output, const std::string& fault) {
     ToolStart start{BRACKWATER_TOOL, {"--template-path", _template, _bundle, output}, {}, _folder.path("log")};
+    start.closed = _closed;
     start.mostBytesOfAFile = _mostBytesOfAFile;
     start.mostMemory = _mostMemory;
     start.environment["XDG_CONFIG_HOME"] = _folder.path("config");

@@ -33,8 +33,9 @@ protected:
 
     TempFolder _folder;
     const std::string _bundle = writeBundle(_folder, "Plan.zelb");
-    const std::string _template = std::string(BRACKWATER_BINARY_DIR) + "/share/Template.mpp";
+    std::string _template = std::string(BRACKWATER_BINARY_DIR) + "/share/Template.mpp";
     const std::string _out = _folder.makeFolder("out");
+    std::vector<int> _closed; ///< descriptors that the program is started without
     std::size_t _mostBytesOfAFile = 0;
     std::size_t _mostMemory = 0;
 };

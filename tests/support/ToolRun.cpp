@@ -39,6 +39,8 @@ namespace {
     for (std::string& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
+    for (const int descriptor : start.closed)
+        close(descriptor);
     execvp(arguments.front(), arguments.data());
     _exit(127);
 }

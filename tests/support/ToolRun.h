@@ -14,6 +14,7 @@ struct ToolStart {
     std::vector<std::string> arguments; ///< behind its name
     std::map<std::string, std::string> environment;
     std::string logPath;              ///< takes standard error
+    std::vector<int> closed = {};     ///< descriptors that it is started without
     std::size_t mostBytesOfAFile = 0; ///< 0: no limit
     std::size_t mostMemory = 0;       ///< in bytes of addresses; 0: no limit
 };

@@ -1,6 +1,8 @@
 #include "CompoundFileOutput.h"
 #include "TemplateTree.h"
 
+#include "Platform/StandardDescriptors.h"
+
 #include <fmt/format.h>
 
 #include <cstdio>
@@ -22,6 +24,7 @@ int usage() {
 } // namespace
 
 int main(int argc, char** argv) {
+    brackwater::openStandardDescriptors();
     using brackwater::layout::VersionFolder;
     std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
     arguments = arguments.subspan(arguments.empty() ? 0 : 1);

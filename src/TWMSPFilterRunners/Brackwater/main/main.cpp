@@ -1,4 +1,5 @@
 #include "Platform/Log.h"
+#include "Platform/StandardDescriptors.h"
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 
 #include <csignal>
@@ -6,6 +7,7 @@
 #include <vector>
 
 int main(int argc, char** argv) {
+    brackwater::openStandardDescriptors();
     // A reader of the log that goes away must not end an export half way.
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     // Nor must an output beyond the limit on a file's size: its write fails, and the export ends like on a full disk.
