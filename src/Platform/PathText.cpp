@@ -130,10 +130,12 @@ std::string stringByStandardizingPath(std::string_view path) {
     for (const std::string_view component : componentsOf(expanded)) {
         if (component == ".")
             continue;
-        if (component != ".." || !absolute)
+        if (component != "..")
             kept.push_back(component);
-        else if (!kept.empty())
+        else if (!kept.empty() && kept.back() != "..")
             kept.pop_back();
+        else if (!absolute)
+            kept.push_back(component);
     }
     std::string text(absolute ? "/" : "");
     for (const std::string_view component : kept)
@@ -151,6 +153,9 @@ std::string lowercaseString(std::string_view text) {
 }
 
 PathKind kindOfPath(const std::string& path) {
+    // The system would look at what stands in front of a zero byte.
+    if (path.find('\0') != std::string::npos)
+        return PathKind::Missing;
     struct stat status {};
     if (stat(path.c_str(), &status) != 0)
         return PathKind::Missing;

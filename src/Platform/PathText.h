@@ -19,9 +19,9 @@ namespace brackwater {
 [[nodiscard]] std::string stringByAppendingPathExtension(std::string_view path, std::string_view extension);
 /// The user's home folder: HOME, or what the machine knows of the user.
 [[nodiscard]] std::string homeFolder();
-/// Expands a leading tilde, removes "." components, a trailing slash and repeated slashes, and takes ".." components
-/// out of absolute paths (in a relative path they stay, since what they leave is not known). A path of "." components
-/// only gives ".".
+/// Expands a leading tilde, removes "." and ".." components, a trailing slash and repeated slashes. ".." takes the
+/// component before it away, whether that is a link or not; in a relative path one stays where none is left to take.
+/// Where nothing is left the result is ".".
 [[nodiscard]] std::string stringByStandardizingPath(std::string_view path);
 /// ASCII and Unicode letters folded to lower case.
 [[nodiscard]] std::string lowercaseString(std::string_view text);

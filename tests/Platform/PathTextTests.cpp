@@ -68,7 +68,10 @@ TEST(PathText, StandardizingTakesOutWhatSaysNothing) {
     EXPECT_EQ(stringByStandardizingPath("/a/b/../c"), "/a/c");
     EXPECT_EQ(stringByStandardizingPath("/../../a"), "/a");
     EXPECT_EQ(stringByStandardizingPath("/a/.."), "/");
-    EXPECT_EQ(stringByStandardizingPath("../a/../b"), "../a/../b");
+    EXPECT_EQ(stringByStandardizingPath("a/b/../../c/./d"), "c/d");
+    EXPECT_EQ(stringByStandardizingPath(".././../a/../b"), "../../b");
+    EXPECT_EQ(stringByStandardizingPath("a/../../b"), "../b");
+    EXPECT_EQ(stringByStandardizingPath("a/.."), ".");
     EXPECT_EQ(stringByStandardizingPath("."), ".");
     EXPECT_EQ(stringByStandardizingPath("./"), ".");
     EXPECT_EQ(stringByStandardizingPath("//"), "/");
@@ -103,6 +106,7 @@ TEST(PathText, KindsFollowLinks) {
     EXPECT_EQ(kindOfPath("/dev/null"), PathKind::File);
     EXPECT_EQ(kindOfPath(folder + "/dangling"), PathKind::Missing);
     EXPECT_EQ(kindOfPath(folder + "/file/x"), PathKind::Missing);
+    EXPECT_EQ(kindOfPath(folder + std::string("/file\0x", 7)), PathKind::Missing);
     EXPECT_EQ(kindOfPath(""), PathKind::Missing);
 }
 
