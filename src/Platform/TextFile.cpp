@@ -24,6 +24,18 @@ std::size_t newlineLength(std::string_view text) {
     return 0;
 }
 
+// The library's check takes a zero byte, which is a character like any other, for the end.
+bool isUtf8(std::string_view text) {
+    while (true) {
+        const std::string_view piece = text.substr(0, text.find('\0'));
+        if (!g_utf8_validate_len(piece.data(), piece.size(), nullptr))
+            return false;
+        if (piece.size() == text.size())
+            return true;
+        text.remove_prefix(piece.size() + 1);
+    }
+}
+
 } // namespace
 
 std::optional<std::string> stringWithContentsOfFile(const std::string& path) {
@@ -41,7 +53,7 @@ std::optional<std::string> stringWithContentsOfFile(const std::string& path) {
         return std::nullopt;
     if (text.starts_with(kByteOrderMark))
         text.erase(0, kByteOrderMark.size());
-    if (!g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
+    if (!isUtf8(text))
         return std::nullopt;
     return text;
 }

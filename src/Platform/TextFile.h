@@ -8,7 +8,7 @@
 namespace brackwater {
 
 /// The whole of a text file in UTF-8, without a byte order mark at its start. Nothing where the file cannot be read, is
-/// a folder, holds a zero byte or is not valid UTF-8.
+/// a folder, or is not valid UTF-8.
 [[nodiscard]] std::optional<std::string> stringWithContentsOfFile(const std::string& path);
 
 /// The pieces between newline characters: line feed, vertical tab, form feed, carriage return, next line (U+0085), line

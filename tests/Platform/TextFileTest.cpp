@@ -45,6 +45,8 @@ protected:
 TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
     EXPECT_EQ(stringWithContentsOfFile(write("\xEF\xBB\xBFпуть\n")), "путь\n");
     EXPECT_EQ(stringWithContentsOfFile(write("")), "");
+    const std::string zeros("\0a\0\0", 4);
+    EXPECT_EQ(stringWithContentsOfFile(write(zeros)), zeros);
     const std::string large(200'000, 'x');
     EXPECT_EQ(stringWithContentsOfFile(write(large)), large);
 }
@@ -52,7 +54,7 @@ TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
 TEST_F(TextFile, GivesNothingWhereTheTextCannotBeRead) {
     EXPECT_EQ(stringWithContentsOfFile(write("a\xFFz")), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(write("cut \xE2\x80")), std::nullopt);
-    EXPECT_EQ(stringWithContentsOfFile(write(std::string("a\0b", 3))), std::nullopt);
+    EXPECT_EQ(stringWithContentsOfFile(write(std::string("a\0\xFF", 3))), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(_folder.path()), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(_folder.path("missing.txt")), std::nullopt);
 }

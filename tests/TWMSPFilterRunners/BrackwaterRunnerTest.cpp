@@ -128,7 +128,7 @@ TEST_F(Runner, ListFileIsChecked) {
 }
 
 TEST_F(Runner, ListsOfNothingOrOfCommentsExportNothing) {
-    for (const char* list : {"", "\r\n", ":: one\n::two.zelb\n"})
+    for (const std::string& list : {std::string(), std::string("\r\n"), std::string("::\0one\n::two.zelb\n", 17)})
         EXPECT_THAT(runList(list), ElementsAre("Brackwater Runner", StartsWith("MPP Template URL: 'file:///"),
                                                "### Import files from the list:", "Final clean up."));
 }
@@ -192,6 +192,27 @@ TEST_F(RunnerWithBundle, RelativePathsCountFromTheWorkingFolder) {
                 IsSupersetOf({std::string("outputFilePath='My Plan.mpp'"), std::string("### Exporter SUCCEEDED."),
                               "### Write to URL: 'file://" + _folder.path() + "/My%20Plan.mpp'"}));
     EXPECT_TRUE(_folder.has("My Plan.mpp"));
+}
+
+TEST_F(RunnerWithBundle, PathThroughALinkAndBackNamesOneFileForAllSteps) {
+    _folder.makeFolder("a/b");
+    std::filesystem::create_symlink("a/b", _folder.path("link"));
+    test::writeBundle(_folder, "a/My Plan.zelb");
+    _folder.write("a/My Plan.mpp", "of the other bundle");
+    _folder.write("list.txt", "link/../My Plan.zelb");
+    setPreferences("OverwriteFilterTarget=YES\n");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(_folder.path());
+    const auto lines = run({"--template-path", "link/../Template.mpp", "--input-list", "link/../list.txt"});
+    std::filesystem::current_path(before);
+    const std::string folderUrl = "file://" + _folder.path();
+    EXPECT_THAT(
+        lines, IsSupersetOf({"MPP Template URL: '" + folderUrl + "/Template.mpp/'",
+                             "### Export from URL: '" + folderUrl + "/My%20Plan.zelb/'",
+                             std::string("outputFilePath='My Plan.mpp'"),
+                             "Output: '" + _folder.path("My Plan.mpp") + "'", std::string("### Exporter SUCCEEDED.")}));
+    EXPECT_TRUE(_folder.has("My Plan.mpp"));
+    EXPECT_EQ(_folder.read("a/My Plan.mpp"), "of the other bundle");
 }
 
 TEST_F(Runner, BundleExtensionInUpperCaseGivesLowerCaseNames) {
