@@ -31,7 +31,8 @@ void MSPEResourceTreeWalk::walkFrom(std::optional<XMLElement> topResource) {
 }
 
 void MSPEResourceTreeWalk::mapResource(XMLElement resource) {
-    failIfReachedBefore(resource);
+    if (isGroup(resource))
+        failIfReachedBefore(resource);
 
     MSPEResourceMapper resourceMapper(mapper());
     const std::optional<XMLElement> parent = _groups.empty() ? std::nullopt : std::optional(_groups.back().element);
@@ -47,7 +48,8 @@ void MSPEResourceTreeWalk::mapResource(XMLElement resource) {
         enterGroup(resource);
 }
 
-// Members are found by their ids, and each that was found has its schedule by now.
+// A group in itself would be walked for ever. Members are found by their ids, and each that was found has its schedule
+// by now.
 void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) const {
     std::string buffer;
     const auto id = resource.attributeView("id", buffer);

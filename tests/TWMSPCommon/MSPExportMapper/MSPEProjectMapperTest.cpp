@@ -135,16 +135,22 @@ TEST(ProjectMapper, MissingTopsFail) {
     expectMappingFails(ScenarioBuilder().resource("r-1", "type=Group"), "Task <0x0> has no 'id' attribute.");
 }
 
-TEST(ProjectMapper, ResourceThatIsReachedTwiceFailsAtOnce) {
-    const auto scenario = ScenarioBuilder::withRoots("r1,r2")
-                              .resource("r1", "type=Group child=r3")
-                              .resource("r2", "type=Group child=r3")
-                              .resource("r3", "type=Staff");
-    expectMappingFails(scenario, "Resource tree is not a tree: 'r3' is reached twice.");
+TEST(ProjectMapper, GroupThatIsReachedTwiceFailsAtOnce) {
+    const auto inTwoGroups = [](std::string_view items) {
+        return ScenarioBuilder::withRoots("r1,r2")
+            .resource("r1", "type=Group child=r3")
+            .resource("r2", "type=Group child=r3")
+            .resource("r3", items);
+    };
+    expectMappingFails(inTwoGroups("type=Group"), "Resource tree is not a tree: 'r3' is reached twice.");
     expectMappingFails(ScenarioBuilder::withRoots("r1").resource("r1", "type=Group child=r-1"),
                        "Resource tree is not a tree: 'r-1' is reached twice.");
     expectMappingFails(ScenarioBuilder::withRoots("r1").resource("r1", "type=Group child=r1"),
                        "Resource tree is not a tree: 'r1' is reached twice.");
+    // Any other is mapped again, and fails only where its UID is entered a second time.
+    expectMappingFails(inTwoGroups("type=Staff"), "Duplicated Resource UID='3' found (zelb Resource id='r3').");
+    for (const char* items : {"", "type=Robot"})
+        EXPECT_EQ(MappedProject(inTwoGroups(items))->resources.size(), 1U) << items;
 }
 
 TEST(ProjectMapper, TaskOfTheIndexThatDoesNotReadFailsThoughNoTreeReachesIt) {
