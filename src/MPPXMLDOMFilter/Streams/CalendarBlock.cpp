@@ -118,8 +118,10 @@ void writeCalendarBlock(MPPData& data, const MPPCalendar& calendar, std::uint32_
     for (const auto& exception : calendar.exceptions)
         writeCalendarException(data, *exception);
     data.writeInteger(static_cast<std::uint32_t>(calendar.workWeeks.size()));
-    for (const auto& week : calendar.workWeeks)
-        writeWorkWeek(data, *week, workWeekCounter++);
+    for (const auto& week : calendar.workWeeks) {
+        writeWorkWeek(data, *week, workWeekCounter);
+        ++workWeekCounter; // behind the week: one that raises takes no number
+    }
 }
 
 } // namespace brackwater

@@ -8,8 +8,8 @@
 namespace brackwater {
 
 /// Appends the calendar block of a "Var2Data" element: the week, the exceptions and the dated work weeks. Each work
-/// week takes the counter's number and raises it. Raises TooManyRangesException for more than 5 ranges in a day or an
-/// exception.
+/// week that is written takes the counter's number and raises it. Raises TooManyRangesException for more than 5 ranges
+/// in a day or an exception.
 void writeCalendarBlock(MPPData& data, const MPPCalendar& calendar, std::uint32_t& workWeekCounter);
 
 } // namespace brackwater

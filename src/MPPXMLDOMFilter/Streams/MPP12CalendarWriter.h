@@ -20,6 +20,9 @@ protected:
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }
+    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const override {
+        return hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock;
+    }
     [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0x00010000; }
     [[nodiscard]] std::uint32_t& workWeekCounter() const override;
 };

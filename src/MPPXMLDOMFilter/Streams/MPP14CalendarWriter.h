@@ -16,6 +16,10 @@ protected:
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }
+    /// The same whatever the standard calendar has: one that is a resource's too has a block, as that resource's.
+    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& /*calendar*/) const override {
+        return kFlagsWithoutBlock;
+    }
     [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0; }
     [[nodiscard]] std::uint32_t& workWeekCounter() const override;
 };

@@ -138,22 +138,21 @@ void writeCalendarFixedMeta(MPPFixedMeta& fixedMeta, std::uint32_t start, std::u
     record.end(fixedMeta);
 }
 
-} // namespace
+std::uint32_t startOfNamedRow(std::uint64_t number) { return static_cast<std::uint32_t>(number << 16); }
 
-void MPPCalendarStreamWriter::writeNamedCalendarFixedMeta(MPPFixedMeta& fixedMeta, const MPPCalendar& calendar,
-                                                          std::uint64_t start) const {
-    writeCalendarFixedMeta(fixedMeta, static_cast<std::uint32_t>(start << 16), hasBlock(calendar) ? 335 : 79);
-}
+} // namespace
 
 void MPPCalendarStreamWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
-    writeNamedCalendarFixedMeta(fixedMeta, standardCalendar(project()), standardCalendar(project()).ID);
+    const MPPCalendar& standard = standardCalendar(project());
+    writeCalendarFixedMeta(fixedMeta, startOfNamedRow(standard.ID), flagsOfStandardRow(standard));
     writeCalendarFixedMeta(fixedMeta, 0, 7);
     stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
-        writeNamedCalendarFixedMeta(fixedMeta, calendar, calendar.ID - 1);
+        writeCalendarFixedMeta(fixedMeta, startOfNamedRow(calendar.ID - 1),
+                               hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock);
     });
     for (const auto& resource : project().resources) {
         if (hasBlock(calendarOf(*resource)))

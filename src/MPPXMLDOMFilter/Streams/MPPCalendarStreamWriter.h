@@ -23,10 +23,16 @@ protected:
 
     /// Whether the calendar has a block of its own beside its name.
     [[nodiscard]] virtual bool hasBlock(const MPPCalendar& calendar) const = 0;
+    /// Flags in "FixedMeta" of the standard calendar's row.
+    [[nodiscard]] virtual std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const = 0;
     /// Start value in "FixedMeta" of a resource's calendar that has a block.
     [[nodiscard]] virtual std::uint32_t startValueOfResourceBlock() const = 0;
     /// The number that the next dated work week gets; outlives the writer.
     [[nodiscard]] virtual std::uint32_t& workWeekCounter() const = 0;
+
+    /// Flags in "FixedMeta" of a calendar with or without a block.
+    static constexpr std::uint16_t kFlagsWithBlock = 335;
+    static constexpr std::uint16_t kFlagsWithoutBlock = 79;
 
     /// True when the calendar has hours, exceptions or dated weeks of its own.
     [[nodiscard]] static bool definesAnything(const MPPCalendar& calendar);
@@ -41,7 +47,6 @@ private:
 
     void writeCalendarVar2Data(const MPPCalendar& calendar);
     void writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const;
-    void writeNamedCalendarFixedMeta(MPPFixedMeta& fixedMeta, const MPPCalendar& calendar, std::uint64_t start) const;
 
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();

@@ -121,6 +121,12 @@ TEST_F(CalendarStreams, The2010LayoutLeavesOutTheStandardCalendarsBlockAndProps)
     EXPECT_EQ(wordAt(fixedMeta(kFirstOtherRow), 8), 263);
     const std::vector<std::string> order{"Var2Data", "VarMeta", "FixedData", "FixedMeta", "Fixed2Data", "Fixed2Meta"};
     EXPECT_EQ(output->created, order);
+
+    // As a resource's own it bears that resource's ID and has a block, but its row stays as it is.
+    busy.calendar.setRecord(project.standardCalendar);
+    ASSERT_TRUE(writeCalendars<MPP14CalendarWriter>()) << failureReason;
+    EXPECT_EQ(idsAndTypes(varRecords()), "3:8 3:8");
+    EXPECT_EQ(wordAt(fixedMeta(kStandardRow), 8), 79);
 }
 
 TEST_F(CalendarStreams, WhichCalendarsHaveABlock) {
@@ -251,6 +257,14 @@ TEST_F(CalendarStreams, WorkWeekNumbersGoOnInTheNextExportApartForEachLayout) {
     EXPECT_EQ(firstNumber(), first + 2);
     ASSERT_TRUE(writeCalendars<MPP14CalendarWriter>());
     EXPECT_EQ(firstNumber(), first2010 + 2);
+
+    auto tooFull = std::make_shared<MPPCalendarWorkWeek>();
+    tooFull->fridayWorkRanges = day(MPPRangeList(6, range(1, 2)));
+    project.baseCalendars[0]->workWeeks[1] = tooFull;
+    EXPECT_FALSE(writeCalendars<MPP12CalendarWriter>());
+    project.baseCalendars[0]->workWeeks.pop_back();
+    ASSERT_TRUE(writeCalendars<MPP12CalendarWriter>());
+    EXPECT_EQ(firstNumber(), first + 5) << "the week that was not written took no number";
 }
 
 TEST_F(CalendarStreams, WorkWeekNumbersBeginAt21InAFreshProcess) {

@@ -95,7 +95,7 @@ TYPED_TEST(FailingSink, NoProjectAndASecondCallAreRefused) {
 class StreamsCutShort : public StreamsTest {};
 
 TEST_F(StreamsCutShort, AFailedWriteDoesNotStopTheStreamButIsRaisedAtItsEnd) {
-    constexpr std::size_t kLetters = 50000; // each task fills a piece of its own
+    constexpr std::size_t kLetters = 140'000; // in UTF-16 each task fills a piece of 256 KiB of its own
     for (int i = 0; i < 4; ++i)
         addTask(std::string(kLetters, 't'));
     preprocess();
