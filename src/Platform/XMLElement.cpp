@@ -1,6 +1,7 @@
 #include "Platform/XMLElement.h"
 
 #include "Platform/Exception.h"
+#include "Platform/XMLDescription.h"
 #include "Platform/XMLPrinter.h"
 #include "Platform/XMLTree.h"
 
@@ -15,6 +16,8 @@ using namespace xmltree;
 namespace {
 
 using Form = XMLQuery::Form;
+
+constexpr std::size_t kLongestDescription = 400;
 
 bool isRoot(const Element* element) { return element->parent != nullptr && element->parent->kind == Kind::Document; }
 
@@ -132,9 +135,11 @@ std::optional<XMLElement> XMLElement::nextSiblingElement() const noexcept {
     return sibling == nullptr ? std::nullopt : std::optional(XMLElement(sibling));
 }
 
-std::string XMLElement::description() const {
-    constexpr std::size_t longest = 400;
-    return beginningOf(_node, longest);
+std::string XMLElement::description() const { return beginningOf(_node, kLongestDescription); }
+
+std::optional<std::string> descriptionOfAttribute(XMLElement element, std::string_view name) {
+    const Attribute* attribute = attributeOf(element.node(), name);
+    return attribute == nullptr ? std::nullopt : std::optional(beginningOf(attribute, kLongestDescription));
 }
 
 std::vector<std::string> XMLElement::namespaces() const {
@@ -178,7 +183,7 @@ void XMLElement::setAttribute(std::string_view name, std::string_view value) {
     changed(_node);
     Tree& tree = Tree::of(_node);
     Attribute* present = attributeOf(_node, name);
-    if (present != nullptr && present->prefix == nullptr) {
+    if (present != nullptr) {
         present->text = tree.copyOf(value);
         present->textSize = static_cast<std::uint32_t>(value.size());
         return;

@@ -205,7 +205,7 @@ void Reading::onStartElement(void* context, const xmlChar* name, const xmlChar* 
     for (int i = 0; i < namespaceCount; ++i, namespaces += 2)
         builder.addNamespace(namespaces[0], namespaces[1]);
     for (int i = 0; i < attributeCount; ++i, attributes += 5)
-        builder.addAttribute(attributes[0], attributes[1], attributes[2],
+        builder.addAttribute(attributes[0], attributes[1],
                              view(attributes[3], static_cast<int>(attributes[4] - attributes[3])));
 }
 

@@ -93,12 +93,7 @@ private:
     std::unique_ptr<xmlDoc, FreeTree> _document;
 };
 
-} // namespace
-
-std::string beginningOf(const Element* element, std::size_t longest) {
-    LibraryTree tree;
-    // Each node prints at least one byte.
-    tree.copy(const_cast<Element*>(element), longest + 1);
+std::string printedRoot(const LibraryTree& tree) {
     std::string text;
     const auto keep = [](void* context, const char* bytes, int size) {
         static_cast<std::string*>(context)->append(bytes, static_cast<std::size_t>(size));
@@ -106,9 +101,13 @@ std::string beginningOf(const Element* element, std::size_t longest) {
     };
     xmlOutputBuffer* output = xmlOutputBufferCreateIO(keep, nullptr, &text, nullptr);
     if (output == nullptr)
-        return fmt::format("<{}>", element->nameView());
+        throw std::bad_alloc();
     xmlNodeDumpOutput(output, tree.document(), xmlDocGetRootElement(tree.document()), 0, 0, "UTF-8");
     xmlOutputBufferClose(output);
+    return text;
+}
+
+std::string oneLine(std::string text, std::size_t longest) {
     for (char& byte : text)
         if (byte == '\n' || byte == '\r')
             byte = ' ';
@@ -119,6 +118,30 @@ std::string beginningOf(const Element* element, std::size_t longest) {
         text.replace(end, std::string::npos, "...");
     }
     return text;
+}
+
+} // namespace
+
+std::string beginningOf(const Element* element, std::size_t longest) {
+    LibraryTree tree;
+    // Each node prints at least one byte.
+    tree.copy(const_cast<Element*>(element), longest + 1);
+    return oneLine(printedRoot(tree), longest);
+}
+
+std::string beginningOf(const Attribute* attribute, std::size_t longest) {
+    LibraryTree tree;
+    Element bearer{};
+    bearer.name = "a";
+    bearer.size = 1;
+    bearer.kind = Kind::Element;
+    Attribute alone = *attribute;
+    alone.next = nullptr;
+    bearer.attributes = &alone;
+    tree.copy(&bearer, 1);
+    constexpr std::string_view kBefore = "<a ", kBehind = "/>";
+    const std::string text = printedRoot(tree);
+    return oneLine(text.substr(kBefore.size(), text.size() - kBefore.size() - kBehind.size()), longest);
 }
 
 std::string printed(Tree& tree) {

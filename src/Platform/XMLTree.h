@@ -42,7 +42,7 @@ struct TextNode : Node {
 /// the text its URI.
 struct Attribute {
     const char* name;
-    const char* prefix; ///< of a declared namespace, else null
+    const char* prefix; ///< null without one
     const char* text;
     Attribute* next;
     std::uint32_t nameSize;
@@ -90,18 +90,13 @@ struct Element : Node {
     return node == top ? nullptr : node->next;
 }
 
-/// The attribute of this local name, one without a prefix first; null where there is none.
+/// The attribute of this name and without a prefix; null where there is none.
 [[nodiscard]] inline Attribute* attributeOf(const Element* element, std::string_view name) noexcept {
-    Attribute* prefixed = nullptr;
-    for (Attribute* attribute = element->attributes; attribute != nullptr; attribute = attribute->next) {
-        if (attribute->isDeclaration || attribute->nameView() != name)
-            continue;
-        if (attribute->prefix == nullptr)
-            return attribute;
-        if (prefixed == nullptr)
-            prefixed = attribute;
-    }
-    return prefixed;
+    Attribute* attribute = element->attributes;
+    while (attribute != nullptr &&
+           (attribute->isDeclaration || attribute->prefix != nullptr || attribute->nameView() != name))
+        attribute = attribute->next;
+    return attribute;
 }
 
 /// Text of the element and all elements below it: a view into the tree where it stands in one piece, otherwise into

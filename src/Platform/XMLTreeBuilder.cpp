@@ -58,12 +58,13 @@ void TreeBuilder::addNamespace(const xmlChar* prefix, const xmlChar* uri) {
     appendAttribute(_tree->newAttribute(view(prefix), nullptr, view(uri), true));
 }
 
-void TreeBuilder::addAttribute(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri, std::string_view value) {
+void TreeBuilder::addAttribute(const xmlChar* name, const xmlChar* prefix, std::string_view value) {
     // The library gives a value without references as it stands in the document, with the closing quote behind it, and
     // a decoded one as a text of its own, with a zero byte behind it.
     const bool mayHoldReferences = *(value.data() + value.size()) == '\0' && value.find('&') != std::string_view::npos;
-    appendAttribute(_tree->newAttribute(localName(name, prefix, uri), declaredPrefix(prefix, uri),
-                                        mayHoldReferences ? withoutReferences(value) : value, false));
+    // A name with a prefix, declared or not, is another name than the one behind the colon.
+    appendAttribute(
+        _tree->newAttribute(view(name), chars(prefix), mayHoldReferences ? withoutReferences(value) : value, false));
 }
 
 void TreeBuilder::endElement() {

@@ -27,7 +27,7 @@ public:
     void startElement(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri);
     void addNamespace(const xmlChar* prefix, const xmlChar* uri);
     /// The value as the parser hands it over: as it stands in the text, or, with a NUL behind it, with references.
-    void addAttribute(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri, std::string_view value);
+    void addAttribute(const xmlChar* name, const xmlChar* prefix, std::string_view value);
     void endElement();
     /// False where the text grows too long.
     [[nodiscard]] bool addText(std::string_view text);

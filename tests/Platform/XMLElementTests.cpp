@@ -52,13 +52,16 @@ TEST(XMLElement, AnyDepthCountsFromTheRootWhateverTheReceiver) {
 }
 
 TEST(XMLElement, NamesMatchWithoutTheirNamespace) {
-    const auto document = read("<s xmlns='u:1' xmlns:p='u:2'><p:task p:id='t1' n='1'/><task id='t1' n='2'/></s>");
+    const auto document = read("<s xmlns='u:1' xmlns:p='u:2'><p:task id='t1' n='1'/><task id='t1' n='2'/></s>");
     const XMLElement root = document->rootElement();
     EXPECT_EQ(root.namespaces(), (std::vector<std::string>{"u:1", "u:2"}));
     EXPECT_EQ(found(root, "task"), "1 2 ");
     EXPECT_EQ(found(root, "task[@id='t1']"), "1 2 ");
     EXPECT_EQ(root.firstChildElement()->name(), "task");
     EXPECT_EQ(read("<s p:id='a' id='b' xmlns:p='u:2'/>")->rootElement().attributeForName("id"), "b");
+    for (const char* text :
+         {"<s xml:id='a'/>", "<s p:id='a' xmlns:p='u:2'/>", "<s unknown:id='a'/>", "<s id:id:id='a'/>"})
+        EXPECT_EQ(read(text)->rootElement().attributeForName("id"), std::nullopt) << text;
 }
 
 TEST(XMLElement, IdQueriesGiveAllOfOneIdInDocumentOrder) {

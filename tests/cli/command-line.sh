@@ -38,7 +38,7 @@ expect "${stamp}Final clean up\.\$"
 
 run --template-path "$template" "$bundle" "$folder/House.mpp"
 expect "${stamp}### Exporter SUCCEEDED\.\$"
-expect 'WARINING: Baseline "Timber frame" will not be exported'
+expect 'WARINING: Baseline "name="Timber frame"" will not be exported'
 [ -s "$folder/House.mpp" ] || fail "no output"
 
 # The example exports wherever its reader lives.

@@ -91,7 +91,7 @@ TEST_F(ChangingInput, ScenarioThatIsReplacedAfterTheTableOfContentsWasReadIsTold
     for (std::size_t i = 0; i < changes.size(); ++i) {
         fs::remove_all(_folder.path("Plan.zelb"));
         SetUp();
-        EXPECT_THAT(failureWith("WARINING: Baseline \"Other\"", changes[i]),
+        EXPECT_THAT(failureWith("WARINING: Baseline \"name=\"Other\"\"", changes[i]),
                     testing::AllOf(StartsWith("EXCEPTION: MSPEXMLException\n"), HasSubstr("plan.xml'")))
             << i;
         EXPECT_FALSE(fs::exists(_output)) << i;

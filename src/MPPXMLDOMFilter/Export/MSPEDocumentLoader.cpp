@@ -2,6 +2,7 @@
 
 #include "Platform/Exception.h"
 #include "Platform/Log.h"
+#include "Platform/XMLDescription.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 
 #include <fmt/format.h>
@@ -97,7 +98,7 @@ MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl) {
         } else {
             logLine("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in the "
                     "front Tarnwick document window.",
-                    scenario.attributeForName("name").value_or("(null)"));
+                    descriptionOfAttribute(scenario, "name").value_or("(null)"));
         }
     }
     return documents;

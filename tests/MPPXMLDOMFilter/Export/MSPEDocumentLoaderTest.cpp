@@ -39,10 +39,11 @@ protected:
                         : "none";
     }
 
-    static std::string warningAbout(std::string_view name) {
+    /// `attribute` is what the log shows of it.
+    static std::string warningAbout(std::string_view attribute) {
         return fmt::format("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in "
                            "the front Tarnwick document window.",
-                           name);
+                           attribute);
     }
 
     void expectLoadFailure(const TableOfContents& contents) const {
@@ -55,7 +56,8 @@ protected:
 
 TEST_F(DocumentLoader, FrontWindowChoosesMainDocumentAndBaselineAndTheRestIsWarnedAbout) {
     TableOfContents contents;
-    contents.scenarios = {{"s1", "old.xml", "Signed"}, {"s2", "now.xml", "Actual"}, {"s3", "never written", "Dream"}};
+    contents.scenarios = {
+        {"s1", "old.xml", "Signed"}, {"s2", "now.xml", "Actual"}, {"s3", "never written", "Dream &amp; &lt;more&gt;"}};
     contents.windows = {{"s2", "s1"}, {"s3", "s2"}};
     writeScenario("old.xml");
     writeScenario("now.xml");
@@ -65,7 +67,7 @@ TEST_F(DocumentLoader, FrontWindowChoosesMainDocumentAndBaselineAndTheRestIsWarn
     EXPECT_EQ(nameOf(documents.mainDocument), "now.xml");
     ASSERT_EQ(documents.baselines.size(), 1u);
     EXPECT_EQ(nameOf(documents.baselines[0]), "old.xml");
-    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("Dream")));
+    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("name=\"Dream &amp; &lt;more&gt;\"")));
 }
 
 TEST_F(DocumentLoader, ScenarioComparedWithItselfIsNoBaseline) {
@@ -86,8 +88,8 @@ TEST_F(DocumentLoader, WithoutComparisonEveryOtherScenarioIsWarnedAbout) {
         contents.windows = {{"s1", comparison}};
         EXPECT_THAT(load(contents).baselines, IsEmpty());
     }
-    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("First"), warningAbout("(null)"), warningAbout("First"),
-                                          warningAbout("(null)")));
+    EXPECT_THAT(_log.lines(), ElementsAre(warningAbout("name=\"First\""), warningAbout("(null)"),
+                                          warningAbout("name=\"First\""), warningAbout("(null)")));
 }
 
 TEST_F(DocumentLoader, WindowThatEditsNoKnownScenarioGivesNoMainDocument) {
