@@ -15,7 +15,6 @@ namespace {
 constexpr std::string_view kZonedPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
 constexpr std::string_view kDateTimePattern = "yyyy-MM-dd'T'HH:mm:ss";
 constexpr std::string_view kDatePattern = "yyyy-MM-dd";
-constexpr std::size_t kLengthOfTwoDigits = 2;
 
 // Zone and pattern are kept for the life of the process, as the format's log shows the zone once.
 
@@ -59,6 +58,19 @@ std::string withFormatterOffset(std::string_view text) {
         copy.erase(std::remove(begin, end, ':'), end);
     }
     return copy;
+}
+
+/// Takes the first two digits off. They may be those of any script, of several bytes each.
+std::string_view takeTwoDigits(std::string_view& digits) {
+    const auto isFirstByte = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
+    std::size_t end = 0;
+    for (int digit = 0; digit < 2 && end < digits.size(); ++digit)
+        end = static_cast<std::size_t>(
+            std::find_if(digits.begin() + static_cast<std::ptrdiff_t>(end) + 1, digits.end(), isFirstByte) -
+            digits.begin());
+    const std::string_view taken = digits.substr(0, end);
+    digits.remove_prefix(end);
+    return taken;
 }
 
 TimeZone zoneToWriteIn(bool forceUTC) {
@@ -150,14 +162,10 @@ std::string MSPCDateTimeConverter::ensureISOTimeZoneFormat(std::string_view text
     if (forceUTC)
         return result.replace(offset->location, offset->length, "Z");
 
-    const std::string_view digits = text.substr(offset->location + 1, offset->length - 1);
+    std::string_view digits = text.substr(offset->location + 1, offset->length - 1);
     result.erase(offset->location + 1);
-    result += digits.substr(0, kLengthOfTwoDigits);
-    result += ':';
-    result += digits.substr(kLengthOfTwoDigits, kLengthOfTwoDigits);
-    result += ':';
-    result += digits.size() > 2 * kLengthOfTwoDigits ? digits.substr(2 * kLengthOfTwoDigits) : std::string_view("00");
-    return result;
+    result.append(takeTwoDigits(digits)).append(":").append(takeTwoDigits(digits)).append(":");
+    return result.append(digits.empty() ? "00" : digits);
 }
 
 } // namespace brackwater

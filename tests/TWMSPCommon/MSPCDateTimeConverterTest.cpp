@@ -73,6 +73,11 @@ TEST_F(DateTimeConverter, WritesSourceTextsWithAnOffsetOfThreeParts) {
     EXPECT_EQ(Converter::zelbFromMspdiDateOnly("2012-06-01"), "2012-06-01");
     EXPECT_EQ(Converter::zelbFromMspdiDateOnly("2012-06-01", true), "2012-05-31");
     EXPECT_EQ(Converter::zelbFromMspdiDateTime("no date"), std::nullopt);
+    // Digits of another script take several bytes each.
+    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("T+\u0660\u0661\u0662\u0663", false),
+              "T+\u0660\u0661:\u0662\u0663:00");
+    EXPECT_EQ(Converter::ensureISOTimeZoneFormat("T-\u0660\u0661\u0662\u0663\u0664\u0665", false),
+              "T-\u0660\u0661:\u0662\u0663:\u0664\u0665");
     EXPECT_EQ(Converter::zelbFromMppDateTime(std::nullopt), std::nullopt);
     // Berlin's local mean time had an offset of seconds.
     EXPECT_EQ(Converter::zelbFromMppDateTime(utc({1890, 1, 1})), "1890-01-01T00:53:28+00:53:28");

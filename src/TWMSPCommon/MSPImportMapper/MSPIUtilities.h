@@ -73,7 +73,7 @@ public:
     /// -1, 0 or 1.
     [[nodiscard]] static int compareMspdiDateTime(std::string_view text, std::string_view other);
 
-    // Durations.
+    // Durations. As an MSPDI text one has -2^31 to 2^31 - 1 seconds: what lies beyond becomes the nearer of the two.
 
     /// Hours, minutes and seconds of the text; its years, months and days do not count. -1 for an empty text,
     /// an assertion for one that does not read.
