@@ -67,6 +67,17 @@ void addDates(const MSPETaskDates& dates, MSPEXMLAssignmentAdapter& element) {
     element.addChildElementWithName("Finish", dates.mspdiFinish);
 }
 
+// A date that does not read is one of the year 1: the reason then is its text, not the length of the span.
+void checkSpanOfMaterial(std::string_view taskId, XMLElement assignment, const MSPEScheduledTaskInfo& info) {
+    if (!info.startDate() || !info.endDate() || !MSPETimephasedDataInfo::isTooLong(*info.startDate(), *info.endDate()))
+        return;
+    const auto text = [&](const XMLQuery& child) {
+        return assignment.parent() ? stringValueForXQuery(*assignment.parent(), child).value_or("") : std::string();
+    };
+    failAssertion(fmt::format("Material of task '{}' cannot be spread over the days from '{}' to '{}'.", taskId,
+                              text(XMLQuery("start-date")), text(XMLQuery("end-date"))));
+}
+
 } // namespace
 
 MSPEAssignmentMapper::MSPEAssignmentMapper(MSPEMapper* mapper, XMLElement zelbTask)
@@ -136,12 +147,17 @@ void MSPEAssignmentMapper::addBaselines(const ZelbAssignment& assignment, MSPEXM
 }
 
 void MSPEAssignmentMapper::addMaterial(const ZelbAssignment& assignment, const MSPEScheduledTaskInfo& info, double work,
-                                       MSPEXMLAssignmentAdapter& element) const {
+                                       MSPEXMLAssignmentAdapter& element) {
+    checkSpanOfMaterial(_zelbTaskId, assignment.element, info);
     const MSPETaskDates& dates = _projectMapper.datesOfTask(info);
     const auto timephasedData = MSPETimephasedDataMapper(mapper()).newTimephasedDataFromAssignment(
         assignment.element, assignment.resource, dates.zelbStart.value_or(""), dates.zelbFinish.value_or(""), work);
-    if (timephasedData)
-        addTimephasedData(*timephasedData, _UID, element);
+    if (!timephasedData)
+        return;
+    _materialDays += timephasedData->size();
+    assertThat(_materialDays <= MSPETimephasedDataInfo::kMostDays,
+               "Timephased data of one task is longer than {} days.", MSPETimephasedDataInfo::kMostDays);
+    addTimephasedData(*timephasedData, _UID, element);
 }
 
 std::shared_ptr<MSPEXMLAssignmentAdapter> MSPEAssignmentMapper::newDummyAssignmentForTaskId(std::string_view taskId,

@@ -58,12 +58,13 @@ private:
     [[nodiscard]] double workOf(const ZelbAssignment& assignment, double effort) const;
     void addBaselines(const ZelbAssignment& assignment, MSPEXMLAssignmentAdapter& element) const;
     void addMaterial(const ZelbAssignment& assignment, const MSPEScheduledTaskInfo& info, double work,
-                     MSPEXMLAssignmentAdapter& element) const;
+                     MSPEXMLAssignmentAdapter& element);
 
     MSPEProjectMapper& _projectMapper;
     std::int64_t _UID = -1;
     std::string _zelbTaskId;
     std::array<double, kKinds> _unitsOfKind{};
+    std::size_t _materialDays = 0; ///< of all assignments so far
     std::vector<ZelbAssignment> _zelbAssignments;
 };
 

@@ -15,8 +15,6 @@ namespace {
 constexpr int kSunday = 1;
 constexpr int kSaturday = 7;
 
-// Beyond the 180 years of dates that the target holds: a damaged date must not fill time and memory with days.
-constexpr double kMostDays = 100'000;
 constexpr double kSecondsOfDay = 86'400;
 
 CivilTime lastSecondOfDay(CivilTime time) {
@@ -39,12 +37,15 @@ MSPETimephasedDataInfo::MSPETimephasedDataInfo(std::string_view startDate, std::
     : _startDate(MSPIUtilities::zelbToMppDateTime(startDate)), _endDate(MSPIUtilities::zelbToMppDateTime(endDate)),
       _effort(effort), _mapper(mapper) {}
 
+bool MSPETimephasedDataInfo::isTooLong(Date start, Date end) {
+    return end.secondsSince(start) > static_cast<double>(kMostDays) * kSecondsOfDay;
+}
+
 std::vector<MSPETimephasedDataInfo::Day> MSPETimephasedDataInfo::days() const {
     std::vector<Day> days;
     if (!_startDate || !_endDate)
         return days;
-    assertThat(_endDate->secondsSince(*_startDate) <= kMostDays * kSecondsOfDay,
-               "Time span of timephased data is longer than {:.0f} days.", kMostDays);
+    assertThat(!isTooLong(*_startDate, *_endDate), "Time span of timephased data is longer than {} days.", kMostDays);
     const GregorianCalendar calendar;
     for (Date current = *_startDate; current < *_endDate;) {
         const CivilTime time = calendar.fieldsOfDate(current);
@@ -59,8 +60,8 @@ void MSPETimephasedDataInfo::addTimephasedDataToArray(MSPETimephasedDataArray& a
                                                       std::vector<bool>* workingDays) const {
     const std::vector<Day> spanDays = days();
     // A few segments that each span all of time would do the same.
-    assertThat(static_cast<double>(array.size() + spanDays.size()) <= kMostDays,
-               "Timephased data of one task is longer than {:.0f} days.", kMostDays);
+    assertThat(array.size() + spanDays.size() <= kMostDays, "Timephased data of one task is longer than {} days.",
+               kMostDays);
     for (const Day& day : spanDays) {
         array.push_back(newDayElement(day));
         if (workingDays)

@@ -2,6 +2,7 @@
 
 #include "Platform/Date.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -19,6 +20,10 @@ class MSPETimephasedDataInfo {
 public:
     /// An effort for spans whose days get no `Value`.
     static constexpr double kNoEffort = -1.0;
+    /// What one task may have, over all its segments or assignments: beyond the 180 years of dates that the target
+    /// holds. A damaged date must not fill time and memory with days.
+    static constexpr std::size_t kMostDays = 100'000;
+    [[nodiscard]] static bool isTooLong(Date start, Date end);
 
     /// The dates are source texts. `effort`, in seconds, is the value of each day; a negative one stands for none.
     MSPETimephasedDataInfo(std::string_view startDate, std::string_view endDate, double effort, MSPEMapper* mapper);

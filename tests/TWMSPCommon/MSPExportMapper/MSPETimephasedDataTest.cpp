@@ -124,6 +124,17 @@ TEST(TimephasedData, GroupThatIsSplitFails) {
                        "Task group and split task are mutualy exclusive.");
 }
 
+TEST(TimephasedData, MaterialOfAgesFailsAndTellsTheTaskOrTheBound) {
+    const auto withMaterial = [](std::string_view items) {
+        return ScenarioBuilder::withRoots("r1", "t7").resource("r1", "type=Material").task("t7", items);
+    };
+    expectMappingFails(withMaterial("assign=r1 start-date=abc end-date=2012-06-04T10:00:00Z"),
+                       "Material of task 't7' cannot be spread over the days from 'abc' to '2012-06-04T10:00:00Z'.");
+    expectMappingFails(
+        withMaterial("assign=r1 assign=r1 start-date=1984-01-01T08:00:00Z end-date=2160-01-01T08:00:00Z"),
+        "Timephased data of one task is longer than 100000 days.");
+}
+
 TEST(TimephasedData, MaterialOfASpanWithoutALengthHasNoArray) {
     const ScopedTimeZone zone("UTC");
     MSPEMapper mapper(nullptr, tableOfContents(), {}, std::nullopt);
