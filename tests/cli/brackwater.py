@@ -19,7 +19,7 @@ import jsonschema
 
 COMMAND, RUNNER, TEMPLATE, SOURCE = sys.argv[1:]
 HOUSE = f"{SOURCE}/examples/House.zelb"
-SCHEMA = json.load(open(f"{SOURCE}/docs/brackwater-report.schema.json", encoding="utf-8"))
+SCHEMA = json.load(open(f"{SOURCE}/docs/loss-report.schema.json", encoding="utf-8"))
 failures = 0
 
 
@@ -95,6 +95,8 @@ ROWS = [
     (".", 1, "^$", "name the bundles in it"),
     ("empty.zelb", 1, "^$", "it holds no __TOC.xml"),
     ("bad.zelb a.zelb", 1, r"^a.zelb -> a.mpp", r"bad.zelb: not exported: '.*\.xml' could not be read"),
+    ("--fail-on-loss losing.zelb", 3, "(?s)losing.mpp: .* [1-9][0-9]* loss.*Lost or changed:", "^$"),
+    ("--fail-on-loss losing.zelb bad.zelb", 1, "(?s)Lost or changed:\n +[0-9]+ x ", "bad.zelb: not exported"),
     ("--input-list list", 0, "2 bundles: 2 exported", "^$"),
 ]
 
@@ -105,6 +107,7 @@ def rows():
             (place.path / "text.mpp").write_text("no template")
             (place.path / "file.zelb").write_text("")
             (place.path / "empty.zelb").mkdir()
+            shutil.copytree(HOUSE, place.path / "losing.zelb")
             (place.path / "list").write_text(":: two\r\na.zelb\r\n\nb.zelb")
             got = place.run(*[word.strip("'") for word in typed.split()])
             shown = [line for line in got[2].splitlines()]
@@ -177,6 +180,10 @@ def log_and_report():
         check(reports["1"] == reports["4"], "the report is the same for every number of jobs")
         check([one["status"] for one in reports["1"]["bundles"]] == ["exported", "failed", "exported", "exported"],
               "the report names what failed", reports["1"])
+        place.run("--report", "house.json", HOUSE, "-o", "out")
+        house = json.loads((place.path / "house.json").read_text())
+        jsonschema.validate(house, SCHEMA)
+        check(house["bundles"][0]["losses"], "the example loses something", house)
 
 
 def nothing_is_forged():

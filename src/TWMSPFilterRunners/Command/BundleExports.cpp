@@ -204,7 +204,10 @@ void BundleExports::tellRest() {
 int BundleExports::status() const {
     if (_stopSignal != 0)
         return kSignalStatus + _stopSignal;
-    return static_cast<int>(_summary.failed() == 0 ? CommandStatus::Exported : CommandStatus::SomeFailed);
+    if (_summary.failed() > 0)
+        return static_cast<int>(CommandStatus::SomeFailed);
+    const bool isLossAFailure = _options.failsOnLoss && _summary.isAnythingLost();
+    return static_cast<int>(isLossAFailure ? CommandStatus::Losses : CommandStatus::Exported);
 }
 
 int BundleExports::finish() {

@@ -1,10 +1,16 @@
 #include "TWMSPFilterRunners/Command/ExportResult.h"
 
+#include <array>
 #include <cstring>
 
 namespace brackwater {
 
 namespace {
+
+constexpr std::array kLossFields = {
+    &lossreport::Loss::kind,  &lossreport::Loss::object, &lossreport::Loss::id,   &lossreport::Loss::name,
+    &lossreport::Loss::field, &lossreport::Loss::source, &lossreport::Loss::file, &lossreport::Loss::why,
+};
 
 class Packer {
 public:
@@ -70,6 +76,11 @@ std::string packedResult(const ExportResult& result) {
         packer.add(warning.count);
     }
     packer.add(result.fault);
+    packer.add(std::uint64_t{result.losses.losses.size()});
+    for (const lossreport::Loss& loss : result.losses.losses)
+        for (const auto field : kLossFields)
+            packer.add(loss.*field);
+    packer.add(result.comparisonFault);
     return packer.take();
 }
 
@@ -85,6 +96,13 @@ std::optional<ExportResult> unpackedResult(std::string_view bytes) {
         result.warnings.push_back({std::move(text), unpacker.number()});
     }
     result.fault = unpacker.text();
+    const std::uint64_t losses = unpacker.number();
+    for (std::uint64_t i = 0; i < losses && unpacker.isGood(); ++i) {
+        lossreport::Loss& loss = result.losses.losses.emplace_back();
+        for (const auto field : kLossFields)
+            loss.*field = unpacker.text();
+    }
+    result.comparisonFault = unpacker.text();
     return unpacker.isWhole() ? std::optional(std::move(result)) : std::nullopt;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loss-report/LossReport.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -20,6 +22,8 @@ struct ExportResult {
     std::uint64_t tasks = 0;
     std::vector<WarningCount> warnings; ///< in the order of their first
     std::string fault;                  ///< why it failed
+    lossreport::LossReport losses;      ///< of an exported one
+    std::string comparisonFault;        ///< why the losses are not known; empty where they are
 };
 
 /// The result as bytes, for the way from the worker to the command.

@@ -83,6 +83,13 @@ void ReportFile::add(const ExportJob& job, const ExportResult& result) {
         _json.endObject();
     }
     _json.endArray();
+    if (!result.comparisonFault.empty()) {
+        _json.key("comparisonFault");
+        _json.text(result.comparisonFault);
+    } else if (result.exported) {
+        _json.key("losses");
+        lossreport::writeLosses(_json, result.losses);
+    }
     _json.endObject();
 }
 

@@ -39,8 +39,12 @@ std::string lineOfResult(const ExportJob& job, const ExportResult& result) {
         return visibleText(fmt::format("{}: not exported: {}", job.bundle, result.fault));
     const std::string output =
         stringByAppendingPathComponent(stringByDeletingLastPathComponent(job.output), result.outputName);
-    return visibleText(fmt::format("{} -> {}: {}, {}", job.bundle, output, counted(result.tasks, "task"),
-                                   counted(countOf(result.warnings), "warning")));
+    const std::size_t losses = result.losses.losses.size();
+    const std::string lost = result.comparisonFault.empty()
+                                 ? fmt::format("{} loss{}", losses, losses == 1 ? "" : "es")
+                                 : fmt::format("losses not known: {}", result.comparisonFault);
+    return visibleText(fmt::format("{} -> {}: {}, {}, {}", job.bundle, output, counted(result.tasks, "task"),
+                                   counted(countOf(result.warnings), "warning"), lost));
 }
 
 void Summary::add(const ExportJob& job, const ExportResult& result) {
@@ -53,20 +57,52 @@ void Summary::add(const ExportJob& job, const ExportResult& result) {
             _warnings.push_back({warning.text, 0});
         _warnings[place->second].count += warning.count;
     }
+    _isAnythingLost = _isAnythingLost || !result.losses.losses.empty() || !result.comparisonFault.empty();
+    addLosses(result.losses);
+    _lossesOfTheOnly = _exported + _failed == 1 ? result.losses : lossreport::LossReport();
+}
+
+void Summary::addLosses(const lossreport::LossReport& report) {
+    for (const lossreport::Loss& loss : report.losses) {
+        const auto [place, isNew] = _placeOfLoss.try_emplace(loss.kind, _losses.size());
+        if (isNew)
+            _losses.push_back({loss.why, 0});
+        ++_losses[place->second].count;
+    }
+}
+
+void Summary::appendWarnings(std::string& text) const {
+    if (_warnings.empty())
+        return;
+    std::vector<WarningCount> sorted = _warnings;
+    std::ranges::stable_sort(sorted, std::greater(), &WarningCount::count);
+    text += "Warnings:\n";
+    for (std::size_t i = 0; i < std::min(sorted.size(), kMostLines); ++i)
+        fmt::format_to(std::back_inserter(text), "{:>6} x {}\n", sorted[i].count, visibleText(sorted[i].text));
+    appendRest(text, sorted.size());
+}
+
+void Summary::appendLosses(std::string& text) const {
+    if (_losses.empty())
+        return;
+    text += "Lost or changed:\n";
+    if (_exported + _failed == 1) {
+        text += lossreport::textOfLosses(_lossesOfTheOnly, kMostLines);
+        return;
+    }
+    std::vector<LossCount> sorted = _losses;
+    std::ranges::stable_sort(sorted, std::greater(), &LossCount::count);
+    for (std::size_t i = 0; i < std::min(sorted.size(), kMostLines); ++i)
+        fmt::format_to(std::back_inserter(text), "{:>6} x {}\n", sorted[i].count, visibleText(sorted[i].why));
+    appendRest(text, sorted.size());
 }
 
 std::string Summary::text() const {
     const std::size_t bundles = _exported + _failed;
     std::string text;
     const auto out = std::back_inserter(text);
-    if (!_warnings.empty()) {
-        std::vector<WarningCount> sorted = _warnings;
-        std::ranges::stable_sort(sorted, std::greater(), &WarningCount::count);
-        text += "Warnings:\n";
-        for (std::size_t i = 0; i < std::min(sorted.size(), kMostLines); ++i)
-            fmt::format_to(out, "{:>6} x {}\n", sorted[i].count, visibleText(sorted[i].text));
-        appendRest(text, sorted.size());
-    }
+    appendWarnings(text);
+    appendLosses(text);
     if (bundles > 1 && _failed > 0) {
         text += "Failed:\n";
         for (const std::string& failure : _failures)

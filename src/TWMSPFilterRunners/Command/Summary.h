@@ -20,16 +20,32 @@ public:
 
     [[nodiscard]] std::size_t exported() const noexcept { return _exported; }
     [[nodiscard]] std::size_t failed() const noexcept { return _failed; }
-    /// Text for people: how many, the warnings grouped by text, and the failed bundles with their reasons. At most
-    /// twenty lines of each, the rest counted. Empty where the lines of the bundles have said it all.
+    /// Whether something of an exported bundle was lost, or it is not known.
+    [[nodiscard]] bool isAnythingLost() const noexcept { return _isAnythingLost; }
+    /// Text for people: the warnings grouped by text, what was lost (of one bundle each loss, of more grouped by the
+    /// reason), the failed bundles with their reasons, and how many there were. At most twenty lines of each, the rest
+    /// counted.
     [[nodiscard]] std::string text() const;
 
 private:
+    struct LossCount {
+        std::string why;
+        std::uint64_t count = 0;
+    };
+
+    void addLosses(const lossreport::LossReport& report);
+    void appendLosses(std::string& text) const;
+    void appendWarnings(std::string& text) const;
+
     std::size_t _exported = 0;
     std::size_t _failed = 0;
     std::vector<WarningCount> _warnings;
     std::unordered_map<std::string, std::size_t> _placeOfWarning;
     std::vector<std::string> _failures;
+    lossreport::LossReport _lossesOfTheOnly; ///< while there is one bundle
+    std::vector<LossCount> _losses;
+    std::unordered_map<std::string, std::size_t> _placeOfLoss; ///< by kind
+    bool _isAnythingLost = false;
 };
 
 } // namespace brackwater

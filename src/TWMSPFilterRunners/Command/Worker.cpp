@@ -7,6 +7,7 @@
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 #include "TWMSPFilterRunners/Command/ExportLog.h"
 #include "TWMSPFilterRunners/Command/OutputFile.h"
+#include "TWMSPFilterRunners/Command/UnreadLog.h"
 
 #include <exception>
 #include <vector>
@@ -61,6 +62,21 @@ void prepareForWorkers(const WorkerSettings& settings) {
     static_cast<void>(settings);
 }
 
+namespace {
+
+/// Says what of the document is not in the finished file. Reads both anew, without a word in the log.
+void compare(const ExportJob& job, ExportResult& result) {
+    const UnreadLog log;
+    try {
+        result.losses =
+            lossreport::findLosses(job.bundlePath, stringByAppendingPathComponent(job.outputFolder, result.outputName));
+    } catch (const std::exception& failure) {
+        result.comparisonFault = failure.what();
+    }
+}
+
+} // namespace
+
 ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, const std::string& workFolder,
                        ProgressSlot& progress) {
     ExportLog log(settings.isLogRead, lastPathComponent(workFolder));
@@ -77,6 +93,10 @@ ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, con
     result.warnings = log.warnings();
     // The reason of a failure may have been logged as a warning; it is told once.
     std::erase_if(result.warnings, [&](const WarningCount& warning) { return warning.text == result.fault; });
+    if (result.exported) {
+        teller.advance(ExportPhase::Comparing, 0, 0);
+        compare(job, result);
+    }
     return std::move(result);
 }
 

@@ -13,7 +13,8 @@ schema = json.load(open(docs + "/loss-report.schema.json", encoding="utf-8"))
 jsonschema.Draft7Validator.check_schema(schema)
 losses = json.load(open(path, encoding="utf-8"))
 report = {"version": 1, "template": "T.mpp", "status": 0,
-          "bundles": [{"bundle": "P.zelb", "status": "exported", "losses": losses}]}
+          "bundles": [{"bundle": "P.zelb", "status": "exported", "output": "/P.mpp", "tasks": 1, "warnings": [],
+                       "losses": losses}]}
 jsonschema.Draft7Validator(schema).validate(report)
 assert losses, "no loss to look at"
 
