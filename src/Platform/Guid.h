@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -17,6 +18,15 @@ public:
 
     /// A fresh random UUID (version 4).
     [[nodiscard]] static Guid random();
+
+    /// The same UUID in the byte order of Windows, whose first three groups are little-endian numbers; and back.
+    [[nodiscard]] constexpr Guid inWindowsOrder() const noexcept {
+        Bytes swapped = _bytes;
+        constexpr std::array<std::size_t, 8> kPlaces = {3, 2, 1, 0, 5, 4, 7, 6};
+        for (std::size_t i = 0; i < kPlaces.size(); ++i)
+            swapped[i] = _bytes[kPlaces[i]];
+        return Guid(swapped);
+    }
 
     [[nodiscard]] constexpr const Bytes& bytes() const noexcept { return _bytes; }
     /// "01234567-89ab-cdef-0123-456789abcdef".

@@ -10,6 +10,10 @@ namespace brackwater {
 /// ASCII.
 [[nodiscard]] bool appendAsASCII(std::vector<std::uint8_t>& bytes, std::string_view text);
 
+/// Appends a UTF-8 text in the Windows code page 1252, one byte a character. False, and nothing appended, when the page
+/// does not have a character or the text is not well-formed UTF-8.
+[[nodiscard]] bool appendAsCodePage1252(std::vector<std::uint8_t>& bytes, std::string_view text);
+
 /// Appends a UTF-8 text as UTF-16, little-endian, without byte-order mark. False, and nothing appended, when the text
 /// is not well-formed UTF-8.
 [[nodiscard]] bool appendAsUTF16LE(std::vector<std::uint8_t>& bytes, std::string_view text);

@@ -2,10 +2,16 @@
 
 #include "MPPXMLDOMFilter/Corrections/AssignmentIndex.h"
 #include "MPPXMLDOMFilter/Corrections/AssignmentWork.h"
+#include "MPPXMLDOMFilter/Corrections/BaseCalendars.h"
 #include "MPPXMLDOMFilter/Corrections/Baselines.h"
+#include "MPPXMLDOMFilter/Corrections/CalendarHours.h"
 #include "MPPXMLDOMFilter/Corrections/Costs.h"
+#include "MPPXMLDOMFilter/Corrections/DateBounds.h"
+#include "MPPXMLDOMFilter/Corrections/GuidOrder.h"
 #include "MPPXMLDOMFilter/Corrections/Progress.h"
 #include "MPPXMLDOMFilter/Corrections/SheetPositions.h"
+#include "MPPXMLDOMFilter/Corrections/StandardWeek.h"
+#include "MPPXMLDOMFilter/Corrections/SummaryTexts.h"
 #include "MPPXMLDOMFilter/Corrections/SummaryTotals.h"
 #include "MPPXMLDOMFilter/Corrections/TaskSettings.h"
 
@@ -13,6 +19,10 @@ namespace brackwater {
 
 // The order counts where a pass reads what another one sets.
 void applyCorrections(MPPProject& project) {
+    correctDefaultCalendarBase(project);
+    nameBaseCalendars(project);
+    correctCalendarHours(project);
+    correctMinutesPerDay(project);
     correctSheetPositions(project);
     correctSummaryMarks(project);
     correctTaskSettings(project);
@@ -23,6 +33,11 @@ void applyCorrections(MPPProject& project) {
     correctBaselines(project, assignments);
     correctSummaryTotals(project);
     correctResourceTotals(project);
+    // What holds of all records, whichever pass has set their fields.
+    dropDatesOutsideFormat(project);
+    numberCalendarExceptions(project);
+    correctGuidOrder(project);
+    correctSummaryTexts(project);
 }
 
 } // namespace brackwater

@@ -57,6 +57,7 @@ struct MPPAssignment {
     std::uint8_t lastMetaByte = 1;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     [[nodiscard]] std::uint16_t getDelay() const { return 0; }
     [[nodiscard]] std::string description() const;
     /// The same for a line that is logged for each assignment: without a text of its own.

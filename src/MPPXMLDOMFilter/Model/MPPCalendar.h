@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/MPPCalendarException.h"
+#include "MPPXMLDOMFilter/Model/MPPCalendarSource.h"
 #include "MPPXMLDOMFilter/Model/MPPCalendarWorkWeek.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
 #include "Platform/Guid.h"
@@ -26,8 +27,10 @@ struct MPPCalendar {
     std::shared_ptr<MPPCalendarWorkWeek> defaultWorkWeek; ///< null: the calendar says nothing of its week
     std::vector<std::shared_ptr<MPPCalendarWorkWeek>> workWeeks;
     std::vector<std::shared_ptr<MPPCalendarException>> exceptions;
+    std::shared_ptr<const MPPCalendarSource> source; ///< null in an exact export, and where the source tells no event
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     [[nodiscard]] std::string description() const;
 
 private:

@@ -3,6 +3,7 @@
 #include "MPPXMLDOMFilter/Model/MPPCalendarTimeRange.h"
 #include "Platform/Date.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,8 @@ struct MPPCalendarException {
     std::optional<Date> endDate;
     MPPRangeList workRanges;
     std::optional<std::string> name;
+    std::uint16_t numberOfDays = 2; ///< as the file tells it beside the two dates
+    std::uint32_t number = 1;       ///< among the exceptions of the file
 
     [[nodiscard]] std::string description() const;
 };

@@ -34,6 +34,10 @@ struct MPPCalendarWorkWeek {
         return {&sundayWorkRanges,   &mondayWorkRanges, &tuesdayWorkRanges, &wednesdayWorkRanges,
                 &thursdayWorkRanges, &fridayWorkRanges, &saturdayWorkRanges};
     }
+    [[nodiscard]] std::array<MPPDayRanges*, 7> days() noexcept {
+        return {&sundayWorkRanges,   &mondayWorkRanges, &tuesdayWorkRanges, &wednesdayWorkRanges,
+                &thursdayWorkRanges, &fridayWorkRanges, &saturdayWorkRanges};
+    }
     /// True when at least one day has a list of its own, empty or not.
     [[nodiscard]] bool definesAnyDay() const noexcept;
     [[nodiscard]] std::string description() const;

@@ -20,6 +20,7 @@ struct MPPConstraint {
     bool isPercentage = false;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     [[nodiscard]] std::string description() const;
 
 private:

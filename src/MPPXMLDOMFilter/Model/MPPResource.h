@@ -62,6 +62,7 @@ struct MPPResource {
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     /// 0 work, 1 material or cost.
     [[nodiscard]] std::uint64_t type() const noexcept { return _type; }
     [[nodiscard]] bool isCostType() const noexcept { return _isCostType; }

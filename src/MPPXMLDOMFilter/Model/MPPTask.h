@@ -91,6 +91,7 @@ struct MPPTask {
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
+    void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     /// `parent`'s ID; 0xFFFFFFFF without one.
     [[nodiscard]] std::uint32_t parentTaskID() const;
     /// `calendar`'s ID; 0xFFFFFFFF without one.

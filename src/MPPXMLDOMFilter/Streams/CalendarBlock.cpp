@@ -15,6 +15,7 @@ constexpr std::size_t kMaxRanges = 5;
 constexpr std::size_t kRangesBlockSize = 58;
 constexpr std::uint32_t kMinutesPerDay = 24 * 60;
 constexpr std::uint32_t kTenths = 10;
+constexpr std::uint32_t kDaily = 1; ///< kind of an exception: its days follow one another
 
 std::uint32_t minutesOf(const std::optional<MPPCalendarTime>& time) {
     return time ? std::uint32_t{time->hours()} * 60 + time->minutes() : 0;
@@ -90,13 +91,13 @@ void writeAlignedName(MPPData& data, const std::optional<std::string>& name) {
 void writeCalendarException(MPPData& data, const MPPCalendarException& exception) {
     data.writeDaysFromDate(exception.startDate);
     data.writeDaysFromDate(exception.endDate);
-    data.write2ByteInteger(2);
+    data.write2ByteInteger(exception.numberOfDays);
     data.writeZeroesBlockOfSize(8);
     writeRanges(data, exception.workRanges);
-    data.writeInteger(1);
-    data.writeInteger(0);
-    data.writeInteger(1);
-    data.writeInteger(0);
+    data.writeInteger(kDaily);
+    data.writeInteger(0); // meaning unknown, any number in real files
+    data.writeInteger(exception.number);
+    data.writeInteger(0); // meaning unknown, any number in real files
     writeAlignedName(data, exception.name);
 }
 

@@ -4,7 +4,7 @@ namespace brackwater {
 
 void MPP12ProjectDocSInfoWriter::createFieldAliasesData(SummaryProperties& properties,
                                                         const MPPSummaryInformation& info) const {
-    properties.addShort(1, 1251); // code page
+    properties.addCodePage(1);
     properties.addText(2, info.category);
     properties.addText(14, info.manager);
     properties.addText(15, info.company);

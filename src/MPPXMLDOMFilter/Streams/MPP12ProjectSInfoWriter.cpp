@@ -7,7 +7,7 @@ namespace brackwater {
 void MPP12ProjectSInfoWriter::createFieldAliasesData(SummaryProperties& properties,
                                                      const MPPSummaryInformation& info) const {
     static constexpr std::array<std::uint8_t, 4> kRevision = {0x31, 0x00, 0x00, 0x00}; // "1"
-    properties.addShort(1, 1251);                                                      // code page
+    properties.addCodePage(1);
     properties.addText(2, info.title);
     properties.addText(4, info.author);
     properties.addText(5, info.keywords);

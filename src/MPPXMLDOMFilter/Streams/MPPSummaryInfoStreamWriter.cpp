@@ -1,5 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/MPPSummaryInfoStreamWriter.h"
 
+#include "Platform/TextEncoding.h"
+
 namespace brackwater {
 
 namespace {
@@ -8,6 +10,10 @@ namespace {
 constexpr std::uint32_t kShortForm = 2;
 constexpr std::uint32_t kIntegerForm = 3;
 constexpr std::uint32_t kTextForm = 30;
+constexpr std::uint32_t kWideTextForm = 31;
+
+constexpr std::uint32_t kCyrillicCodePage = 1251;
+constexpr std::uint32_t kWesternCodePage = 1252;
 
 constexpr std::size_t kTableEntrySize = 8;
 constexpr std::size_t kSectionHeadSize = 8; // size and number of properties
@@ -32,7 +38,34 @@ void SummaryProperties::addInteger(std::uint32_t id, std::uint32_t value) {
     _values.closeCurrentElement();
 }
 
+void SummaryProperties::addCodePage(std::uint32_t id) {
+    addShort(id, _texts == MPPSummaryTexts::Standard ? kWesternCodePage : kCyrillicCodePage);
+}
+
 void SummaryProperties::addText(std::uint32_t id, std::string_view text) {
+    if (_texts == MPPSummaryTexts::Standard)
+        addStandardText(id, text);
+    else
+        addAsciiText(id, text);
+}
+
+// Zero bytes end the text and fill it up to a multiple of four; they count as part of it.
+void SummaryProperties::addStandardText(std::uint32_t id, std::string_view text) {
+    constexpr std::size_t kAlignment = 4;
+    std::vector<std::uint8_t> bytes;
+    const bool isWide = !appendAsCodePage1252(bytes, text);
+    if (isWide && !appendAsUTF16LE(bytes, text))
+        bytes.clear();
+    const std::size_t unit = isWide ? 2 : 1;
+    bytes.resize((bytes.size() + unit + kAlignment - 1) / kAlignment * kAlignment);
+
+    start(id, isWide ? kWideTextForm : kTextForm);
+    _values.writeInteger(static_cast<std::uint32_t>(bytes.size() / unit));
+    _values.writeData(bytes);
+    _values.closeCurrentElement();
+}
+
+void SummaryProperties::addAsciiText(std::uint32_t id, std::string_view text) {
     start(id, kTextForm);
     const std::size_t sizeOffset = _values.dataSize();
     _values.writeInteger(0);
@@ -56,8 +89,9 @@ void SummaryProperties::addTextBytes(std::uint32_t id, std::span<const std::uint
 
 void MPPSummaryInfoStreamWriter::writeSteps() {
     static const MPPSummaryInformation kNothing;
-    SummaryProperties properties;
-    createFieldAliasesData(properties, project().summaryInfo ? *project().summaryInfo : kNothing);
+    const MPPSummaryInformation& info = project().summaryInfo ? *project().summaryInfo : kNothing;
+    SummaryProperties properties(info.texts);
+    createFieldAliasesData(properties, info);
 
     MPPSummaryInfoData data;
     openData(data);

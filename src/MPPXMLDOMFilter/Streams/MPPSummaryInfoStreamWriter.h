@@ -15,9 +15,13 @@ namespace brackwater {
 /// The values of a property set's section, one element a property, and the ids that belong to them.
 class SummaryProperties {
 public:
+    explicit SummaryProperties(MPPSummaryTexts texts) : _texts(texts) {}
+
     void addShort(std::uint32_t id, std::uint32_t value);
+    /// The code page of the texts.
+    void addCodePage(std::uint32_t id);
     void addInteger(std::uint32_t id, std::uint32_t value);
-    /// ASCII; a text that is not becomes an empty one.
+    /// Where only ASCII texts are held, another one becomes an empty one.
     void addText(std::uint32_t id, std::string_view text);
     /// Adds nothing when there is no text; an empty text is one.
     void addText(std::uint32_t id, const std::optional<std::string>& text);
@@ -30,7 +34,10 @@ public:
 
 private:
     void start(std::uint32_t id, std::uint32_t form);
+    void addAsciiText(std::uint32_t id, std::string_view text);
+    void addStandardText(std::uint32_t id, std::string_view text);
 
+    MPPSummaryTexts _texts;
     MPPOffsetMarkedData _values;
     std::vector<std::uint32_t> _ids;
 };

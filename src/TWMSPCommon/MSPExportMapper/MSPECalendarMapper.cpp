@@ -7,6 +7,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPECalendarExceptions.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduleElements.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceEvents.h"
 
 #include <fmt/format.h>
 
@@ -76,12 +77,14 @@ void mapCalendarExceptions(XMLElement schedule, MSPEScheduleInfo& info) {
     }
 }
 
-void mapSchedule(XMLElement schedule, MSPEScheduleInfo& info) {
+void mapSchedule(XMLElement schedule, MSPEScheduleInfo& info, bool keepsSource) {
     info.extendedFormat = hasAny(schedule, XMLQuery("flattened-schedule-day"));
     if (!info.parentKey())
         info.setProjetDefaults();
     mapWeekDays(schedule, info);
-    if (!info.extendedFormat || !mapFlattenedExceptions(schedule, info))
+    if (keepsSource)
+        info.source = sourceEventsOfSchedule(schedule);
+    else if (!info.extendedFormat || !mapFlattenedExceptions(schedule, info))
         mapCalendarExceptions(schedule, info);
 }
 
@@ -130,7 +133,7 @@ MSPECalendarMapper::newCalendarFromZelbResource(XMLElement resource, std::option
         _scheduleInfoMap.set(*key, MSPEScheduleInfo(resource, parentKey, calendarUID, std::move(name)));
     _scheduleInfoKeys.push_back(&info);
     if (const std::optional<XMLElement> schedule = singleObjectForXQuery(resource, XMLQuery("schedule"))) {
-        mapSchedule(*schedule, info);
+        mapSchedule(*schedule, info, mapper()->keepsSource());
     } else if (calendarUID != kTopCalendarUID) {
         assertThat(parentKey.has_value(), "No parent resource specified.");
         assertThat(scheduleInfo(*parentKey) != nullptr, "Can not find parent resource schedule in the map.");
@@ -221,8 +224,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
 // Exceptions are inherited as a whole, from the nearest schedule that has any. A parent's flat copy has done so before.
 void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const {
     const MSPEScheduleInfo* source = &info;
-    for (std::size_t steps = 0; !source->hasOvertimeData() && !source->hasTimeOffData() && source->parentKey() &&
-                                steps < _scheduleInfoKeys.size();
+    for (std::size_t steps = 0; !source->tellsExceptions() && source->parentKey() && steps < _scheduleInfoKeys.size();
          ++steps) {
         const MSPEScheduleInfo* parent = source->parentInfo;
         assertThat(parent != nullptr, "Non-root schedule info has no parent info.");
@@ -230,6 +232,7 @@ void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MS
     }
     flatCopy.overtimeExceptions = source->overtimeExceptions;
     flatCopy.timeOffExceptions = source->timeOffExceptions;
+    flatCopy.source = source->source;
 }
 
 void MSPECalendarMapper::mapScheduleInfo(const MSPEScheduleInfo& info) const {
@@ -241,6 +244,7 @@ void MSPECalendarMapper::mapScheduleInfo(const MSPEScheduleInfo& info) const {
     calendar.addChildElementWithName("BaseCalendarUID",
                                      info.isBaseCalendar ? "-1" : fmt::format("{}", baseCalendarUID(info)));
     mapScheduleInfoToCalendar(info, calendar);
+    calendar.mppDomObject()->source = info.source;
 }
 
 std::int64_t MSPECalendarMapper::baseCalendarUID(const MSPEScheduleInfo& info) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Model/MPPCalendarSource.h"
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEWorkingTime.h"
 
@@ -41,6 +42,8 @@ public:
     [[nodiscard]] bool hasWeekDaysData() const noexcept;
     [[nodiscard]] bool hasOvertimeData() const noexcept { return !overtimeExceptions.empty(); }
     [[nodiscard]] bool hasTimeOffData() const noexcept { return !timeOffExceptions.empty(); }
+    /// Whether it has exceptions of its own, in either form.
+    [[nodiscard]] bool tellsExceptions() const noexcept { return hasOvertimeData() || hasTimeOffData() || source; }
 
     /// The day is inherited again.
     void removeWorkingTimesForDayType(std::int32_t dayType);
@@ -68,6 +71,9 @@ public:
     bool extendedFormat = false; ///< the source used flattened days
     Exceptions overtimeExceptions;
     Exceptions timeOffExceptions;
+    /// What the source says of exceptions, where that is kept: the two lists are then empty. Null where it says
+    /// nothing.
+    std::shared_ptr<const MPPCalendarSource> source;
 
 private:
     using Day = std::optional<MSPEWorkingTimes>;

@@ -84,6 +84,20 @@ TEST_F(SummaryStreams, TheDocumentSummaryHasAlwaysOneProperty) {
     EXPECT_TRUE(sameBytes(written<MPP12ProjectDocSInfoWriter>(), expected));
 }
 
+TEST_F(SummaryStreams, StandardTextsAreHeldWhateverTheirCharacters) {
+    auto& info = *project.summaryInfo;
+    info.texts = MPPSummaryTexts::Standard;
+    info.title = "\xC3\xA4\xE2\x82\xAC"; // in code page 1252: E4 80
+    info.author = "\xCE\xA9";            // not there
+    const Bytes summary = written<MPP12ProjectSInfoWriter>();
+    const auto valueAt = [&summary](std::size_t property, std::size_t size) {
+        return slice(summary, 48 + integerAt(summary, 56 + 8 * property + 4), size);
+    };
+    EXPECT_TRUE(sameBytes(valueAt(0, 8), ByteImage(8).integer(0, 2).integer(4, 1252)));
+    EXPECT_TRUE(sameBytes(valueAt(1, 12), ByteImage(12).integer(0, 30).integer(4, 4).byte(8, 0xE4).byte(9, 0x80)));
+    EXPECT_TRUE(sameBytes(valueAt(2, 12), ByteImage(12).integer(0, 31).integer(4, 2).word(8, 0x03A9)));
+}
+
 class SingleEntryStreams : public StreamsTest {
 protected:
     void expectEntry(const ByteImage& fixedData, const ByteImage& record) {
