@@ -40,6 +40,8 @@ public:
 protected:
     /// Copies one stream; false for a reader that is a storage, true at once for an empty stream.
     bool writeStreamFromReader(MPPFormatReader& reader, MPPFormatWriter& writer);
+    /// Copies all streams of this storage; false, with a `failureReason`, when one of them cannot be copied.
+    bool copyStreamsOfStorage();
     /// Copies the named child stream of this entry; raises on failure.
     void copyChildFromTemplate(const std::string& name);
 
@@ -48,8 +50,6 @@ protected:
     void setFailureReason(std::string reason);
 
 private:
-    bool copyStreamsOfStorage();
-
     std::shared_ptr<MPPFormatWriter> _writer;
     std::shared_ptr<MPPFormatReader> _reader;
     std::string _failureReason;

@@ -4,6 +4,7 @@
 #include "MPPXMLDOMFilter/Corrections/AssignmentWork.h"
 #include "MPPXMLDOMFilter/Corrections/BaseCalendars.h"
 #include "MPPXMLDOMFilter/Corrections/Baselines.h"
+#include "MPPXMLDOMFilter/Corrections/Bookkeeping.h"
 #include "MPPXMLDOMFilter/Corrections/CalendarHours.h"
 #include "MPPXMLDOMFilter/Corrections/Costs.h"
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
@@ -38,6 +39,8 @@ void applyCorrections(MPPProject& project) {
     numberCalendarExceptions(project);
     correctGuidOrder(project);
     correctSummaryTexts(project);
+    keepBookkeeping(project);
+    keepTemplateViews(project);
 }
 
 } // namespace brackwater

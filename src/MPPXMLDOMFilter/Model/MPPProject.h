@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/MPPAssignment.h"
+#include "MPPXMLDOMFilter/Model/MPPBookkeeping.h"
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
 #include "MPPXMLDOMFilter/Model/MPPConstraint.h"
 #include "MPPXMLDOMFilter/Model/MPPResource.h"
@@ -45,6 +46,11 @@ struct MPPProject : MPPTask {
     std::shared_ptr<MPPSummaryInformation> summaryInfo;
     std::optional<Date> baseline0SaveDate;
     std::vector<std::optional<Date>> baselineSaveDates; ///< save dates of baselines 1 to 10
+
+    /// Null in an exact export, whose files keep the template's numbers. Filled in while the project is written.
+    std::unique_ptr<MPPBookkeeping> bookkeeping;
+    /// Whether the file takes views, tables and entry lists from the template instead of a minimum of one of each.
+    bool keepsTemplateViews = false;
 
     /// The definitions of all custom fields, of tasks and resources alike, as the mapping found them; post-processing
     /// turns them into the two lists of names.

@@ -53,6 +53,7 @@ struct MPPResource {
     std::uint16_t rateUnit = 2; ///< 2 an hour, 8 a unit of material
     MPPResourceTotals totals;
     CalendarReference calendar;
+    std::optional<std::uint64_t> calendarID; ///< as the resource's row shows it; nothing: three more than `ID`
     std::vector<std::shared_ptr<MPPResourceBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
     std::shared_ptr<MPPResourceBaseline> baseline0;              ///< the first baseline
 

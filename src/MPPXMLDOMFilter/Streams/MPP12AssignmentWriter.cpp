@@ -83,6 +83,7 @@ void MPP12AssignmentWriter::writeSteps() {
     writeFixed2Data();
     writeFixed2Meta();
     copyChildFromTemplate("Props");
+    noteRows(MPPRowKind::Assignment, *_fixedData, _var2Data.get());
 }
 
 // "Var2Data" and its index, in the same order: an element is found by its place, not by its type.

@@ -2,6 +2,8 @@
 
 #include "MPPXMLDOMFilter/Streams/StreamParts.h"
 
+#include <array>
+
 namespace brackwater {
 
 namespace {
@@ -24,6 +26,23 @@ void writeWord(MPPData& value, std::int32_t number) { value.write2ByteInteger(st
 void writeBaselineSaveDate(MPPData& value, const MPPProject& project, std::size_t index) {
     const auto& dates = project.baselineSaveDates;
     value.writeDate(index < dates.size() ? dates[index] : std::nullopt);
+}
+
+// The file's own numbers: a row's kind stands in the low digits of the type.
+bool writeBookkeeping(MPPData& value, std::uint32_t type, const MPPBookkeeping& bookkeeping) {
+    constexpr std::uint32_t kRowCount = 0x01000000;
+    constexpr std::uint32_t kVar2DataSize = 0x00010000;
+    constexpr std::array kKinds = {MPPRowKind::Task, MPPRowKind::Resource, MPPRowKind::Calendar, MPPRowKind::Assignment,
+                                   MPPRowKind::Link};
+    for (const MPPRowKind kind : kKinds) {
+        const auto number = static_cast<std::uint32_t>(kind);
+        if (type != (kRowCount | number) && type != (kVar2DataSize | number))
+            continue;
+        const MPPBookkeeping::Rows& rows = bookkeeping.of(kind);
+        value.writeInteger(type == (kRowCount | number) ? rows.count : rows.var2DataSize);
+        return true;
+    }
+    return false;
 }
 
 // False for a type that is not known.
@@ -89,6 +108,8 @@ bool writeValue(MPPData& value, std::uint32_t type, const MPPProject& project) {
         value.writeGUID(calendar ? &calendar->GUID() : nullptr);
         return true;
     default:
+        if (project.bookkeeping && writeBookkeeping(value, type, *project.bookkeeping))
+            return true;
         if (type < kFirstBaselineSaveDate || type > kLastBaselineSaveDate)
             return false;
         writeBaselineSaveDate(value, project, type - kFirstBaselineSaveDate);

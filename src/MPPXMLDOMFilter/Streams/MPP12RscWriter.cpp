@@ -82,6 +82,7 @@ void MPP12RscWriter::writeSteps() {
     writeFixed2Data();
     writeFixed2Meta();
     writeProps();
+    noteRows(MPPRowKind::Resource, *_fixedData, _var2Data.get());
 }
 
 // "Var2Data" and its index, whose order is another one.
@@ -216,7 +217,7 @@ void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
     row.at(10).word(resource.getOvertimeRateFormatType());
     row.at(12).word(resource.getAccrueAtType());
     row.at(14).lowWord(resource.getResourceType());
-    row.at(16).lowInteger(resource.ID + 3);
+    row.at(16).lowInteger(resource.calendarID.value_or(resource.ID + 3));
     row.at(20).date(_dates(resource.getAvailableFrom()));
     row.at(24).date(_dates(resource.getAvailableTo()));
     row.at(28).real(resource.getStandartRate());
@@ -244,8 +245,11 @@ void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
 
 namespace {
 
-// Does not count the elements one by one: the list of texts and the list of baselines each set bits of their own.
-std::uint32_t startValueOf(const MPPResource& resource) {
+// The upper half is the number of the row's elements where the file keeps its numbers in step. Otherwise they are not
+// counted one by one: the list of texts and the list of baselines each set bits of their own.
+std::uint32_t startValueOf(const MPPResource& resource, const MPPVar2Data& var2Data, bool countsElements) {
+    if (countsElements)
+        return static_cast<std::uint32_t>(var2Data.numberOfElementsForID(resource.ID)) << 16;
     return 0x00040000U | (resource.customFieldsText.empty() ? 0 : 0x00010000U) |
            (resource.baselines.empty() ? 0 : 0x000A0000U);
 }
@@ -282,9 +286,9 @@ void writeDefaultFixedMeta(MPPFixedMeta& fixedMeta) {
     record.end(fixedMeta);
 }
 
-void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, bool isFirst) {
+void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, std::uint32_t start, bool isFirst) {
     const int code = resource.hasCode() ? 0x01 : 0;
-    fixedMeta.writeNextElementStartWithInt(startValueOf(resource));
+    fixedMeta.writeNextElementStartWithInt(start);
     MetaRecordBuilder<kFixedMetaSize> record;
     record.at(8).byte(3);
     record.at(9).byte(kindOf(resource, isFirst));
@@ -316,7 +320,8 @@ void MPP12RscWriter::writeFixedMeta() {
     writeDefaultFixedMeta(fixedMeta);
     bool isFirst = true;
     for (const auto& resource : project().resources) {
-        writeRscFixedMeta(fixedMeta, *resource, isFirst);
+        const std::uint32_t start = startValueOf(*resource, *_var2Data, project().bookkeeping != nullptr);
+        writeRscFixedMeta(fixedMeta, *resource, start, isFirst);
         isFirst = false;
     }
     stream.finish();

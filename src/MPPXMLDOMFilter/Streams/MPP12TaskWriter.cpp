@@ -18,6 +18,7 @@ constexpr std::uint16_t kDescriptionEnding = 2880; // 0x0B40
 constexpr std::size_t kFixedRowSize = 264;
 constexpr std::size_t kFixedMetaSize = 47;
 constexpr std::size_t kFixed2RowSize = 54;
+constexpr std::size_t kLongFixed2RowSize = 80;
 constexpr std::size_t kFixed2MetaSize = 86;
 
 // Types of elements in "Var2Data".
@@ -68,6 +69,7 @@ void MPP12TaskWriter::writeSteps() {
     writeFixed2Data();
     writeFixed2Meta();
     writeProps();
+    noteRows(MPPRowKind::Task, *_fixedData, _var2Data.get());
 }
 
 // "Var2Data" and its index. The elements of a task are found by their order, not by type: a text or baseline past the
@@ -319,22 +321,42 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
 
 void MPP12TaskWriter::writeFixed2Data() {
     StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
+    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, hasLongFixed2Rows() ? kLongFixed2RowSize : kFixed2RowSize);
     writeTaskFixed2Data(project());
     stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixed2Data(task); });
     stream.finish();
 }
 
+bool MPP12TaskWriter::hasLongFixed2Rows() const {
+    return project().bookkeeping && project().bookkeeping->taskSecondRowSize == kLongFixed2RowSize;
+}
+
 void MPP12TaskWriter::writeTaskFixed2Data(const MPPTask& task) {
+    if (hasLongFixed2Rows())
+        writeFixed2Row<kLongFixed2RowSize>(task);
+    else
+        writeFixed2Row<kFixed2RowSize>(task);
+}
+
+// Long rows have 26 bytes more in the middle.
+template <std::size_t Size>
+void MPP12TaskWriter::writeFixed2Row(const MPPTask& task) {
     const bool isProjectRow = isProject(task);
-    RowBuilder<kFixed2RowSize> row;
+    constexpr std::size_t kTail = Size - 14;
+    RowBuilder<Size> row;
     row.at(0).guid(task.GUID());
     row.at(16).real(isProjectRow ? kProjectSheetPosition : task.sheetPosition);
     row.at(24).guid(task.parent ? task.parent->GUID() : Guid());
-    row.at(40).integer(0);
-    row.at(44).integer(isProjectRow ? 0x00400003 : 0x00040003);
-    row.at(48).word(0);
-    row.at(50).date(_dates(isProjectRow ? std::nullopt : task.getEarlyStart()));
+    if constexpr (Size == kLongFixed2RowSize) {
+        row.at(40).guid(Guid());
+        row.at(56).integer(0xFFFFFFFF);
+        row.at(60).integer(0xFFFFFFFF);
+        row.at(64).word(0);
+    }
+    row.at(kTail).integer(0);
+    row.at(kTail + 4).integer(isProjectRow ? 0x00400003 : 0x00040003);
+    row.at(kTail + 8).word(0);
+    row.at(kTail + 10).date(_dates(isProjectRow ? std::nullopt : task.getEarlyStart()));
     row.endElement(*_fixed2Data);
 }
 

@@ -39,7 +39,11 @@ private:
     void writeTaskVar2Data(const MPPTask& task);
     void writeTaskFixedData(const MPPTask& task);
     void writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const;
+    /// Whether the template's rows are those of older files.
+    [[nodiscard]] bool hasLongFixed2Rows() const;
     void writeTaskFixed2Data(const MPPTask& task);
+    template <std::size_t Size>
+    void writeFixed2Row(const MPPTask& task);
     void writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const;
     [[nodiscard]] bool isProject(const MPPTask& task) const noexcept { return &task == &project(); }
 

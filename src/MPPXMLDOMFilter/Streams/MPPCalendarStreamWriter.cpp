@@ -51,6 +51,7 @@ void MPPCalendarStreamWriter::writeSteps() {
     writeFixedMeta();
     writeFixed2Data();
     writeFixed2Meta();
+    noteRows(MPPRowKind::Calendar, *_fixedData, _var2Data.get());
 }
 
 // "Var2Data" and its index. The default resource's calendar has no elements.
@@ -142,21 +143,30 @@ std::uint32_t startOfNamedRow(std::uint64_t number) { return static_cast<std::ui
 
 } // namespace
 
+// The upper half is the number of the calendar's elements where the file keeps its numbers in step, else `usual`.
+std::uint32_t MPPCalendarStreamWriter::startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const {
+    if (!project().bookkeeping)
+        return usual;
+    return static_cast<std::uint32_t>(_var2Data->numberOfElementsForID(calendar.ID)) << 16;
+}
+
 void MPPCalendarStreamWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
     writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
     const MPPCalendar& standard = standardCalendar(project());
-    writeCalendarFixedMeta(fixedMeta, startOfNamedRow(standard.ID), flagsOfStandardRow(standard));
+    writeCalendarFixedMeta(fixedMeta, startValueOf(standard, startOfNamedRow(standard.ID)),
+                           flagsOfStandardRow(standard));
     writeCalendarFixedMeta(fixedMeta, 0, 7);
     stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
-        writeCalendarFixedMeta(fixedMeta, startOfNamedRow(calendar.ID - 1),
+        writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startOfNamedRow(calendar.ID - 1)),
                                hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock);
     });
     for (const auto& resource : project().resources) {
-        if (hasBlock(calendarOf(*resource)))
-            writeCalendarFixedMeta(fixedMeta, startValueOfResourceBlock(), 263);
+        const MPPCalendar& calendar = calendarOf(*resource);
+        if (hasBlock(calendar))
+            writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startValueOfResourceBlock()), 263);
         else
             writeCalendarFixedMeta(fixedMeta, 0, 7);
         stream.flush();

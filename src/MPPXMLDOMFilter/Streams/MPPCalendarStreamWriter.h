@@ -47,6 +47,7 @@ private:
 
     void writeCalendarVar2Data(const MPPCalendar& calendar);
     void writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const;
+    [[nodiscard]] std::uint32_t startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const;
 
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();

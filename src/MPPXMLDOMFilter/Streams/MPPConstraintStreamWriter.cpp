@@ -30,6 +30,7 @@ void MPPConstraintStreamWriter::writeSteps() {
     writeFixedMeta();
     writeFixed2Data();
     writeFixed2Meta();
+    noteRows(MPPRowKind::Link, *_fixedData, nullptr);
 }
 
 void MPPConstraintStreamWriter::writeFixedData() {

@@ -3,10 +3,18 @@
 #include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
 #include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "Platform/Exception.h"
 
 namespace brackwater {
 
 void MPPSingleEntryWriter::writeSteps() {
+    if (!project().keepsTemplateViews)
+        writeMinimum();
+    else if (!copyStreamsOfStorage())
+        throw Exception(kWriteToStreamException, failureReason());
+}
+
+void MPPSingleEntryWriter::writeMinimum() {
     const auto writeStream = [this](const char* name, MPPData& data) { StreamOutput(writer(), name, data).finish(); };
 
     const auto var2Data = std::make_shared<MPPVar2Data>();

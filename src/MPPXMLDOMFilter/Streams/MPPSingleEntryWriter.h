@@ -8,8 +8,8 @@
 
 namespace brackwater {
 
-/// What the storages of views, tables and entry lists share: a fixed minimum of four streams that holds one entry and
-/// nothing of the project or the template.
+/// What the storages of views, tables and entry lists share: they are the template's where the project keeps its views,
+/// else a fixed minimum of four streams that holds one entry and nothing of the project or the template.
 class MPPSingleEntryWriter : public MPPStreamWriter {
 public:
     using MPPStreamWriter::MPPStreamWriter;
@@ -20,6 +20,9 @@ protected:
     [[nodiscard]] virtual std::uint16_t descriptionEnding() const = 0;
     virtual void writeFixedElement(MPPFixedData& fixedData) const = 0;
     virtual void writeFixedMetaRecord(MPPFixedMeta& fixedMeta) const = 0;
+
+private:
+    void writeMinimum();
 };
 
 } // namespace brackwater

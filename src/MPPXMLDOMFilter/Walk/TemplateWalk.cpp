@@ -1,10 +1,31 @@
 #include "MPPXMLDOMFilter/Walk/TemplateWalk.h"
 
+#include "MPPXMLDOMFilter/Model/MPPProject.h"
+#include "MPPXMLDOMFilter/Streams/MPP12SequentialPropsReader.h"
+
 #include <fmt/core.h>
 
 #include <utility>
+#include <vector>
 
 namespace brackwater {
+
+namespace {
+
+/// What the project's properties in a storage of the template say of the rows that are written into it.
+void takeRowSizes(const MPPFormatReader& storage, MPPBookkeeping& bookkeeping) {
+    constexpr std::uint32_t kTaskSecondRowSize = 0x00040001;
+    const auto stream = storage.createReaderForChildWithName("Props");
+    auto bytes = stream && !stream->isDirectory() ? stream->readAll() : std::nullopt;
+    if (!bytes)
+        return;
+    MPP12SequentialPropsReader props(std::move(*bytes));
+    while (props.readNextProperty())
+        if (props.curPropertyType() == kTaskSecondRowSize && !props.curPropertyData().empty())
+            bookkeeping.taskSecondRowSize = props.curPropertyData()[0]; // far below 256
+}
+
+} // namespace
 
 bool TemplateWalk::writeEntries(const MPPFormatReader& templateRoot, MPPFormatWriter& outputRoot) {
     const std::int32_t count = templateRoot.numberOfChildren();
@@ -27,17 +48,33 @@ bool TemplateWalk::writeStorage(const MPPFormatReader& reader, MPPFormatWriter& 
     const auto storage = parent.createChildWithName(name, true);
     if (!storage)
         return fail(name, "the storage cannot be created");
+    if (_project != nullptr && _project->bookkeeping)
+        takeRowSizes(reader, *_project->bookkeeping);
+    std::vector<Reader> lastChildren;
     const std::int32_t count = reader.numberOfChildren();
     countEntries(reader);
     for (std::int32_t index = 0; index < count; ++index) {
         Reader child = reader.createReaderForChildAtIndex(index);
         if (!child)
             return fail(name, fmt::format("entry {} cannot be read from the template", index));
-        const std::string path = name + "/" + child->getName();
-        if (!writeEntry(path, *storage, std::move(child)))
+        if (tellsOfOthers(*child))
+            lastChildren.push_back(std::move(child));
+        else if (!writeChild(name, *storage, std::move(child)))
             return false;
     }
+    for (Reader& child : lastChildren)
+        if (!writeChild(name, *storage, std::move(child)))
+            return false;
     return storage->close() || fail(name, "the storage cannot be finished: " + storage->failureText());
+}
+
+bool TemplateWalk::tellsOfOthers(const MPPFormatReader& child) const {
+    return _project != nullptr && _project->bookkeeping && !child.isDirectory() && child.getName() == "Props";
+}
+
+bool TemplateWalk::writeChild(const std::string& storageName, MPPFormatWriter& storage, Reader child) {
+    const std::string path = storageName + "/" + child->getName();
+    return writeEntry(path, storage, std::move(child));
 }
 
 bool TemplateWalk::writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader) {

@@ -21,6 +21,9 @@ private:
     using Reader = std::shared_ptr<MPPFormatReader>;
 
     bool writeStorage(const MPPFormatReader& reader, MPPFormatWriter& parent);
+    bool writeChild(const std::string& storageName, MPPFormatWriter& storage, Reader child);
+    /// Whether the entry tells numbers of other entries of its storage and so must be written behind them.
+    [[nodiscard]] bool tellsOfOthers(const MPPFormatReader& child) const;
     bool writeEntry(const std::string& path, MPPFormatWriter& parent, Reader reader);
     bool fail(std::string path, std::string reason);
     void countEntries(const MPPFormatReader& storage);
