@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <memory>
@@ -80,6 +81,7 @@ void copyWalk(benchmark::State& state) {
     writeCompoundFile(source, {compObj2007(), stream("Large", patternBytes(streamSize))});
 
     const auto walk = [&] {
+        std::filesystem::remove(folder.path("Walk.mpp"));
         if (!MPPProjectWriter::writeProject(nullptr, FileURL::fileURLWithPath(folder.path("Walk.mpp"), false),
                                             FileURL::fileURLWithPath(source, false)))
             state.SkipWithError("the walk failed");

@@ -13,15 +13,35 @@ namespace {
 
 constexpr std::array kRequests = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGXCPU};
 constexpr std::array kFaults = {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL};
+constexpr unsigned kMostSecondsForTheLog = 1;
 
 // Changed only while requests are held back, so that a handler finds the chain whole.
 constinit FileRemovedAtSignal* newestFile = nullptr;
 
+constinit volatile std::sig_atomic_t endingSignal = 0;
+
 // What the handlers call may be called from signal handlers.
+
+void setHandler(int signalNumber, void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    // The signal itself is not held back while its handler runs, so that it ends the process when it comes again.
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+    sigemptyset(&action.sa_mask);
+    sigaction(signalNumber, &action, nullptr);
+}
+
+void endNow(int) { static_cast<void>(raise(endingSignal)); }
+
 void die(int signalNumber) {
+    endingSignal = signalNumber;
+    // From here on each signal does what it does without us; this one too, whose handler was taken off on its entry.
+    for (const int request : kRequests)
+        setHandler(request, SIG_DFL);
+    setHandler(SIGALRM, endNow);
+    alarm(kMostSecondsForTheLog);
     flushLog();
-    // The handler was taken off when it was entered (SA_RESETHAND), so this ends the process as the signal would have.
-    static_cast<void>(raise(signalNumber));
+    endNow(SIGALRM);
 }
 
 void cleanAndDie(int signalNumber) {
@@ -35,11 +55,7 @@ void handle(int signalNumber, void (*handler)(int)) {
     if (sigaction(signalNumber, nullptr, &present) != 0 || (present.sa_flags & SA_SIGINFO) != 0 ||
         present.sa_handler != SIG_DFL)
         return;
-    struct sigaction action {};
-    action.sa_handler = handler;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigemptyset(&action.sa_mask);
-    sigaction(signalNumber, &action, nullptr);
+    setHandler(signalNumber, handler);
 }
 
 } // namespace
@@ -64,13 +80,6 @@ FileRemovedAtSignal::~FileRemovedAtSignal() {
     while (*link != this)
         link = &(*link)->_older;
     *link = _older;
-}
-
-bool FileRemovedAtSignal::isOneOfThem(std::string_view path) noexcept {
-    const FileRemovedAtSignal* file = newestFile;
-    while (file != nullptr && file->path() != path)
-        file = file->older();
-    return file != nullptr;
 }
 
 SignalsHeldBack::SignalsHeldBack() {

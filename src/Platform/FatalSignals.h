@@ -2,12 +2,12 @@
 
 #include <csignal>
 #include <string>
-#include <string_view>
 
 namespace brackwater {
 
 /// Sees to it that a signal which ends the process does so in order: files that must not stay behind are removed, the
-/// log is written out, and the process then dies by the signal, so that whoever waits for it learns how it ended.
+/// log is written out, and the process then dies by the signal, so that whoever waits for it learns how it ended. A log
+/// that nobody reads holds this up for one second at most, and a second signal ends the process at once.
 /// Handlers that somebody else set, and signals that the parent process had ignored, stay as they are. Idempotent.
 void prepareForFatalSignals();
 
@@ -19,9 +19,6 @@ public:
     ~FileRemovedAtSignal();
     FileRemovedAtSignal(const FileRemovedAtSignal&) = delete;
     FileRemovedAtSignal& operator=(const FileRemovedAtSignal&) = delete;
-
-    /// Whether an object for this path lives.
-    [[nodiscard]] static bool isOneOfThem(std::string_view path) noexcept;
 
     [[nodiscard]] const std::string& path() const noexcept { return _path; }
     /// The one that was made before this one, of those that live.

@@ -130,11 +130,28 @@ TEST_F(ChangingInput, TemplateThatIsCutWhileItIsCopiedStopsAtTheEntry) {
                 testing::MatchesRegex("WARNING: Writing stopped at '.*': .+"));
 }
 
-TEST_F(ChangingInput, FolderThatAppearsAtTheDestinationStaysAndNoTemporaryFileDoes) {
-    const auto putFolder = [&] { _folder.write("out/Plan.mpp/inner", "earlier"); };
-    EXPECT_THAT(failureWith("opening a file at path " + _output, putFolder),
-                StartsWith("WARNING: Writing stopped at '" + _output + "': the output cannot be created: "));
-    EXPECT_EQ(_folder.read("out/Plan.mpp/inner"), "earlier");
+TEST_F(ChangingInput, WhatAppearsAtTheDestinationStaysAndTheExportTakesTheNextNumber) {
+    const std::vector<std::function<void()>> changes = {
+        [&] { _folder.write("out/Plan.mpp/inner", "folder"); },
+        [&] { _folder.write("out/Plan.mpp", "file"); },
+        [&] { fs::create_symlink("nowhere", _output); },
+    };
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        fs::remove_all(_folder.path("out"));
+        _folder.makeFolder("out");
+        ActingLog log("opening a file at path " + _output, changes[i]);
+        EXPECT_TRUE(MSPEMPPExporter({}).exportZelbBundle(FileURL::fileURLWithPath(_folder.path("Plan.zelb"), true),
+                                                         FileURL::fileURLWithPath(_output, false),
+                                                         FileURL::fileURLWithPath(_template, false)));
+        EXPECT_TRUE(log.hasActed());
+        const std::string written = _folder.path("out/Plan-1.mpp");
+        EXPECT_THAT(log.lines,
+                    testing::Contains("WARNING: '" + _output + "' has been taken meanwhile. The export stands at '" +
+                                      written + "'."));
+        EXPECT_EQ(readCompoundFile(written).size(), 3U);
+        EXPECT_EQ(std::distance(fs::directory_iterator(_folder.path("out")), fs::directory_iterator()), 2) << i;
+    }
+    EXPECT_EQ(fs::read_symlink(_output), "nowhere");
 }
 
 } // namespace

@@ -1,27 +1,17 @@
-// What the program finds at its start: descriptors that are closed.
+// What the program finds about it: descriptors that are closed, and another that exports to the same name.
 #include "ToolTest.h"
 
 #include "support/CompoundFile.h"
-#include "support/ScenarioBuilder.h"
+
+#include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace brackwater::test {
 namespace {
 
-class Environment : public ToolTest {
-protected:
-    /// A plan whose log is longer than the buffer of its lines.
-    void writeTalkativePlan() const {
-        std::string ids = "t1";
-        for (int number = 2; number <= 500; ++number)
-            ids += ",t" + std::to_string(number);
-        auto scenario = ScenarioBuilder::withRoots("", ids);
-        for (int number = 1; number <= 500; ++number)
-            scenario.task("t" + std::to_string(number));
-        _folder.write("Plan.zelb/plan.xml", scenario.text());
-    }
-};
+class Environment : public ToolTest {};
 
 TEST_F(Environment, ClosedDescriptorsNeverLetTheLogIntoTheOutput) {
     writeTalkativePlan();
@@ -43,6 +33,21 @@ TEST_F(Environment, ClosedDescriptorsNeverLetTheLogIntoTheOutput) {
             EXPECT_EQ(listing(readCompoundFile(_folder.path(name))), whole) << name;
             EXPECT_EQ(_folder.read(name).find(" Brackwater["), std::string::npos) << name;
         }
+    }
+}
+
+TEST_F(Environment, TwoExportsOfOneNameAtOneMomentAreBothThereAndWhole) {
+    _template = _folder.path("Small.mpp");
+    writeCompoundFile(_template, {compObj2007(), stream("Other", patternBytes(5000)), stream("Last", {})});
+    for (int round = 0; round < 200; ++round) {
+        std::filesystem::remove_all(_out);
+        _folder.makeFolder("out");
+        const pid_t first = startExport(_folder.path("out/Plan.mpp"));
+        waitForTool(startExport(_folder.path("out/Plan.mpp")));
+        waitForTool(first);
+        ASSERT_THAT(namesIn(_out), testing::UnorderedElementsAre("Plan.mpp", "Plan-1.mpp")) << round;
+        for (const char* name : {"out/Plan.mpp", "out/Plan-1.mpp"})
+            ASSERT_EQ(readCompoundFile(_folder.path(name)).size(), 3U) << name << " " << round;
     }
 }
 

@@ -7,7 +7,12 @@
 
 #include <chrono>
 #include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace brackwater::test {
 namespace {
@@ -27,7 +32,7 @@ protected:
 
 TEST_F(Interrupt, EndsTheProcessByTheSignalAndLeavesNothing) {
     for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-        for (const char* call : {"g_mkstemp", "fdopen", "fwrite", "fclose"}) {
+        for (const char* call : {"g_mkstemp_full", "fdopen", "fwrite", "fclose"}) {
             const ToolEnd end = exportTo(_folder.path("out/Plan.mpp"), signalAfter(call, 0, signalNumber));
             EXPECT_TRUE(faultCameToPass());
             EXPECT_EQ(end.signalNumber, signalNumber) << call;
@@ -52,7 +57,7 @@ TEST_F(Interrupt, AfterTheMoveLeavesTheWholeFile) {
     exportTo(_folder.path("out/Plan.mpp"));
     const std::size_t entries = entriesOfTheOutput();
     setOverwriting();
-    const ToolEnd end = exportTo(_folder.path("out/Plan.mpp"), signalAfter("rename", 0, SIGINT));
+    const ToolEnd end = exportTo(_folder.path("out/Plan.mpp"), signalAfter("renameat2", 0, SIGINT));
     EXPECT_EQ(end.signalNumber, SIGINT);
     EXPECT_THAT(namesIn(_out), UnorderedElementsAre("Plan.mpp"));
     EXPECT_EQ(entriesOfTheOutput(), entries);
@@ -63,6 +68,37 @@ TEST_F(Interrupt, KeepsAnEarlierFile) {
     exportTo(_folder.path("out/Plan.mpp"), signalAfter("fclose", 0, SIGINT));
     EXPECT_THAT(namesIn(_out), UnorderedElementsAre("Plan.mpp"));
     EXPECT_EQ(_folder.read("out/Plan.mpp"), "earlier");
+}
+
+// A log that nobody reads fills its pipe, and the export waits for its reader.
+TEST_F(Interrupt, EndsAnExportWhoseLogNobodyReads) {
+    using Clock = std::chrono::steady_clock;
+    writeTalkativePlan();
+    for (const int signals : {1, 2}) {
+        const std::string pipe = _folder.path("log");
+        std::filesystem::remove(pipe);
+        ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+        const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+        const pid_t tool = startExport(_folder.path("out/Plan.mpp"));
+        int waiting = 0;
+        for (int before = -1; waiting == 0 || waiting != before;) { // until it fills no further
+            before = waiting;
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            ioctl(reader, FIONREAD, &waiting);
+        }
+        const auto start = Clock::now();
+        kill(tool, SIGTERM);
+        if (signals == 2) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            kill(tool, SIGINT);
+        }
+        const ToolEnd end = waitForTool(tool);
+        const auto waited = Clock::now() - start;
+        close(reader);
+        EXPECT_EQ(end.signalNumber, signals == 1 ? SIGTERM : SIGINT);
+        EXPECT_LT(waited, std::chrono::milliseconds(signals == 1 ? 5000 : 900));
+        EXPECT_THAT(namesIn(_out), IsEmpty());
+    }
 }
 
 TEST_F(Interrupt, AtAnyMomentLeavesAllOrNothing) {

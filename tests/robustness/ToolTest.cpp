@@ -1,5 +1,7 @@
 #include "ToolTest.h"
 
+#include "support/ScenarioBuilder.h"
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -30,6 +32,17 @@ ToolEnd ToolTest::exportTo(const std::string& output, const std::string& fault) 
 
 void ToolTest::setOverwriting() const {
     _folder.write("config/lanthorn.Tarnwick2.MSPExportMPP.conf", "[Preferences]\nOverwriteFilterTarget=YES\n");
+}
+
+void ToolTest::writeTalkativePlan() const {
+    constexpr int kTasks = 500;
+    std::string ids = "t1";
+    for (int number = 2; number <= kTasks; ++number)
+        ids += ",t" + std::to_string(number);
+    auto scenario = ScenarioBuilder::withRoots("", ids);
+    for (int number = 1; number <= kTasks; ++number)
+        scenario.task("t" + std::to_string(number));
+    _folder.write("Plan.zelb/plan.xml", scenario.text());
 }
 
 void ToolTest::expectFailedExport() const {

@@ -25,6 +25,8 @@ protected:
     [[nodiscard]] std::string log() const { return _folder.read("log"); }
     [[nodiscard]] bool logHas(const std::string& text) const { return log().find(text) != std::string::npos; }
     void setOverwriting() const;
+    /// Makes the bundle one whose log is longer than the buffer of its lines and than a pipe.
+    void writeTalkativePlan() const;
 
     /// Asks that the log ends in a failed export that says why.
     void expectFailedExport() const;

@@ -1,9 +1,8 @@
 #include "MPPXMLDOMFilter/Container/MPPFormatWriter.h"
 
 #include "MPPXMLDOMFilter/Container/GObjectPointer.h"
-#include "MPPXMLDOMFilter/Container/SinkTemporaryFile.h"
+#include "MPPXMLDOMFilter/Container/TemporaryOutput.h"
 #include "Platform/Exception.h"
-#include "Platform/FatalSignals.h"
 #include "Platform/Log.h"
 
 #include <gsf/gsf-outfile-msole.h>
@@ -16,10 +15,6 @@ namespace brackwater {
 
 namespace {
 
-std::string messageOf(const GError* error) {
-    return error != nullptr && error->message != nullptr ? error->message : "";
-}
-
 /// What all open nodes of one output share.
 struct OutputState {
     /// The stream that is open. With a second one the library would damage the file without a word.
@@ -29,68 +24,78 @@ struct OutputState {
     std::string failureText;
 
     void noteFailure(GsfOutput* node) {
-        if (std::string text = messageOf(gsf_output_error(node)); !text.empty())
-            failureText = std::move(text);
+        const GError* error = gsf_output_error(node);
+        if (error != nullptr && error->message != nullptr)
+            failureText = error->message;
     }
 };
 
 } // namespace
 
 struct MPPFormatWriter::Node {
-    FileURL mppFilePath;                              ///< of the root only
-    GObjectPointer<GsfOutput> output;                 ///< the file sink; of the root only
-    std::unique_ptr<SinkTemporaryFile> temporaryFile; ///< while the sink is open
+    std::optional<NumberedPath> ownDestination;
+    NumberedPath* destination = nullptr;            ///< of the root only
+    std::unique_ptr<TemporaryOutput> temporaryFile; ///< while the sink is open
+    GObjectPointer<GsfOutput> output;               ///< the file sink; of the root only
     GObjectPointer<GsfOutput> outfile;
     std::shared_ptr<OutputState> state = std::make_shared<OutputState>();
     bool isDir = true;
     std::optional<bool> closeAnswer; ///< set once closed
 
+    bool openSink();
     bool closeChild();
     bool closeRoot();
-    /// Leaves neither the destination nor the temporary file behind.
-    void abandonSink() const;
+    bool moveIntoPlace();
 };
 
 MPPFormatWriter::MPPFormatWriter() : _node(std::make_unique<Node>()) {}
 
-MPPFormatWriter::MPPFormatWriter(FileURL url) : MPPFormatWriter() { _node->mppFilePath = std::move(url); }
+MPPFormatWriter::MPPFormatWriter(NumberedPath& destination) : MPPFormatWriter() { _node->destination = &destination; }
+
+MPPFormatWriter::MPPFormatWriter(const FileURL& url) : MPPFormatWriter() {
+    _node->destination = &_node->ownDestination.emplace(url.path());
+}
 
 MPPFormatWriter::MPPFormatWriter(GsfOutput* node) : MPPFormatWriter() { _node->outfile = shareGObject(node); }
 
-MPPFormatWriter::~MPPFormatWriter() { MPPFormatWriter::close(); }
+MPPFormatWriter::~MPPFormatWriter() {
+    try {
+        MPPFormatWriter::close();
+    } catch (...) {
+        // No memory for a text: who wants to know of failures closes the node.
+    }
+}
 
 bool MPPFormatWriter::open() {
     if (_node->closeAnswer)
         return false;
     if (_node->outfile)
         return true;
-    const std::string& path = _node->mppFilePath.path();
-    logLine("opening a file at path {}", path);
-
-    GError* error = nullptr;
-    {
-        // A signal between the two would leave a file that nobody knows of.
-        const SignalsHeldBack heldBack;
-        _node->output.reset(gsf_output_stdio_new(path.c_str(), &error));
-        _node->temporaryFile = SinkTemporaryFile::ofNewSink();
-    }
-    if (!_node->output) {
-        if (_node->temporaryFile)
-            _node->temporaryFile->remove();
-        if (error != nullptr) {
-            _node->state->failureText = messageOf(error);
-            logLine("'{}' error: {}", path, messageOf(error));
-            g_error_free(error);
-        }
+    if (_node->destination == nullptr || !_node->openSink())
         return false;
-    }
     GsfOutfile* outfile = gsf_outfile_msole_new(_node->output.get());
     if (outfile == nullptr) {
-        _node->abandonSink();
+        gsf_output_close(_node->output.get());
+        _node->temporaryFile.reset();
         return false;
     }
     _node->outfile.reset(GSF_OUTPUT(outfile));
     return true;
+}
+
+bool MPPFormatWriter::Node::openSink() {
+    const std::string& path = destination->path();
+    logLine("opening a file at path {}", path);
+    std::string& fault = state->failureText;
+    temporaryFile = TemporaryOutput::beside(path, fault);
+    std::FILE* stream = temporaryFile ? temporaryFile->openStream(fault) : nullptr;
+    if (stream != nullptr)
+        output.reset(gsf_output_stdio_new_FILE(path.c_str(), stream, FALSE));
+    if (output)
+        return true;
+    temporaryFile.reset();
+    logLine("'{}' error: {}", path, fault);
+    return false;
 }
 
 std::unique_ptr<MPPFormatWriter> MPPFormatWriter::createChildWithName(const std::string& name, bool isDir) {
@@ -150,30 +155,29 @@ bool MPPFormatWriter::Node::closeChild() {
 
 bool MPPFormatWriter::Node::closeRoot() {
     // The library closes the sink together with the root. A sink that has met an error answers true to its close all
-    // the same, having taken its file away; only the error tells.
+    // the same; only the error tells.
     const bool closed = gsf_output_close(outfile.get()) && gsf_output_error(outfile.get()) == nullptr &&
                         gsf_output_is_closed(output.get()) && gsf_output_error(output.get()) == nullptr;
     if (!closed) {
         state->noteFailure(outfile.get());
         state->noteFailure(output.get());
-        abandonSink();
+        if (!gsf_output_is_closed(output.get()))
+            gsf_output_close(output.get());
     }
     outfile.reset();
     output.reset();
+    const bool moved = closed && moveIntoPlace();
     temporaryFile.reset();
-    return closed && !state->childCloseFailed;
+    return moved && !state->childCloseFailed;
 }
 
-void MPPFormatWriter::Node::abandonSink() const {
-    if (!gsf_output_is_closed(output.get())) {
-        // A sink in error takes its temporary file away instead of moving it onto the destination.
-        if (gsf_output_error(output.get()) == nullptr)
-            gsf_output_set_error(output.get(), 0, "%s", "The compound file could not be finished");
-        gsf_output_close(output.get());
-    }
-    // A sink whose move failed leaves the file.
-    if (temporaryFile)
-        temporaryFile->remove();
+bool MPPFormatWriter::Node::moveIntoPlace() {
+    const std::string wanted = destination->path();
+    if (!temporaryFile->moveTo(*destination, state->failureText))
+        return false;
+    if (destination->path() != wanted)
+        logLine("WARNING: '{}' has been taken meanwhile. The export stands at '{}'.", wanted, destination->path());
+    return true;
 }
 
 } // namespace brackwater

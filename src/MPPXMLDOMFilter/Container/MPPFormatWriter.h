@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/FileURL.h"
+#include "Platform/NumberedPath.h"
 
 #include <cstdint>
 #include <memory>
@@ -16,8 +17,10 @@ namespace brackwater {
 /// be open at a time: the library requires it. Virtual, so that tests can put a sink of their own in a writer's place.
 class MPPFormatWriter {
 public:
-    /// An unopened writer of a file.
-    explicit MPPFormatWriter(FileURL url);
+    /// An unopened writer of a file. Nothing that stands at the destination is ever replaced: the file then goes to the
+    /// next name that is free, and the destination, which must outlive the writer, tells it.
+    explicit MPPFormatWriter(NumberedPath& destination);
+    explicit MPPFormatWriter(const FileURL& url);
     /// A writer of a given node, taking a shared reference of it.
     explicit MPPFormatWriter(_GsfOutput* node);
     /// Closes the node.
@@ -32,7 +35,7 @@ public:
     /// A write of no bytes answers true.
     virtual bool writeBytes(std::span<const std::uint8_t> bytes);
     [[nodiscard]] virtual std::string getName() const;
-    /// Closes the node; on the root this finishes the file and moves it onto the destination. Idempotent: a second call
+    /// Closes the node; on the root this finishes the file and moves it to its destination. Idempotent: a second call
     /// repeats the first answer. A failed close is a failed export: a full disk shows here only.
     virtual bool close();
     /// The library's words for the last failure; empty without one.

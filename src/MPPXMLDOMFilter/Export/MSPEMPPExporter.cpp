@@ -8,10 +8,10 @@
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
 #include "Platform/Exception.h"
 #include "Platform/Log.h"
+#include "Platform/NumberedPath.h"
 #include "Platform/PathText.h"
 #include "Platform/TimeZone.h"
 
-#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -71,7 +71,9 @@ bool MSPEMPPExporter::exportZelbBundle(const std::optional<FileURL>& bundleUrl, 
         checkUrl(bundleUrl, kSourceCheck);
         checkUrl(mppUrl, kDestinationCheck);
         checkUrl(templateUrl, kTemplateCheck);
-        const bool success = exportCheckedBundle(*bundleUrl, uniquifiedUrl(*mppUrl), *templateUrl);
+        NumberedPath output(mppUrl->path());
+        output.findFree();
+        const bool success = exportCheckedBundle(*bundleUrl, output, *templateUrl);
         logLine("MSPEMPPExporter: Finished with success={}", success ? "YES" : "NO");
         return success;
     } catch (const Exception& exception) {
@@ -85,11 +87,11 @@ bool MSPEMPPExporter::exportZelbBundle(const std::optional<FileURL>& bundleUrl, 
     return false;
 }
 
-bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl) {
+bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, NumberedPath& output, const FileURL& templateUrl) {
     const SystemTimeZoneHold systemZone;
     logLine("MSPEXMLExporter: Exporting Tarnwick document bundle to MPP file...");
     logLine("Input:  '{}'", bundleUrl.path());
-    logLine("Output: '{}'", mppUrl.path());
+    logLine("Output: '{}'", output.path());
     begin(ExportPhase::Loading);
     MSPESourceDocuments documents = loadSourceDocuments(bundleUrl);
 
@@ -103,17 +105,17 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, const FileUR
         warnOfFailure(fmt::format("No scenario was mapped. {}", mapped.notMappedReason));
         return false;
     }
-    return writeMappedProject(*mapped.project, mppUrl, templateUrl);
+    return writeMappedProject(*mapped.project, output, templateUrl);
 }
 
-bool MSPEMPPExporter::writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl) {
+bool MSPEMPPExporter::writeMappedProject(MPPProject& project, NumberedPath& output, const FileURL& templateUrl) {
     logLine("Writing out exported MS Project document ...");
     begin(ExportPhase::Writing);
     logRecords(project);
     MPPWriteFailure failure;
     const MPPModelPass corrections = _mode == ExportMode::Corrected ? MPPModelPass(applyCorrections) : MPPModelPass();
     const bool written =
-        MPPProjectWriter::writeProject(&project, mppUrl, templateUrl, &failure, corrections, _progress);
+        MPPProjectWriter::writeProject(&project, output, templateUrl, &failure, corrections, _progress);
     _numberOfTasks = project.tasks.size();
     if (!written)
         warnOfFailure(fmt::format("Writing stopped at '{}': {}", failure.entryPath, failure.reason));
@@ -128,15 +130,6 @@ void MSPEMPPExporter::warnOfFailure(std::string text) {
 void MSPEMPPExporter::begin(ExportPhase phase) const {
     if (_progress != nullptr)
         _progress->advance(phase, 0, 0);
-}
-
-FileURL uniquifiedUrl(const FileURL& destination) {
-    const std::string extension = pathExtension(destination.path());
-    const std::string stem = stringByDeletingPathExtension(destination.path());
-    FileURL url = destination;
-    for (std::int64_t n = 1; kindOfPath(url.path()) != PathKind::Missing; ++n)
-        url = FileURL::fileURLWithPath(fmt::format("{}-{}.{}", stem, n, extension), false);
-    return url;
 }
 
 } // namespace brackwater

@@ -11,6 +11,7 @@
 
 namespace brackwater {
 
+class NumberedPath;
 struct MPPProject;
 
 inline constexpr std::string_view kTWMPPExporterException = "TWMPPExporterException";
@@ -33,8 +34,8 @@ public:
         : _info(std::move(info)), _mode(mode) {}
 
     /// True when the project was written. Lets no failure escape: each is logged and makes the result false. An
-    /// existing destination is not touched, "Plan.mpp" becomes "Plan-1.mpp". A write that stops leaves the output as
-    /// far as it got.
+    /// existing destination is not touched, "Plan.mpp" becomes "Plan-1.mpp", also where it comes meanwhile. A write
+    /// that stops leaves the output as far as it got.
     bool exportZelbBundle(const std::optional<FileURL>& bundleUrl, const std::optional<FileURL>& mppUrl,
                           const std::optional<FileURL>& templateUrl);
 
@@ -48,8 +49,8 @@ public:
     [[nodiscard]] const MSPEExportInfo& info() const noexcept { return _info; }
 
 private:
-    bool exportCheckedBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl);
-    bool writeMappedProject(MPPProject& project, const FileURL& mppUrl, const FileURL& templateUrl);
+    bool exportCheckedBundle(const FileURL& bundleUrl, NumberedPath& output, const FileURL& templateUrl);
+    bool writeMappedProject(MPPProject& project, NumberedPath& output, const FileURL& templateUrl);
     /// Logs why the file was not written, or not wholly.
     void warnOfFailure(std::string text);
     void begin(ExportPhase phase) const;
@@ -60,9 +61,5 @@ private:
     std::string _failureText;
     std::size_t _numberOfTasks = 0;
 };
-
-/// The first free name: the destination itself, or "STEM-1.EXTENSION", "STEM-2.EXTENSION" and so on. Test and later
-/// creation are not atomic.
-[[nodiscard]] FileURL uniquifiedUrl(const FileURL& destination);
 
 } // namespace brackwater

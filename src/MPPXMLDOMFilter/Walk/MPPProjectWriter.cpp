@@ -31,28 +31,28 @@ std::string reasonOfRefusal(const FileURL& templateUrl, int formatVersion) {
 }
 
 /// Opens the output, walks the template into it and closes it. A failed walk leaves the output as far as it got.
-bool writeEntriesToUrl(MPPProject* project, const MPPFormatReader& templateRoot, const FileURL& outputUrl,
-                       MPPWriteFailure& failure, ExportProgress* progress) {
-    MPPFormatWriter output(outputUrl);
-    if (!output.open()) {
-        failure = {outputUrl.path(), fmt::format("the output cannot be created: {}", output.failureText())};
+bool writeEntries(MPPProject* project, const MPPFormatReader& templateRoot, NumberedPath& output,
+                  MPPWriteFailure& failure, ExportProgress* progress) {
+    MPPFormatWriter root(output);
+    if (!root.open()) {
+        failure = {output.path(), fmt::format("the output cannot be created: {}", root.failureText())};
         return false;
     }
-    const bool written = TemplateWalk(project, failure, progress).writeEntries(templateRoot, output);
-    const bool closed = output.close();
+    const bool written = TemplateWalk(project, failure, progress).writeEntries(templateRoot, root);
+    const bool closed = root.close();
     if (written && !closed)
-        failure = {outputUrl.path(), fmt::format("the output cannot be finished: {}", output.failureText())};
+        failure = {output.path(), fmt::format("the output cannot be finished: {}", root.failureText())};
     return written && closed;
 }
 
 /// The write between its two log lines.
-bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const FileURL& outputUrl,
-                        MPPWriteFailure& failure, ExportProgress* progress) {
+bool writeTemplate(MPPProject* project, const FileURL& templateUrl, NumberedPath& output, MPPWriteFailure& failure,
+                   ExportProgress* progress) {
     logLine("writeProject started\n");
     MPPFormatReader templateRoot(templateUrl);
     bool written = false;
     if (templateRoot.open())
-        written = writeEntriesToUrl(project, templateRoot, outputUrl, failure, progress);
+        written = writeEntries(project, templateRoot, output, failure, progress);
     else
         failure.reason = "the template cannot be opened";
     logLine("writeProject finished\n");
@@ -62,6 +62,13 @@ bool writeTemplateToUrl(MPPProject* project, const FileURL& templateUrl, const F
 } // namespace
 
 bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
+                                    MPPWriteFailure* failure, const MPPModelPass& beforeWriting,
+                                    ExportProgress* progress) {
+    NumberedPath output(outputUrl.path());
+    return writeProject(project, output, templateUrl, failure, beforeWriting, progress);
+}
+
+bool MPPProjectWriter::writeProject(MPPProject* project, NumberedPath& output, const FileURL& templateUrl,
                                     MPPWriteFailure* failure, const MPPModelPass& beforeWriting,
                                     ExportProgress* progress) {
     MPPWriteFailure found;
@@ -74,7 +81,7 @@ bool MPPProjectWriter::writeProject(MPPProject* project, const FileURL& outputUr
             if (beforeWriting)
                 beforeWriting(*project);
         }
-        written = writeTemplateToUrl(project, templateUrl, outputUrl, found, progress);
+        written = writeTemplate(project, templateUrl, output, found, progress);
     }
     if (!written && failure != nullptr) {
         if (found.entryPath.empty())

@@ -22,8 +22,11 @@ using MPPModelPass = std::function<void(MPPProject&)>;
 /// The walk: takes a template's tree entry by entry and has each entry written anew or copied.
 class MPPProjectWriter {
 public:
-    /// True when the whole file was written. On false `failure` (may be null) tells where and why, and the output
-    /// stands as far as it got. `progress` may be null.
+    /// True when the whole file was written; `output` then tells where it stands. On false `failure` (may be null)
+    /// tells where and why, and the output stands as far as it got. `progress` may be null.
+    static bool writeProject(MPPProject* project, NumberedPath& output, const FileURL& templateUrl,
+                             MPPWriteFailure* failure = nullptr, const MPPModelPass& beforeWriting = {},
+                             ExportProgress* progress = nullptr);
     static bool writeProject(MPPProject* project, const FileURL& outputUrl, const FileURL& templateUrl,
                              MPPWriteFailure* failure = nullptr, const MPPModelPass& beforeWriting = {},
                              ExportProgress* progress = nullptr);

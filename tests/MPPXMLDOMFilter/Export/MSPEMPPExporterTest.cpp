@@ -82,14 +82,6 @@ TEST_F(Exporter, FailureOfLoadingEndsInTheHandler) {
     EXPECT_FALSE(_folder.has("Out.mpp"));
 }
 
-TEST_F(Exporter, UniqueNamesKeepTheExtensionAsWritten) {
-    const std::string upper = _folder.write("a.b.MPP", "");
-    EXPECT_EQ(uniquifiedUrl(fileUrl(upper)).path(), _folder.path("a.b-1.MPP"));
-    _folder.makeFolder("a.b-1.MPP");
-    EXPECT_EQ(uniquifiedUrl(fileUrl(upper)).path(), _folder.path("a.b-2.MPP"));
-    EXPECT_EQ(uniquifiedUrl(fileUrl(_folder.path("free.mpp"))).path(), _folder.path("free.mpp"));
-}
-
 TEST_F(Exporter, SaysWhyNoScenarioWasMapped) {
     test::TableOfContents contents;
     contents.windows = {{"s7"}};

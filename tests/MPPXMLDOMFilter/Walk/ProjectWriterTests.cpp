@@ -52,8 +52,8 @@ TEST_F(ProjectWriter, UnknownEntriesComeOutAsTheyWere) {
 TEST_F(ProjectWriter, OutputOfAnOutputIsTheSameFile) {
     ASSERT_TRUE(write(kCopied));
     const Bytes first = readFile(_output);
-    ASSERT_TRUE(write(first, _output));
-    EXPECT_EQ(readFile(_output), first);
+    ASSERT_TRUE(write(first, _folder.path("Second.mpp")));
+    EXPECT_EQ(readFile(_folder.path("Second.mpp")), first);
 }
 
 TEST_F(ProjectWriter, OtherFormatVersionsAreRefusedWithoutAWord) {
@@ -119,6 +119,7 @@ TEST_F(ProjectWriter, DamagedTemplatesEndInAnAnswer) {
         for (int flips = round % 5; flips > 0 && !damaged.empty(); --flips)
             damaged[damaged.size() - 1 - random() % std::min<std::size_t>(damaged.size(), 4096)] =
                 static_cast<std::uint8_t>(random() % 256);
+        std::filesystem::remove(_output);
         const bool written = write(damaged, _output);
         EXPECT_EQ(written, _failure.reason.empty());
     }

@@ -1,7 +1,8 @@
-// Loaded in front of the system's libraries (LD_PRELOAD): one call that the compound-file library makes for its output
-// file fails, or is followed by a signal.
+// Loaded in front of the system's libraries (LD_PRELOAD): a call that is made for the output's file fails, or is
+// followed by a signal.
 //   BRACKWATER_FAULT=CALL:COUNT:ERROR     the call of this name, counted from 0, fails with this error number
 //   BRACKWATER_FAULT=CALL:COUNT:-SIGNAL   after the call the process gets this signal
+//   BRACKWATER_FAULT=FAULT,FAULT          both
 //   BRACKWATER_FAULT_MARK=FILE            is made when that happened
 #include <cerrno>
 #include <csignal>
@@ -15,7 +16,7 @@
 
 namespace {
 
-// The library's temporary file and the stream that writes into it. Other files of the process, such as the counters of
+// The temporary file and the stream that writes into it. Other files of the process, such as the counters of
 // a coverage run, are left alone.
 int temporaryFile = -1;
 std::FILE* sink = nullptr;
@@ -23,9 +24,7 @@ bool sinkIsInError = false;
 
 class Fault {
 public:
-    // Takes the fault apart once.
-    Fault() {
-        const char* text = std::getenv("BRACKWATER_FAULT");
+    explicit Fault(const char* text) {
         if (text == nullptr || std::sscanf(text, "%31[^:]:%d:%d", _call, &_count, &_effect) != 3)
             _call[0] = '\0';
     }
@@ -48,22 +47,29 @@ private:
     int _effect = 0;
 };
 
-Fault& fault() {
-    static Fault only;
-    return only;
+// The fault that is due now; null without one.
+Fault* metFault(const char* call) {
+    static const char* const text = std::getenv("BRACKWATER_FAULT");
+    static const char* const comma = text == nullptr ? nullptr : std::strchr(text, ',');
+    static Fault faults[] = {Fault(text), Fault(comma == nullptr ? nullptr : comma + 1)};
+    for (Fault& fault : faults)
+        if (fault.meets(call))
+            return &fault;
+    return nullptr;
 }
 
 // Makes the call, or has it fail with `failed`.
 template <typename Result, typename Call>
 Result perform(const char* name, Result failed, Call call) {
-    if (!fault().meets(name))
+    const Fault* fault = metFault(name);
+    if (fault == nullptr)
         return call();
-    if (!fault().isSignal()) {
-        errno = fault().error();
+    if (!fault->isSignal()) {
+        errno = fault->error();
         return failed;
     }
     const Result result = call();
-    fault().sendSignal();
+    fault->sendSignal();
     return result;
 }
 
@@ -79,9 +85,9 @@ Function next(const char* name) {
 
 extern "C" {
 
-int g_mkstemp(char* path) {
-    static const auto real = next<int (*)(char*)>("g_mkstemp");
-    temporaryFile = perform("g_mkstemp", -1, [&] { return real(path); });
+int g_mkstemp_full(char* path, int flags, int mode) {
+    static const auto real = next<int (*)(char*, int, int)>("g_mkstemp_full");
+    temporaryFile = perform("g_mkstemp_full", -1, [&] { return real(path, flags, mode); });
     return temporaryFile;
 }
 
@@ -125,10 +131,18 @@ int fclose(FILE* stream) {
     return perform("fclose", -1, [&] { return result; });
 }
 
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+    static const auto real = next<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
+    return perform("renameat2", -1, [&] { return real(fromFolder, from, toFolder, to, flags); });
+}
+
+int link(const char* from, const char* to) {
+    static const auto real = next<int (*)(const char*, const char*)>("link");
+    return perform("link", -1, [&] { return real(from, to); });
+}
+
 int rename(const char* from, const char* to) {
     static const auto real = next<int (*)(const char*, const char*)>("rename");
-    if (std::strstr(from, ".gsf-save-") == nullptr)
-        return real(from, to);
     return perform("rename", -1, [&] { return real(from, to); });
 }
 
