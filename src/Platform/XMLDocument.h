@@ -16,12 +16,12 @@ class Tree;
 
 /// An XML document in memory, and the owner of all its nodes.
 ///
-/// The source is not trusted: no network, no entity is expanded, no external part is read, libxml2's limits on depth
-/// and text length stay on; a document that declares entities is refused, a DOCTYPE line without declarations is read
-/// over; default values of attributes, which a short text can multiply without bound, are refused as well. A document
-/// that is not well-formed is repaired, each repair logged as a line "WARNING: ..." that names file, line and fault;
-/// one that is empty, has no root, ends too early (elements still open) or goes on with markup behind its root is
-/// refused. Line ends and indents between elements are not part of the tree.
+/// The source is not trusted: no network, no external part is read, libxml2's limits on depth and text length stay on.
+/// A DOCTYPE line is read over; one that holds declarations, of entities for instance, is refused, and so is a start
+/// tag with more attributes than any document has. A document that is not well-formed is repaired: the first repairs
+/// are logged, a line "WARNING: ..." each that names file, line and fault, the rest is counted. One that is empty, has
+/// no root, ends too early (elements still open) or goes on with markup behind its root is refused. Line ends and
+/// indents between elements are not part of the tree.
 class XMLDocument {
 public:
     /// Reads a file. Nothing where it gives no document; `reason` (may be null) then tells why.

@@ -6,11 +6,16 @@
 
 #include <fmt/format.h>
 #include <glib.h>
+#include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
+#include <libxml/xmlmemory.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <span>
@@ -24,6 +29,10 @@ namespace {
 // No entity is replaced, no DTD loaded and nothing fetched; the library's limits stay on. CDATA becomes plain text.
 constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_RECOVER | XML_PARSE_NOCDATA | XML_PARSE_NOBLANKS |
                          XML_PARSE_COMPACT | XML_PARSE_BIG_LINES;
+
+constexpr std::size_t kMostAttributes = 1000;
+constexpr std::size_t kMostNamespaces = 500;
+constexpr std::size_t kMostFaultsLogged = 100;
 
 struct FreeContext {
     void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
@@ -60,16 +69,14 @@ public:
         return _context != nullptr && _context->charset == XML_CHAR_ENCODING_8859_1 && !isConverted();
     }
     [[nodiscard]] std::size_t faults() const { return _faults; }
+    /// What the library gets memory anew with; to be set before anything else of it is used.
+    static void* reallocate(void* block, std::size_t size);
 
 private:
     static Reading& of(void* context) { return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(context)->_private); }
 
-    /// What stands in the internal subset is no part of the tree.
-    void addNode(Kind kind, std::string_view text) {
-        if (_context->inSubset == 0)
-            _builder->addNode(kind, text);
-    }
     void refuseLongText();
+    [[nodiscard]] bool isTableBeyondBounds(const void* table, std::size_t size);
     bool openContext();
     void setCallbacks();
     void refuse(std::string_view why);
@@ -101,21 +108,23 @@ private:
     }
     static void onText(void* context, const xmlChar* text, int length);
     static void onBlanks(void* context, const xmlChar* blanks, int length);
-    static void onComment(void* context, const xmlChar* text) { of(context).addNode(Kind::Comment, view(text)); }
+    static void onComment(void* context, const xmlChar* text) {
+        of(context)._builder->addNode(Kind::Comment, view(text));
+    }
     static void onInstruction(void* context, const xmlChar* target, const xmlChar* content);
-    static void onReference(void* context, const xmlChar* name) { of(context).addNode(Kind::Reference, view(name)); }
-    static void onEntity(void* context, const xmlChar*, int, const xmlChar*, const xmlChar*, xmlChar*) {
-        of(context).refuse("it declares entities");
+    static void onReference(void* context, const xmlChar* name) {
+        of(context)._builder->addNode(Kind::Reference, view(name));
     }
-    static void onUnparsedEntity(void* context, const xmlChar*, const xmlChar*, const xmlChar*, const xmlChar*) {
-        of(context).refuse("it declares entities");
-    }
-    static void onAttributeDeclaration(void* context, const xmlChar*, const xmlChar*, int, int,
-                                       const xmlChar* defaultValue, xmlEnumeration* values) {
-        xmlFreeEnumeration(values);
-        if (defaultValue != nullptr)
-            of(context).refuse("it declares default values of attributes");
-    }
+    static void onDoctype(void* context, const xmlChar* name, const xmlChar* externalId, const xmlChar* systemId);
+
+    /// The library's allocations do not tell for whom they are.
+    static constinit Reading* present;
+    struct Presence {
+        explicit Presence(Reading* reading) { present = reading; }
+        ~Presence() { present = nullptr; }
+        Presence(const Presence&) = delete;
+        Presence& operator=(const Presence&) = delete;
+    };
 
     std::string_view _name;
     std::size_t _loggedBefore;
@@ -128,6 +137,8 @@ private:
     std::string _lastFault;
 };
 
+constinit Reading* Reading::present = nullptr;
+
 std::unique_ptr<Tree> Reading::read(XMLSource& source, std::string& reason) {
     _source = &source;
     if (source.remaining() == 0) {
@@ -138,7 +149,10 @@ std::unique_ptr<Tree> Reading::read(XMLSource& source, std::string& reason) {
         reason = fmt::format("'{}' could not be read: there is not enough memory for it", _name);
         return nullptr;
     }
-    xmlParseDocument(_context.get());
+    {
+        const Presence presence(this);
+        xmlParseDocument(_context.get());
+    }
     xmlFreeDoc(_context->myDoc); // of which only the names are in use
     _context->myDoc = nullptr;
     std::unique_ptr<Tree> tree = _builder->takeTree();
@@ -170,11 +184,7 @@ void Reading::setCallbacks() {
     callbacks.comment = onComment;
     callbacks.processingInstruction = onInstruction;
     callbacks.reference = onReference;
-    callbacks.entityDecl = onEntity;
-    callbacks.unparsedEntityDecl = onUnparsedEntity;
-    callbacks.attributeDecl = onAttributeDeclaration;
-    callbacks.elementDecl = nullptr;
-    callbacks.notationDecl = nullptr;
+    callbacks.internalSubset = onDoctype;
     callbacks.externalSubset = nullptr;
 }
 
@@ -218,7 +228,35 @@ void Reading::onInstruction(void* context, const xmlChar* target, const xmlChar*
     std::string text(view(target));
     if (content != nullptr)
         text.append(" ").append(view(content));
-    of(context).addNode(Kind::Instruction, text);
+    of(context)._builder->addNode(Kind::Instruction, text);
+}
+
+// The declarations that may follow are refused before the library reads them.
+void Reading::onDoctype(void* context, const xmlChar* name, const xmlChar* externalId, const xmlChar* systemId) {
+    if (*static_cast<xmlParserCtxt*>(context)->input->cur == '[')
+        of(context).refuse("its DOCTYPE holds declarations");
+    else
+        xmlSAX2InternalSubset(context, name, externalId, systemId);
+}
+
+// The library compares each attribute of a start tag with all before it, and each declaration of a namespace with all
+// that are in force. It keeps both in tables. Where they outgrow any document they get no more memory, which ends the
+// parsing.
+bool Reading::isTableBeyondBounds(const void* table, std::size_t size) {
+    constexpr std::size_t attribute = 5 * sizeof(void*), declaration = 2 * sizeof(void*);
+    if (_context == nullptr || table == nullptr)
+        return false;
+    if (table == _context->atts && size > kMostAttributes * attribute)
+        _refusal = "a start tag has too many attributes";
+    else if (table == _context->nsTab && size > kMostNamespaces * declaration)
+        _refusal = "too many namespaces are declared";
+    return !_refusal.empty();
+}
+
+void* Reading::reallocate(void* block, std::size_t size) {
+    if (present != nullptr && present->isTableBeyondBounds(block, size))
+        return nullptr;
+    return std::realloc(block, size); // NOLINT(*-no-malloc, *-owning-memory): memory of the library's own
 }
 
 void Reading::refuseLongText() {
@@ -252,7 +290,7 @@ void Reading::report(const xmlError& fault) {
     _lastFault = fmt::format("line {}: {}", fault.line, oneLine(fault.message));
     if (fault.level == XML_ERR_FATAL && isAtEnd())
         _endsTooEarly = true;
-    if (++_faults > _loggedBefore)
+    if (++_faults > _loggedBefore && _faults <= kMostFaultsLogged)
         logLine("WARNING: '{}', {}", _name, _lastFault);
 }
 
@@ -317,6 +355,11 @@ std::string withForeignBytesConverted(std::string_view text) {
     return repaired;
 }
 
+void tellFaultsNotLogged(std::string_view name, std::size_t faults) {
+    if (faults > kMostFaultsLogged)
+        logLine("WARNING: '{}' has {} more faults.", name, faults - kMostFaultsLogged);
+}
+
 void tellNothing(void*, xmlError*) {}
 
 // The library's type of function. NOLINTNEXTLINE(cert-dcl50-cpp)
@@ -337,8 +380,10 @@ std::unique_ptr<Tree> parseXML(XMLSource& source, std::string_view name, std::st
         return refused();
     Reading reading(name);
     std::unique_ptr<Tree> tree = reading.read(source, reason);
-    if (!reading.metForeignBytes())
+    if (!reading.metForeignBytes()) {
+        tellFaultsNotLogged(name, reading.faults());
         return tree;
+    }
 
     tree.reset();
     if (!source.open(fault))
@@ -351,11 +396,15 @@ std::unique_ptr<Tree> parseXML(XMLSource& source, std::string_view name, std::st
     const auto repaired = XMLSource::ofText(text);
     if (!repaired->open(fault))
         return refused();
-    return Reading(name, reading.faults()).read(*repaired, reason);
+    Reading second(name, reading.faults());
+    tree = second.read(*repaired, reason);
+    tellFaultsNotLogged(name, std::max(reading.faults(), second.faults()));
+    return tree;
 }
 
 void prepareXMLLibrary() {
     [[maybe_unused]] static const bool ready = [] {
+        xmlMemSetup(std::free, std::malloc, Reading::reallocate, strdup);
         xmlInitParser();
         xmlSetExternalEntityLoader(loadNothing);
         xmlSetGenericErrorFunc(nullptr, printNothing);

@@ -1,5 +1,6 @@
 #include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
 
+#include "MPPXMLDOMFilter/Streams/StreamParts.h"
 #include "Platform/Exception.h"
 #include "Platform/Log.h"
 #include "Platform/XMLDescription.h"
@@ -7,6 +8,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace brackwater {
@@ -14,6 +17,7 @@ namespace brackwater {
 namespace {
 
 constexpr std::string_view kTableOfContentsName = "__TOC.xml";
+constexpr std::ptrdiff_t kMostBaselines = 11; // the first and ten more
 
 /// `fault` names the file and what is wrong with it.
 [[noreturn]] void raiseLoadFailure(std::string fault) {
@@ -54,12 +58,34 @@ std::optional<std::string> pathInsideBundle(std::string_view filename) {
     return fmt::format("{}", fmt::join(components, "/"));
 }
 
-std::shared_ptr<XMLDocument> newXmlDocOfScenario(XMLElement scenario, const FileURL& bundleUrl) {
-    const std::string filename = scenario.attributeForName("filename").value_or("");
-    const auto path = pathInsideBundle(filename);
-    if (!path)
-        raiseLoadFailure(fmt::format("'{}' does not lie inside the bundle", filename));
-    return newXmlDocFromUrl(bundleUrl.urlByAppendingPathComponent(*path));
+/// The scenarios' documents of one bundle. A file is read once, however many scenarios name it.
+class ScenarioFiles {
+public:
+    explicit ScenarioFiles(const FileURL& bundleUrl) : _bundleUrl(bundleUrl) {}
+
+    std::shared_ptr<XMLDocument> documentOf(XMLElement scenario) {
+        const std::string filename = scenario.attributeForName("filename").value_or("");
+        const auto path = pathInsideBundle(filename);
+        if (!path)
+            raiseLoadFailure(fmt::format("'{}' does not lie inside the bundle", filename));
+        std::shared_ptr<XMLDocument>& document = _documents[*path];
+        if (!document)
+            document = newXmlDocFromUrl(_bundleUrl.urlByAppendingPathComponent(*path));
+        return document;
+    }
+
+private:
+    const FileURL& _bundleUrl;
+    std::unordered_map<std::string, std::shared_ptr<XMLDocument>> _documents;
+};
+
+/// Fails before any of them is loaded.
+void checkNumberOfBaselines(const std::vector<XMLElement>& scenarios, const std::optional<std::string>& id) {
+    const auto count = std::count_if(scenarios.begin(), scenarios.end(),
+                                     [&](XMLElement scenario) { return id && scenario.attributeForName("id") == id; });
+    if (count > kMostBaselines)
+        throw Exception(kTooManyBaselinesException, "Limit for 10 baselines exceeded",
+                        fmt::format("The table of contents names {} baselines.", count));
 }
 
 XMLElement projectOf(XMLElement root) {
@@ -89,12 +115,16 @@ MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl) {
     documents.editingScenarioId = stringValueForXQuery(window, XMLQuery("editing-scenario"));
     const auto comparisonId = stringValueForXQuery(window, XMLQuery("comparison-scenario"));
 
-    for (const XMLElement scenario : project.objectsForXQuery(XMLQuery("scenario"))) {
+    const auto scenarios = project.objectsForXQuery(XMLQuery("scenario"));
+    if (comparisonId != documents.editingScenarioId)
+        checkNumberOfBaselines(scenarios, comparisonId);
+    ScenarioFiles files(bundleUrl);
+    for (const XMLElement scenario : scenarios) {
         const auto id = scenario.attributeForName("id");
         if (id && id == documents.editingScenarioId) {
-            documents.mainDocument = newXmlDocOfScenario(scenario, bundleUrl);
+            documents.mainDocument = files.documentOf(scenario);
         } else if (id && id == comparisonId) {
-            documents.baselines.push_back(newXmlDocOfScenario(scenario, bundleUrl));
+            documents.baselines.push_back(files.documentOf(scenario));
         } else {
             logLine("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in the "
                     "front Tarnwick document window.",

@@ -114,6 +114,27 @@ TEST_F(DocumentLoader, TableOfContentsNeedsProjectAndWindow) {
                           [&] { (void)load(contents); });
 }
 
+TEST_F(DocumentLoader, FileIsReadOnceHoweverOftenItIsNamed) {
+    TableOfContents contents;
+    contents.scenarios.assign(11, {"s2", "./old.xml", "Signed"});
+    contents.scenarios.push_back({"s1", "old.xml", "Actual"});
+    contents.windows = {{"s1", "s2"}};
+    writeScenario("old.xml");
+    const MSPESourceDocuments documents = load(contents);
+    ASSERT_EQ(documents.baselines.size(), 11U);
+    EXPECT_THAT(documents.baselines, testing::Each(documents.mainDocument));
+}
+
+TEST_F(DocumentLoader, MoreBaselinesThanAFileHoldsFailBeforeOneIsLoaded) {
+    TableOfContents contents;
+    contents.scenarios.assign(12, {"s2", "never written", "Signed"});
+    contents.windows = {{"s1", "s2"}};
+    test::expectException("TooManyBaselinesException", "Limit for 10 baselines exceeded",
+                          [&] { (void)load(contents); });
+    contents.windows = {{"s2", "s2"}};
+    expectLoadFailure(contents);
+}
+
 TEST_F(DocumentLoader, FileNamesStayInsideTheBundle) {
     _folder.write("outside.xml", test::scenarioText("outside"));
     const std::string absolute = _folder.write("Plan.zelb/absolute.xml", test::scenarioText("absolute"));
