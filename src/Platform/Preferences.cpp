@@ -1,19 +1,20 @@
 #include "Platform/Preferences.h"
 
 #include "Platform/PathText.h"
+#include "Platform/TextFile.h"
 #include "Platform/TextReadings.h"
 
 #include <glib.h>
 
 #include <cstdlib>
 #include <memory>
-#include <sys/stat.h>
 
 namespace brackwater {
 
 namespace {
 
 constexpr const char* kGroup = "Preferences";
+constexpr std::size_t kLongestFile = std::size_t{1} << 20;
 
 // Looked up at each call, so that a changed environment counts.
 std::string configurationFolder() {
@@ -23,21 +24,16 @@ std::string configurationFolder() {
     return homeFolder() + "/.config";
 }
 
-// A pipe or device in the file's place is not opened: reading it might never end.
-bool isRegularFile(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
 } // namespace
 
 Preferences::Preferences(std::string_view domain) : _path(pathOfDomain(domain)) {}
 
 bool Preferences::boolForKey(const std::string& key) const {
-    if (!isRegularFile(_path))
+    const auto text = bytesOfFile(_path, kLongestFile, FileKinds::Regular);
+    if (!text)
         return false;
     const std::unique_ptr<GKeyFile, decltype(&g_key_file_free)> file(g_key_file_new(), &g_key_file_free);
-    if (g_key_file_load_from_file(file.get(), _path.c_str(), G_KEY_FILE_NONE, nullptr) == FALSE)
+    if (g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == FALSE)
         return false;
     const std::unique_ptr<char, decltype(&g_free)> value(g_key_file_get_value(file.get(), kGroup, key.c_str(), nullptr),
                                                          &g_free);

@@ -6,7 +6,8 @@
 namespace brackwater {
 
 /// The persistent preferences of one domain: a key file "DOMAIN.conf" in the user's configuration folder, group
-/// "[Preferences]". A missing or unreadable file, a missing group or key read as false.
+/// "[Preferences]". A missing or unreadable file, one that is no regular file or larger than 1 MiB, a missing group or
+/// key read as false.
 class Preferences {
 public:
     explicit Preferences(std::string_view domain);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,8 +8,17 @@
 
 namespace brackwater {
 
+enum class FileKinds {
+    Regular,
+    Any ///< pipes and devices too; a named pipe that nobody opens for writing within some seconds is given up
+};
+
+/// The bytes of a file, at most so many. Nothing where it cannot be read, holds more, or is of another kind; folders
+/// are of none.
+[[nodiscard]] std::optional<std::string> bytesOfFile(const std::string& path, std::size_t most, FileKinds kinds);
+
 /// The whole of a text file in UTF-8, without a byte order mark at its start. Nothing where the file cannot be read, is
-/// a folder, or is not valid UTF-8.
+/// a folder, holds more than 128 MiB, or is not valid UTF-8. A pipe will do.
 [[nodiscard]] std::optional<std::string> stringWithContentsOfFile(const std::string& path);
 
 /// The pieces between newline characters: line feed, vertical tab, form feed, carriage return, next line (U+0085), line

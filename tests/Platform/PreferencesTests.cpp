@@ -39,6 +39,8 @@ TEST_F(PreferencesTest, WhatCannotBeReadIsFalse) {
     EXPECT_FALSE(read("A")) << "no group";
     write("[Preferences]\nno key file\nA=1\n");
     EXPECT_FALSE(read("A")) << "not a key file";
+    write("[Preferences]\nA=1\n" + std::string(std::size_t{1} << 20, '#'));
+    EXPECT_FALSE(read("A")) << "too large";
     const std::string path = Preferences::pathOfDomain(kDomain);
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);

@@ -5,8 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <fstream>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
+#include <thread>
 
 namespace brackwater {
 namespace {
@@ -49,6 +53,26 @@ TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
     EXPECT_EQ(stringWithContentsOfFile(write(zeros)), zeros);
     const std::string large(200'000, 'x');
     EXPECT_EQ(stringWithContentsOfFile(write(large)), large);
+}
+
+TEST_F(TextFile, MayBeAPipeOrADeviceButNotForEver) {
+    const std::string pipe = _folder.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(stringWithContentsOfFile(pipe), std::nullopt) << "nobody writes";
+    std::thread writer([&] {
+        std::ofstream file(pipe);
+        file << "a";
+        file.flush();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        file << "b";
+    });
+    EXPECT_EQ(stringWithContentsOfFile(pipe), "ab");
+    writer.join();
+    EXPECT_EQ(bytesOfFile("/dev/zero", 1000, FileKinds::Any), std::nullopt);
+    EXPECT_EQ(bytesOfFile("/dev/null", 1000, FileKinds::Any), "");
+    EXPECT_EQ(bytesOfFile("/dev/null", 1000, FileKinds::Regular), std::nullopt);
+    EXPECT_EQ(bytesOfFile(write("four"), 3, FileKinds::Any), std::nullopt);
+    EXPECT_EQ(bytesOfFile(write("four"), 4, FileKinds::Regular), "four");
 }
 
 TEST_F(TextFile, GivesNothingWhereTheTextCannotBeRead) {
