@@ -1,6 +1,7 @@
 # One place for what every target of the project shares: language, warnings, sanitizers, and the three kinds of
 # target (a library a folder, a tool, a test program a folder).
 
+include(CheckCXXCompilerFlag)
 find_package(PkgConfig REQUIRED)
 # Earlier builds of libgsf 1.14.50 have known overflows in the compound-file reader; Debian's +deb12u1 mends them.
 pkg_check_modules(GSF REQUIRED IMPORTED_TARGET libgsf-1>=1.14.50)
@@ -34,10 +35,18 @@ if(BRACKWATER_COVERAGE)
   target_link_options(brackwater_settings INTERFACE --coverage)
 endif()
 if(BRACKWATER_HARDENING)
-  # For programs that read other people's files. The fortified functions need an optimized build.
+  # For programs that read other people's files. The fortified functions need an optimized build; level 3 also checks
+  # buffers whose size is known only as the program runs.
+  set(fortify_level 3)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 12)
+    set(fortify_level 2)
+  endif()
+  set(CMAKE_EXPORT_COMPILE_COMMANDS ON) # for the test of these options
+  check_cxx_compiler_flag(-fcf-protection=full BRACKWATER_HAS_CF_PROTECTION)
   target_compile_options(brackwater_settings INTERFACE -fstack-protector-strong -fstack-clash-protection
-                         -D_FORTIFY_SOURCE=2 -fPIE
-                         -D_GLIBCXX_ASSERTIONS)
+                         -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=${fortify_level} -fPIE
+                         -D_GLIBCXX_ASSERTIONS
+                         $<$<BOOL:${BRACKWATER_HAS_CF_PROTECTION}>:-fcf-protection=full>)
   target_link_options(brackwater_settings INTERFACE -pie -Wl,-z,relro,-z,now)
 endif()
 
