@@ -2,152 +2,233 @@
 
 #include "GanttStyle.h"
 #include "Html.h"
+#include "TextOutput.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace brackwater::inspect {
 
 namespace {
 
-// Offsets from the top of a line.
-constexpr double kBarTop = 4, kBarHeight = 10, kMiddle = 9, kSummaryTop = 5, kBaselineTop = 16, kBaselineHeight = 3;
-constexpr double kMilestone = 6; ///< half a diamond
-constexpr double kLeastWidth = 2, kLeastBaseline = 5, kStub = 6;
+constexpr double kLeastStripe = 3;     ///< pixels: narrower ones would only be a haze
+constexpr double kLeastBar = 2.5;      ///< pixels
+constexpr int kLeastBaseline = 5;      ///< pixels
+constexpr int kTurn = 24;              ///< pixels beside a bar in which a link turns
+constexpr double kLabelRoom = 22;      ///< per cent beside a bar that its label needs
+constexpr std::size_t kLabelSize = 26; ///< characters
+constexpr double kDonePercent = 100;
+constexpr double kLeastDone = 1e-6; ///< per cent of the width: less is left over by rounding
 
-double topOf(std::size_t position, std::size_t first) {
-    return (static_cast<double>(position) - static_cast<double>(first)) * kRowHeight;
+template <typename... Args>
+void append(std::string& out, fmt::format_string<Args...> text, Args&&... args) {
+    fmt::format_to(std::back_inserter(out), text, std::forward<Args>(args)...);
 }
 
-std::string rect(std::string_view kind, double x, double y, double width, double height, std::string_view more = {}) {
-    return fmt::format("<rect class=\"{}\" x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\"{}/>", kind, px(x), px(y),
-                       px(width), px(height), more);
-}
+bool isVisible(double left, double right) { return right >= 0 && left <= 100; }
 
-std::string diamond(double x, double y) {
-    return fmt::format("<path class=\"mile\" d=\"M{} {}l{} {} {} {} {} {}z\"/>", px(x), px(y - kMilestone),
-                       px(kMilestone), px(kMilestone), px(-kMilestone), px(kMilestone), px(-kMilestone),
-                       px(-kMilestone));
+/// The beginning of a long text, with dots behind it.
+std::string shortened(std::string_view text, std::size_t most) {
+    std::size_t size = 0;
+    for (std::size_t count = 0; size < text.size(); ++count) {
+        if (count == most)
+            return std::string(text.substr(0, size)) + "…";
+        size += std::max<std::size_t>(characterSize(text.substr(size)), 1);
+    }
+    return std::string(text);
 }
-
-// A bar with points that hang down at both ends.
-std::string bracket(double left, double right, double top) {
-    const double point = std::min(5.0, (right - left) / 2);
-    return fmt::format("<path class=\"sum\" d=\"M{} {}H{}v10l{} -5H{}l{} 5z\"/>", px(left), px(top), px(right),
-                       px(-point), px(left + point), px(-point));
-}
-
-bool endsAtFinish(std::uint16_t type) { return type == 0 || type == 2; }
-bool beginsAtFinish(std::uint16_t type) { return type == 0 || type == 1; }
 
 } // namespace
 
-void GanttChart::appendDefinitions(std::string& out, const std::vector<DaySpan>& freeDays) const {
-    constexpr double least = 1.2; // narrower stripes would only be a haze
-    out += "<g id=\"free\">";
+void GanttChart::appendDefinitions(std::string& out) {
+    GanttLinks::appendDefinitions(out);
+    append(out, "<path id=\"m\" d=\"M0 {0}l{1} {1} -{1} {1} -{1} -{1}z\"/>", kMiddle - kDiamond, kDiamond);
+    append(out, "<path id=\"e\" d=\"M0 {0}h5l-5 5z\"/><path id=\"f\" d=\"M0 {0}h-5l5 5z\"/>",
+           kSummaryTop + kSummaryHeight);
+    append(out, "<rect id=\"z\" x=\"-2\" y=\"{}\" width=\"{}\" height=\"{}\"/>", kBaselineTop, kLeastBaseline,
+           kBaselineHeight);
+    out += "<path id=\"v\" d=\"M-4 1h8l-4 6z\"/>";
+}
+
+bool GanttChart::isOnAxis(std::optional<std::uint16_t> day) const {
+    return day && *day >= _scale.days().first && *day <= _scale.days().last;
+}
+
+void GanttChart::appendAxis(std::string& out, std::string_view kind, double width,
+                            std::optional<std::uint16_t> today) const {
+    const TimeScale::Axis axis = _scale.axis(width);
+    append(out, "<svg class=\"axis {}\" aria-hidden=\"true\">", kind);
+    const auto line = [&out](const TimeScale::Cell& cell, int top) {
+        if (cell.left > 0)
+            append(out, "<rect x=\"{}%\" y=\"{}\" width=\"1\" height=\"20\"/>", share(cell.left), top);
+    };
+    for (const TimeScale::Cell& cell : axis.upper) {
+        line(cell, 0);
+        if (!cell.label.empty())
+            append(out, "<text class=\"up\" x=\"{}%\" dx=\"5\" y=\"15\">{}</text>", share(cell.left), cell.label);
+    }
+    append(out, "<rect y=\"20\" width=\"100%\" height=\"1\"/>");
+    for (const TimeScale::Cell& cell : axis.lower) {
+        line(cell, 20);
+        if (!cell.label.empty())
+            append(out, "<text x=\"{}%\" y=\"32\">{}</text>", share((cell.left + cell.right) / 2), cell.label);
+    }
+    if (isOnAxis(today))
+        append(out, "<rect class=\"now\" x=\"{}%\" y=\"33\" width=\"2\" height=\"7\"/>", share(_scale.atDay(*today)));
+    out += "</svg>";
+}
+
+void GanttChart::appendBackground(std::string& out, const std::vector<DaySpan>& freeDays,
+                                  std::optional<std::uint16_t> today) const {
+    out += "<div class=\"back\">";
+    for (const Stripe& stripe : stripes(freeDays, _scale.width()))
+        append(out, "<i style=\"left:{}%;width:{}%\"></i>", share(stripe.left), share(stripe.right - stripe.left));
+    for (const TimeScale::Cell& cell : _scale.axis(_scale.width()).upper)
+        if (cell.left > 0)
+            append(out, "<b style=\"left:{}%\"></b>", share(cell.left));
+    if (isOnAxis(today))
+        append(out, "<b class=\"now\" style=\"left:{}%\"></b>", share(_scale.atDay(*today)));
+    out += "</div>\n";
+}
+
+// As pictures of one colour each behind the cell that holds all lines: browsers cut these in the right places.
+void GanttChart::appendPaperBackground(std::string& out, const std::vector<DaySpan>& freeDays,
+                                       std::optional<std::uint16_t> today) const {
+    const auto line = [&out](double at, std::string_view color, int width) {
+        append(out, "linear-gradient(var(--{0}),var(--{0})) {1}% 0/{2}px 100% no-repeat,", color, share(at), width);
+    };
+    if (isOnAxis(today))
+        line(_scale.atDay(*today), "today", 2);
+    for (const TimeScale::Cell& cell : _scale.axis(kPaperChart).upper)
+        if (cell.left > 0)
+            line(cell.left, "line", 1);
+    for (const Stripe& stripe : stripes(freeDays, kPaperChart)) {
+        const double width = stripe.right - stripe.left;
+        if (width < 100) // a place is told in per cent of what the picture leaves
+            append(out, "linear-gradient(var(--free),var(--free)) {}% 0/{}% 100% no-repeat,",
+                   share(100 * stripe.left / (100 - width)), share(width));
+    }
+    out += "none";
+}
+
+std::vector<GanttChart::Stripe> GanttChart::stripes(const std::vector<DaySpan>& freeDays, double chartWidth) const {
+    std::vector<Stripe> stripes;
     for (const DaySpan& span : freeDays) {
-        const double width = (span.last - span.first + 1) * _scale.pixelsPerDay();
-        if (width >= least)
-            out += fmt::format("<path d=\"M{} 0h{}v9999h-{}z\"/>", px(_scale.dayX(span.first)), px(width), px(width));
+        const Stripe stripe{std::max(_scale.atDay(span.first), 0.0), std::min(_scale.atDay(span.last + 1), 100.0)};
+        if ((stripe.right - stripe.left) * chartWidth / 100 >= kLeastStripe)
+            stripes.push_back(stripe);
     }
-    out += "</g>\n<g id=\"grid\">";
-    const std::vector<TimeScale::Cell> upper = _scale.upperCells(), lower = _scale.lowerCells();
-    for (const TimeScale::Cell& cell : upper)
-        if (cell.left > 0)
-            out += fmt::format("<path d=\"M{} 0v9999\"/>", px(cell.left));
-    if (_today && *_today >= _scale.days().first && *_today <= _scale.days().last)
-        out += fmt::format("<path class=\"today\" d=\"M{} 0v9999\"/>", px(_scale.dayX(*_today)));
-    out += fmt::format("</g>\n<g id=\"axis\" class=\"axis\"><path d=\"M0 20.5H{0}M0 39.5H{0}\"/>", px(_scale.width()));
-    for (const TimeScale::Cell& cell : upper) {
-        if (cell.left > 0)
-            out += fmt::format("<path d=\"M{} 0v20\"/>", px(cell.left));
-        if (!cell.label.empty())
-            out += fmt::format("<text class=\"u\" x=\"{}\" y=\"15\">{}</text>", px(cell.left + 5), htmlOf(cell.label));
-    }
-    for (const TimeScale::Cell& cell : lower) {
-        if (cell.left > 0)
-            out += fmt::format("<path d=\"M{} 20v20\"/>", px(cell.left));
-        if (!cell.label.empty())
-            out += fmt::format("<text x=\"{}\" y=\"34\" text-anchor=\"middle\">{}</text>",
-                               px(cell.left + cell.width / 2), htmlOf(cell.label));
-    }
-    out += "</g>\n";
+    return stripes;
 }
 
-void GanttChart::appendRow(std::string& out, std::size_t position, std::size_t first) const {
+void GanttChart::appendRow(std::string& out, std::size_t position, std::string_view label) const {
     const GanttRow& row = _rows[position];
-    const double top = topOf(position, first);
-    appendBaseline(out, *row.task, top);
-    const std::optional<Date>& start = row.task->start ? row.task->start : row.task->finish;
-    if (!start)
+    out += "<svg>";
+    _links.appendLines(out, position);
+    appendBaseline(out, *row.task);
+    if (row.start()) {
+        if (row.isDiamond())
+            appendDiamond(out, row);
+        else
+            appendBars(out, row);
+    }
+    _links.appendTips(out, position);
+    if (row.task->deadline && isOnAxis(row.task->deadline->days))
+        append(out, "<use href=\"#v\" class=\"dead\" x=\"{}%\"/>", share(_scale.at(*row.task->deadline)));
+    if (row.start() && !label.empty())
+        appendLabel(out, position, label);
+    out += "</svg>";
+}
+
+void GanttChart::appendDiamond(std::string& out, const GanttRow& row) const {
+    const double x = _scale.at(*row.start());
+    if (isVisible(x, x))
+        append(out, "<use href=\"#m\" x=\"{}%\"{}/>", share(x), row.isCritical ? " class=\"x\"" : "");
+}
+
+void GanttChart::appendBars(std::string& out, const GanttRow& row) const {
+    const double left = _scale.at(*row.start()), right = std::max(_scale.at(*row.finish()), left);
+    if (!isVisible(left, right))
         return;
-    const double left = _scale.x(*start);
-    const double right = std::max(row.task->finish ? _scale.x(*row.task->finish) : left, left + kLeastWidth);
-    if (row.isSummary)
-        out += bracket(left, right, top + kSummaryTop);
-    else if (row.task->milestone)
-        out += diamond(left, top + kMiddle);
+    if (row.isSummary) {
+        append(out, "<rect class=\"s\" x=\"{0}%\" y=\"{1}\" width=\"{2}%\" height=\"{3}\"/>", share(left), kSummaryTop,
+               share(right - left), kSummaryHeight);
+        append(out, "<use href=\"#e\" x=\"{}%\"/><use href=\"#f\" x=\"{}%\"/>", share(left), share(right));
+        return;
+    }
+    appendPieces(out, row, left, right);
+}
+
+// What is done of a split task is done from its first piece on.
+void GanttChart::appendPieces(std::string& out, const GanttRow& row, double left, double right) const {
+    std::vector<Stripe> pieces;
+    if (row.task->pieces.size() > 1)
+        for (const Piece& piece : row.task->pieces)
+            pieces.push_back({_scale.at(piece.start), std::max(_scale.at(piece.finish), _scale.at(piece.start))});
     else
-        appendBar(out, *row.task, left, right, top);
-    out += '\n';
+        pieces.push_back({left, right});
+    double sum = 0;
+    for (const Stripe& piece : pieces)
+        sum += piece.right - piece.left;
+    double done = sum * std::min<double>(row.task->percentComplete, kDonePercent) / kDonePercent;
+    if (pieces.size() > 1)
+        append(out, "<line class=\"gap\" x1=\"{}%\" y1=\"{}\" x2=\"{}%\" y2=\"{}\"/>", share(std::max(left, -1.0)),
+               kMiddle, share(std::min(right, 101.0)), kMiddle);
+    for (const Stripe& piece : pieces) {
+        if (isVisible(piece.left, piece.right))
+            appendBar(out, row.isCritical ? "b x" : "b", piece.left, piece.right);
+        const double here = std::min(done, piece.right - piece.left);
+        if (here > kLeastDone && isVisible(piece.left, piece.left + here))
+            appendBar(out, row.isCritical ? "p x" : "p", piece.left, piece.left + here);
+        done -= here;
+    }
 }
 
-void GanttChart::appendBar(std::string& out, const Task& task, double left, double right, double top) const {
-    constexpr std::string_view round = " rx=\"2\"";
-    out += rect("bar", left, top + kBarTop, right - left, kBarHeight, round);
-    const double done = (right - left) * std::min<double>(task.percentComplete, 100) / 100;
-    if (done > 0)
-        out += rect("bd", left, top + kBarTop, done, kBarHeight, round);
+// The part on the axis: browsers draw what is far off with little care.
+void GanttChart::appendBar(std::string& out, std::string_view kind, double left, double right) const {
+    const double from = std::max(left, -1.0), width = std::min(right, 101.0) - from;
+    const std::string size = width * _scale.width() / 100 < kLeastBar ? share(kLeastBar) : share(width) + "%";
+    append(out, "<rect class=\"{}\" x=\"{}%\" y=\"{}\" width=\"{}\" height=\"{}\"/>", kind, share(from), kBarTop, size,
+           kBarHeight);
 }
 
-void GanttChart::appendBaseline(std::string& out, const Task& task, double top) const {
+void GanttChart::appendBaseline(std::string& out, const Task& task) const {
     const auto baseline = task.baselines.find(0);
     if (baseline == task.baselines.end() || !baseline->second.start || !baseline->second.finish)
         return;
-    const double left = _scale.x(*baseline->second.start), right = _scale.x(*baseline->second.finish);
-    const double missing = std::max(kLeastBaseline - (right - left), 0.0); // around the middle
-    out += rect("base", left - missing / 2, top + kBaselineTop, right - left + missing, kBaselineHeight);
-}
-
-std::optional<double> GanttChart::end(const GanttRow& row, bool atFinish) const {
-    const Task& task = *row.task;
-    const std::optional<Date>& date = atFinish || !task.start ? task.finish : task.start;
-    if (!date)
-        return std::nullopt;
-    const bool isDiamond = task.milestone && !row.isSummary;
-    return _scale.x(*date) + (isDiamond ? (atFinish ? kMilestone : -kMilestone) : 0);
-}
-
-// Down or up from one line to the other, and into the bar from its side; a link from a finish to a later start goes
-// straight onto the bar.
-void GanttChart::appendLink(std::string& out, const GanttLink& link, std::size_t first) const {
-    const bool fromFinish = beginsAtFinish(link.type), toFinish = endsAtFinish(link.type);
-    const auto from = end(_rows[link.from], fromFinish), to = end(_rows[link.to], toFinish);
-    if (!from || !to || link.from == link.to)
+    const double left = _scale.at(*baseline->second.start), right = _scale.at(*baseline->second.finish);
+    if (!isVisible(left, right))
         return;
-    const double fromY = topOf(link.from, first) + kMiddle, toY = topOf(link.to, first) + kMiddle;
-    const double direction = toY > fromY ? 1 : -1;
-    std::string path = fmt::format("M{} {}", px(*from), px(fromY));
-    const bool onDiamond = _rows[link.to].task->milestone && !_rows[link.to].isSummary;
-    const double onto = onDiamond ? *to + kMilestone : *to + 3;
-    if (fromFinish && !toFinish && onto >= *from + 2) {
-        const double edge = onDiamond ? kMilestone + 1 : (_rows[link.to].isSummary ? 5 : 6);
-        path += fmt::format("H{}V{}", px(onto), px(toY - direction * edge));
+    if ((right - left) * _scale.width() / 100 < kLeastBaseline)
+        append(out, "<use href=\"#z\" class=\"a\" x=\"{}%\"/>", share((left + right) / 2));
+    else
+        append(out, "<rect class=\"a\" x=\"{}%\" y=\"{}\" width=\"{}%\" height=\"{}\"/>", share(std::max(left, -1.0)),
+               kBaselineTop, share(std::min(right, 101.0) - std::max(left, -1.0)), kBaselineHeight);
+}
+
+// Behind the bar and the links that turn there, or before it where the chart ends too soon or a link goes on.
+void GanttChart::appendLabel(std::string& out, std::size_t position, std::string_view label) const {
+    const GanttRow& row = _rows[position];
+    const double left = _scale.at(*row.start()), right = std::max(_scale.at(*row.finish()), left);
+    const GanttLinks::Reach reach = _links.reach(position);
+    const double turn = kTurn * 100 / _scale.width();
+    const bool fitsBehind = right >= 0 && right <= 100 - kLabelRoom, fitsBefore = left >= kLabelRoom && left <= 100;
+    const bool isFreeBehind = reach.right <= right + turn, isFreeBefore = reach.left >= left - turn;
+    const int gap = row.isDiamond() ? kDiamond + 4 : 5;
+    if (fitsBehind && (isFreeBehind || !fitsBefore || !isFreeBefore)) {
+        const bool isTurning = isFreeBehind && reach.right > right;
+        append(out, "<text x=\"{}%\" dx=\"{}\" y=\"13\">", share(isTurning ? reach.right : right), isTurning ? 3 : gap);
+    } else if (fitsBefore) {
+        const bool isTurning = isFreeBefore && reach.left < left;
+        append(out, "<text class=\"w\" x=\"{}%\" dx=\"-{}\" y=\"13\">", share(isTurning ? reach.left : left),
+               isTurning ? 3 : gap);
     } else {
-        const double outside = toFinish ? *to + kStub + 3 : *to - kStub - 3;
-        const double leaving = *from + (fromFinish ? kStub : -kStub);
-        const double tip = toFinish ? *to + 1 : *to - 1;
-        const bool sameSide = fromFinish == toFinish;
-        if (sameSide) {
-            const double turn = fromFinish ? std::max(leaving, outside) : std::min(leaving, outside);
-            path += fmt::format("H{}V{}H{}", px(turn), px(toY), px(tip));
-        } else {
-            path += fmt::format("H{}V{}H{}V{}H{}", px(leaving), px(fromY + direction * (kRowHeight / 2.0)), px(outside),
-                                px(toY), px(tip));
-        }
+        return;
     }
-    out += fmt::format("<path class=\"link\" marker-end=\"url(#tip)\" d=\"{}\"/>\n", path);
+    appendHtml(out, shortened(label, kLabelSize));
+    out += "</text>";
 }
 
 } // namespace brackwater::inspect

@@ -1,43 +1,49 @@
 #pragma once
 
-#include "TimeScale.h"
+#include "GanttLinks.h"
 
 namespace brackwater::inspect {
 
-/// A line of the chart.
-struct GanttRow {
-    const Task* task = nullptr;
-    bool isSummary = false;
-};
-
-/// A link between two lines of the chart, by their positions.
-struct GanttLink {
-    std::size_t from = 0, to = 0;
-    std::uint16_t type = 0;
-};
-
-/// Draws the lines of a chart with a y of 0 at the first of them; each line is kRowHeight high.
+/// Draws the right half of the page. Everything across stands at shares of the width, so that the chart fits the screen
+/// or the paper.
 class GanttChart {
 public:
-    GanttChart(const TimeScale& scale, std::span<const GanttRow> rows, std::optional<std::uint16_t> today)
-        : _scale(scale), _rows(rows), _today(today) {}
+    GanttChart(const TimeScale& scale, std::span<const GanttRow> rows, const GanttLinks& links)
+        : _scale(scale), _rows(rows), _links(links) {}
 
-    /// Free days, grid and axis of the whole chart as definitions that the drawings refer to, "free", "axis".
-    void appendDefinitions(std::string& out, const std::vector<DaySpan>& freeDays) const;
-    /// Baseline, bar and progress of the line at the position, drawn in a part of the chart that begins at `first`.
-    void appendRow(std::string& out, std::size_t position, std::size_t first) const;
-    /// A link, drawn in a part of the chart that begins at `first`. Nothing without dates at both ends.
-    void appendLink(std::string& out, const GanttLink& link, std::size_t first) const;
+    /// Symbols that the drawings refer to.
+    static void appendDefinitions(std::string& out);
+    /// The two lines of the axis, with labels for a chart of this width in pixels.
+    void appendAxis(std::string& out, std::string_view kind, double width, std::optional<std::uint16_t> today) const;
+    /// What stands behind all lines: free days, grid, today.
+    void appendBackground(std::string& out, const std::vector<DaySpan>& freeDays,
+                          std::optional<std::uint16_t> today) const;
+    /// The same for paper, as the value of a style's background.
+    void appendPaperBackground(std::string& out, const std::vector<DaySpan>& freeDays,
+                               std::optional<std::uint16_t> today) const;
+    /// Links, baseline, bar, progress and label of the line at the position.
+    void appendRow(std::string& out, std::size_t position, std::string_view label) const;
+    /// Whether free days are wide enough to be seen.
+    [[nodiscard]] bool hasStripes(const std::vector<DaySpan>& freeDays) const {
+        return !stripes(freeDays, _scale.width()).empty();
+    }
+    [[nodiscard]] bool isOnAxis(std::optional<std::uint16_t> day) const;
 
 private:
-    void appendBar(std::string& out, const Task& task, double left, double right, double top) const;
-    void appendBaseline(std::string& out, const Task& task, double top) const;
-    /// Where links leave or reach the line; nothing without a date there.
-    [[nodiscard]] std::optional<double> end(const GanttRow& row, bool atFinish) const;
+    struct Stripe {
+        double left, right;
+    };
+    [[nodiscard]] std::vector<Stripe> stripes(const std::vector<DaySpan>& freeDays, double chartWidth) const;
+    void appendBars(std::string& out, const GanttRow& row) const;
+    void appendPieces(std::string& out, const GanttRow& row, double left, double right) const;
+    void appendBar(std::string& out, std::string_view kind, double left, double right) const;
+    void appendDiamond(std::string& out, const GanttRow& row) const;
+    void appendBaseline(std::string& out, const Task& task) const;
+    void appendLabel(std::string& out, std::size_t position, std::string_view label) const;
 
     const TimeScale& _scale;
     std::span<const GanttRow> _rows;
-    std::optional<std::uint16_t> _today;
+    const GanttLinks& _links;
 };
 
 } // namespace brackwater::inspect

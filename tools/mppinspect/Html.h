@@ -8,8 +8,10 @@ namespace brackwater::inspect {
 /// Appends text so that it may stand in an element or between the quotes of an attribute. Control characters become
 /// blanks.
 void appendHtml(std::string& out, std::string_view text);
+/// The same, but line ends stay, as attributes show them.
+void appendHtmlLines(std::string& out, std::string_view text);
 [[nodiscard]] std::string htmlOf(std::string_view text);
-/// A length in pixels, with one decimal at most.
-[[nodiscard]] std::string px(double length);
+/// A number with three decimals at most.
+[[nodiscard]] std::string share(double number);
 
 } // namespace brackwater::inspect

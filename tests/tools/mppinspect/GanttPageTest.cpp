@@ -1,5 +1,6 @@
 #include "mppinspect/GanttPage.h"
 
+#include "mppinspect/CriticalPath.h"
 #include "mppinspect/TimeScale.h"
 #include "mppinspect/WorkingDays.h"
 
@@ -25,6 +26,13 @@ inspect::Date at(int day, int hour) {
     return {static_cast<std::uint16_t>(day), static_cast<std::uint16_t>(hour * 600)};
 }
 
+std::size_t timesIn(std::string_view text, std::string_view words) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(words, at)) != std::string_view::npos; ++at)
+        ++count;
+    return count;
+}
+
 class GanttPage : public testing::Test {
 protected:
     inspect::Task& task(std::uint32_t id, std::string title, int firstDay, int lastDay) {
@@ -43,18 +51,16 @@ protected:
         link.type = type;
         project.links.push_back(link);
     }
-    std::string page() const {
+    std::string page(const inspect::GanttOptions& options = {}) const {
         std::string text;
-        writeGanttPage(project, [&text](std::string_view piece) { text += piece; });
+        writeGanttPage(
+            project, [&text](std::string_view piece) { text += piece; }, options);
         return text;
     }
     /// How often the chart, below the definitions and the legend, has the words.
-    std::size_t drawn(std::string_view words) const {
-        const std::string text = page();
-        std::size_t count = 0;
-        for (std::size_t at = text.find("class=\"chart\""); (at = text.find(words, at)) != std::string::npos; ++at)
-            ++count;
-        return count;
+    std::size_t drawn(std::string_view words, const inspect::GanttOptions& options = {}) const {
+        const std::string text = page(options);
+        return timesIn(std::string_view(text).substr(text.find("class=\"chart\"")), words);
     }
 
     inspect::ProjectFile project;
@@ -63,6 +69,7 @@ protected:
 TEST_F(GanttPage, LetsNoTextOfThePlanBecomeMarkup) {
     const std::string hostile = "</td></table><script>alert(1)</script><img src=\"http://x\" onerror='y'>&";
     inspect::Task& walls = task(1, hostile, kMonday, kMonday);
+    walls.notes = hostile + "\n\x1B[2J\xC2\x9B" + "end";
     walls.baselines[0].start = walls.start;
     project.properties.push_back({0x02400008, "title", hostile});
     project.resources.resize(1);
@@ -78,7 +85,10 @@ TEST_F(GanttPage, LetsNoTextOfThePlanBecomeMarkup) {
     EXPECT_THAT(text, Not(HasSubstr("<script")));
     EXPECT_THAT(text, Not(HasSubstr("<img")));
     EXPECT_THAT(text, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt;&lt;img src=&quot;http://x&quot; "
-                                "onerror=&#39;y&#39;&gt;&amp;"));
+                                "onerror=&#39;y&#39;&gt;&amp;&#10; [2J end"));
+    EXPECT_EQ(timesIn(text, "<meta http-equiv=\"Content-Security-Policy\" "
+                            "content=\"default-src 'none'; style-src 'unsafe-inline'\">"),
+              1U);
 }
 
 TEST_F(GanttPage, DrawsLinksOfAllTypesButNoneThatLacksAnEnd) {
@@ -87,12 +97,98 @@ TEST_F(GanttPage, DrawsLinksOfAllTypesButNoneThatLacksAnEnd) {
     inspect::Task& open = task(3, "without dates", 0, 0);
     open.start.reset();
     open.finish.reset();
-    for (std::uint16_t type = 0; type < 5; ++type)
-        link(1, 2, type);
     link(1, 3);
     link(1, 99);
     link(2, 2);
-    EXPECT_EQ(drawn("class=\"link\""), 5U);
+    EXPECT_EQ(drawn("href=\"#"), 0U);
+    const std::vector<std::string_view> tips{"#l", "#d", "#l", "#r", "#r"}; // a type that is unknown as start to start
+    for (std::uint16_t type = 0; type < tips.size(); ++type) {
+        project.links.clear();
+        link(1, 2, type);
+        EXPECT_EQ(drawn("href=\"#"), 1U) << type;
+        EXPECT_EQ(drawn("href=\"" + std::string(tips[type])), 1U) << type;
+    }
+}
+
+TEST_F(GanttPage, DrawsOnlyTheEndsOfLinksWhereManyWouldCrossALine) {
+    for (std::uint32_t id = 1; id <= 1000; ++id)
+        task(id, "Walls", kMonday + static_cast<int>(id), kMonday + static_cast<int>(id) + 5);
+    for (std::uint32_t id = 1; id <= 1000; ++id)
+        link(id, id * 7919 % 1000 + 1);
+    const std::string text = page();
+    EXPECT_THAT(text, HasSubstr("only its ends"));
+    for (std::size_t row = text.find("<div class=\"row"); row != std::string::npos;) {
+        const std::size_t next = text.find("<div class=\"row", row + 1);
+        EXPECT_LE(timesIn(std::string_view(text).substr(row, next - row), " 0V22"), 6U);
+        row = next;
+    }
+}
+
+TEST_F(GanttPage, FoldsWhatStandsDeeperAndNestsWhateverTheDepths) {
+    for (const int depth : {1, 2, 3, 2, 1})
+        task(static_cast<std::uint32_t>(project.tasks.size() + 1), "t", kMonday, kMonday).depth = depth;
+    EXPECT_EQ(drawn("<details open><summary class=\"row"), 2U);
+    for (int i = 0; i < 600; ++i)
+        task(static_cast<std::uint32_t>(project.tasks.size() + 1), "t", kMonday, kMonday).depth = i % 300 * (i % 2 + 1);
+    EXPECT_EQ(drawn("<details"), drawn("</details>"));
+    std::size_t depth = 0, deepest = 0;
+    const std::string text = page();
+    for (std::size_t at = 0; (at = text.find("details", at)) != std::string::npos; ++at) {
+        text[at - 1] == '<' ? ++depth : (text[at - 1] == '/' ? --depth : 0);
+        deepest = std::max(deepest, depth);
+    }
+    EXPECT_LE(deepest, 24U);
+}
+
+TEST_F(GanttPage, DrawsThePiecesOfASplitTaskAndItsProgressFromTheFirstOn) {
+    inspect::Task& walls = task(1, "Walls", kMonday, kMonday + 9);
+    walls.pieces = {{at(kMonday, 8), at(kMonday + 2, 17)}, {at(kMonday + 7, 8), at(kMonday + 9, 17)}};
+    walls.percentComplete = 50;
+    walls.deadline = at(kMonday + 9, 17);
+    EXPECT_EQ(drawn("<rect class=\"b"), 2U);
+    EXPECT_EQ(drawn("<rect class=\"p"), 1U);
+    EXPECT_EQ(drawn("class=\"gap\""), 1U);
+    EXPECT_EQ(drawn("class=\"dead\""), 1U);
+}
+
+TEST_F(GanttPage, HasTodaysLineWhereTodayIsOnTheAxis) {
+    task(1, "Walls", kMonday, kMonday + 9);
+    EXPECT_EQ(drawn("class=\"now\""), 0U);
+    EXPECT_GT(drawn("class=\"now\"", {{}, {}, {}, kMonday}), 0U);
+    EXPECT_EQ(drawn("class=\"now\"", {{}, {}, kMonday - 1, kMonday}), 0U);
+    EXPECT_EQ(drawn("<rect class=\"b", {{}, 0, kMonday - 1, {}}), 0U);
+}
+
+TEST(CriticalPath, FollowsLinksWithoutSlackWhereTheFileHasNoLateDates) {
+    inspect::ProjectFile project;
+    const auto add = [&](std::uint32_t id, inspect::Date start, inspect::Date finish) -> inspect::Task& {
+        inspect::Task& task = project.tasks.emplace_back();
+        task.uniqueId = id;
+        task.start = start;
+        task.finish = task.lateFinish = finish;
+        return task;
+    };
+    const auto link = [&](std::uint32_t from, std::uint32_t to, std::int32_t lagDays = 0) {
+        inspect::Link& added = project.links.emplace_back();
+        added.predecessor = from;
+        added.successor = to;
+        added.type = 1;
+        added.lag = {lagDays * 4'800, 7};
+    };
+    add(0, at(kMonday, 8), at(kMonday + 30, 17));
+    add(1, at(kMonday, 8), at(kMonday + 4, 17)); // until Friday
+    add(2, at(kMonday, 8), at(kMonday + 3, 17));
+    add(3, at(kMonday + 7, 8), at(kMonday + 8, 17)); // a group, from Monday on
+    add(4, at(kMonday + 7, 8), at(kMonday + 8, 17)).parentId = 3;
+    add(5, at(kMonday + 7, 8), at(kMonday + 7, 17)).parentId = 3;
+    add(6, at(kMonday + 10, 8), at(kMonday + 11, 17)); // a day after the group
+    add(7, at(kMonday, 8), at(kMonday + 11, 17)).percentComplete = 100;
+    link(1, 3);
+    link(2, 3);
+    link(3, 6, 1);
+    EXPECT_THAT(inspect::criticalTasks(project), testing::UnorderedElementsAre(1, 4, 6));
+    project.tasks[2].lateFinish = at(kMonday + 4, 17); // from now on the late dates tell it
+    EXPECT_THAT(inspect::criticalTasks(project), testing::UnorderedElementsAre(1, 4, 5, 6));
 }
 
 TEST_F(GanttPage, LeavesOutTheProjectsOwnRowAndKeepsTheOrderOfTheSheet) {
@@ -128,23 +224,27 @@ TEST_F(GanttPage, OfDatesFarApartStaysReadableByABrowser) {
     EXPECT_LT(page().size(), 100'000U);
 }
 
-TEST(TimeScale, PutsDatesInOrderWithinItsWidth) {
+TEST(TimeScale, PutsDatesInOrderAndCellsSideBySide) {
     for (const int days : {1, 30, 200, 1000, 5000, 60'000}) {
         std::vector<inspect::Task> tasks(1);
         tasks[0].uniqueId = 1;
         tasks[0].start = at(kMonday - 10'000, 8);
         tasks[0].finish = at(std::min(kMonday - 10'000 + days, 65'535), 17);
         const inspect::TimeScale scale(tasks, {});
-        EXPECT_GT(scale.x(*tasks[0].start), 0) << days;
-        EXPECT_LT(scale.x(*tasks[0].start), scale.x(*tasks[0].finish)) << days;
-        EXPECT_LT(scale.x(*tasks[0].finish), scale.width()) << days;
-        double right = 0;
-        for (const auto& cell : scale.lowerCells()) {
-            EXPECT_LT(std::abs(cell.left - right), 1e-6) << days;
-            right = cell.left + cell.width;
+        EXPECT_GT(scale.at(*tasks[0].start), 0) << days;
+        EXPECT_LT(scale.at(*tasks[0].start), scale.at(*tasks[0].finish)) << days;
+        EXPECT_LT(scale.at(*tasks[0].finish), 100) << days;
+        EXPECT_LE(scale.width(), 800) << days; // fits on a screen beside the table
+        for (const double width : {scale.width(), 400.0}) {
+            const auto cells = scale.axis(width).lower;
+            double right = 0;
+            for (const auto& cell : cells) {
+                EXPECT_LT(std::abs(cell.left - right), 1e-6) << days;
+                right = cell.right;
+            }
+            EXPECT_LT(std::abs(right - 100), 1e-6) << days;
+            EXPECT_LE(static_cast<double>(cells.size()), width / 18 + 2) << days;
         }
-        EXPECT_LT(std::abs(right - scale.width()), scale.pixelsPerDay() + 1e-6) << days;
-        EXPECT_LT(scale.lowerCells().size(), 400U) << days;
     }
 }
 
@@ -167,8 +267,8 @@ TEST(TimeScale, GoesByTheOptionsAndLeavesOutTheProjectsOwnRow) {
     EXPECT_GT(inspect::TimeScale(tasks, {}).days().first, kMonday - 30);
     const inspect::TimeScale days(tasks, {inspect::ScaleStep::Days, kMonday + 7, kMonday + 106, {}});
     EXPECT_EQ(days.days().first, kMonday + 7);
-    EXPECT_EQ(days.lowerCells().size(), 100U);
-    EXPECT_EQ(days.lowerCells()[0].label, "9");
+    EXPECT_EQ(days.axis(days.width()).lower.size(), 100U);
+    EXPECT_EQ(days.axis(days.width()).lower[0].label, "9");
 }
 
 std::vector<std::pair<int, int>> freeSpans(const inspect::Calendar* calendar, int first, int last) {
