@@ -5,6 +5,8 @@
 #include "MPPXMLDOMFilter/Corrections/SharedWork.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 
+#include <algorithm>
+#include <functional>
 #include <string_view>
 #include <unordered_map>
 
@@ -15,64 +17,88 @@ namespace {
 constexpr double kSecondsOfHour = 3600.0;
 constexpr double kHundredths = 100.0;
 
-// What a baseline has of a task's resources: amounts by the source's resource id. Material has none.
-struct BaselineAmounts {
-    struct Amount {
-        double hours = 0;
-        double cost = 0;
-    };
-    std::unordered_map<std::string_view, Amount> ofResource;
-    Amount sum;
+using ResourcesById = std::unordered_map<std::string_view, const MPPResource*>;
+
+ResourcesById resourcesById(const MPPProject& project) {
+    ResourcesById resources;
+    for (const auto& resource : project.resources)
+        if (resource->source)
+            resources.emplace(resource->source->id, resource.get());
+    return resources;
+}
+
+// What a baseline has of a task's work and its cost; material has none.
+struct Amount {
+    const MPPResource* resource = nullptr; ///< null for one that the plan does not have any more
+    double hours = 0;
+    double cost = 0;
 };
 
-BaselineAmounts amountsOf(const MPPSourceTaskBaseline& source) {
-    std::vector<WorkShare> shares;
-    for (const MPPSourceBaselineAssignment& assignment : source.assignments)
-        shares.push_back({assignment.kind, assignment.units});
-    const std::vector<double> work = sharedWork(shares, source.effort.value_or(0), source.duration.value_or(0));
+class BaselinePass {
+public:
+    explicit BaselinePass(const MPPProject& project) : _resources(resourcesById(project)) {}
 
-    BaselineAmounts amounts;
-    bool isWorkedOn = false;
-    for (std::size_t i = 0; i < shares.size(); ++i) {
-        const MPPSourceBaselineAssignment& assignment = source.assignments[i];
-        if (assignment.kind == MPPResourceKind::Material)
-            continue;
-        isWorkedOn = true;
-        const double hours = work[i] / kSecondsOfHour;
-        const double cost = costOfWork({assignment.costPerHour, assignment.costPerUse, false}, hours, assignment.units);
-        amounts.ofResource[assignment.resourceId] = {hours, cost};
-        amounts.sum.hours += hours;
-        amounts.sum.cost += cost;
+    void correct(MPPTask& task, std::span<MPPAssignment* const> assignments) {
+        if (!task.baseline0 || !task.source || !task.source->baseline)
+            return;
+        const MPPSourceTaskBaseline& source = *task.source->baseline;
+        findAmounts(source);
+        MPPTaskBaseline& baseline = *task.baseline0;
+        baseline.fixedCost = baseline.cost = source.staticCost * kHundredths;
+        baseline.work = _amounts.empty() ? source.effort / kSecondsOfHour : 0;
+        for (const Amount& amount : _amounts) {
+            baseline.work += amount.hours;
+            baseline.cost += amount.cost;
+        }
+        std::sort(_amounts.begin(), _amounts.end(),
+                  [](const Amount& left, const Amount& right) { return std::less<>()(left.resource, right.resource); });
+        for (const MPPAssignment* assignment : assignments)
+            correctAssignment(*assignment, baseline);
     }
-    if (!isWorkedOn)
-        amounts.sum.hours = source.effort.value_or(0) / kSecondsOfHour;
-    return amounts;
-}
 
-void correctAssignment(MPPAssignment& assignment, const MPPSourceTaskBaseline& source, const BaselineAmounts& amounts) {
-    const MPPResource* resource = assignment.resource.record();
-    if (!resource || !resource->source || !assignment.baseline0)
-        return;
-    const auto found = amounts.ofResource.find(resource->source->id);
-    if (found == amounts.ofResource.end())
-        return;
-    assignment.baseline0->start = source.start;
-    assignment.baseline0->finish = source.end;
-    assignment.baseline0->work = found->second.hours;
-    assignment.baseline0->cost = found->second.cost;
-}
+private:
+    void findAmounts(const MPPSourceTaskBaseline& source) {
+        _shares.clear();
+        _amounts.clear();
+        for (const MPPSourceBaselineAssignment& assignment : source.assignments) {
+            const auto found = _resources.find(assignment.resourceId);
+            const MPPResource* resource = found == _resources.end() ? nullptr : found->second;
+            if (resource && resource->source->kind == MPPResourceKind::Material)
+                continue;
+            _shares.push_back({resource ? resource->source->kind : MPPResourceKind::Staff, assignment.units});
+            _amounts.push_back({resource});
+        }
+        const std::vector<double> work = sharedWork(_shares, source.effort, source.duration);
+        for (std::size_t i = 0; i < work.size(); ++i) {
+            Amount& amount = _amounts[i];
+            amount.hours = work[i] / kSecondsOfHour;
+            if (!amount.resource)
+                continue;
+            const MPPResourceSource& resource = *amount.resource->source;
+            amount.cost =
+                costOfWork({resource.baselineCostPerHour, resource.baselineCostPerUse}, amount.hours, _shares[i].units);
+        }
+    }
 
-void correctTask(MPPTask& task, std::span<MPPAssignment* const> assignments) {
-    if (!task.baseline0 || !task.source || !task.source->baseline)
-        return;
-    const MPPSourceTaskBaseline& source = *task.source->baseline;
-    const BaselineAmounts amounts = amountsOf(source);
-    task.baseline0->work = amounts.sum.hours;
-    task.baseline0->fixedCost = source.staticCost.value_or(0) * kHundredths;
-    task.baseline0->cost = task.baseline0->fixedCost + amounts.sum.cost;
-    for (MPPAssignment* assignment : assignments)
-        correctAssignment(*assignment, source, amounts);
-}
+    void correctAssignment(const MPPAssignment& assignment, const MPPTaskBaseline& ofTask) const {
+        const MPPResource* resource = assignment.resource.record();
+        if (!resource || !assignment.baseline0)
+            return;
+        const auto found = std::lower_bound(
+            _amounts.begin(), _amounts.end(), resource,
+            [](const Amount& amount, const MPPResource* sought) { return std::less<>()(amount.resource, sought); });
+        if (found == _amounts.end() || found->resource != resource)
+            return;
+        assignment.baseline0->start = ofTask.start;
+        assignment.baseline0->finish = ofTask.finish;
+        assignment.baseline0->work = found->hours;
+        assignment.baseline0->cost = found->cost;
+    }
+
+    ResourcesById _resources;
+    std::vector<WorkShare> _shares; ///< of the task at hand, in one order with the amounts
+    std::vector<Amount> _amounts;
+};
 
 // From the last task to the first, so that a summary is complete before its parent takes its amounts. An effort that
 // the baseline tells of a summary is that of all its tasks.
@@ -83,7 +109,7 @@ void addToParents(MPPProject& project) {
         if (!parent || parent->ID >= task.ID || !parent->baseline0 || !task.baseline0)
             continue;
         const auto& source = parent->source;
-        const bool tellsEffort = source && source->baseline && source->baseline->effort.value_or(0) > 0;
+        const bool tellsEffort = source && source->baseline && source->baseline->effort > 0;
         if (!tellsEffort)
             parent->baseline0->work += task.baseline0->work;
         parent->baseline0->cost += task.baseline0->cost;
@@ -103,9 +129,10 @@ void addToResources(MPPProject& project) {
 } // namespace
 
 void correctBaselines(MPPProject& project, const AssignmentIndex& assignments) {
-    correctTask(project, assignments.ofTask(project));
+    BaselinePass pass(project);
+    pass.correct(project, assignments.ofTask(project));
     for (const auto& task : project.tasks)
-        correctTask(*task, assignments.ofTask(*task));
+        pass.correct(*task, assignments.ofTask(*task));
     addToParents(project);
     addToResources(project);
 }

@@ -52,9 +52,10 @@ struct MPPAssignment {
     std::shared_ptr<MPPAssignmentBaseline> baseline0;
     std::vector<MPPAssignmentPhase> assignmentPhases;
 
-    // Meanings unknown: real files hold 0 in the first one for work without a resource, and always in the second.
+    // Meanings unknown: real files hold 0 in the first one for work without a resource, and have nothing of the second
+    // in the marks of the baselines 1 to 10 of an assignment that has none.
     std::uint32_t row48 = 1;
-    std::uint8_t lastMetaByte = 1;
+    bool marksMissingBaselines = true;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     void setGUID(const Guid& guid) noexcept { _GUID = guid; }

@@ -36,33 +36,25 @@ struct MPPSourceSegment {
     double effort = 0; ///< seconds
 };
 
-enum class MPPResourceKind { Staff, Equipment, Material };
-
-/// An assignment of the task's counterpart in the baseline document, with what the baseline tells of its resource.
+/// An assignment of the task's counterpart in the baseline document.
 struct MPPSourceBaselineAssignment {
     std::string resourceId; ///< "r3"
-    MPPResourceKind kind = MPPResourceKind::Staff;
-    double units = 1;       ///< 1 is 100 %
-    double costPerHour = 0; ///< whole currency units
-    double costPerUse = 0;  ///< whole currency units
+    double units = 1;       ///< 1 is 100 % of a work resource, or one unit of material
 };
 
-/// The task's counterpart in the baseline document. Amounts are nothing where it tells none.
+/// The task's counterpart in the baseline document. Amounts that it does not tell are 0.
 struct MPPSourceTaskBaseline {
-    std::optional<Date> start;
-    std::optional<Date> end;
-    std::optional<double> duration;   ///< seconds
-    std::optional<double> effort;     ///< seconds
-    std::optional<double> staticCost; ///< whole currency units
+    double duration = 0;   ///< seconds
+    double effort = 0;     ///< seconds
+    double staticCost = 0; ///< whole currency units
     std::vector<MPPSourceBaselineAssignment> assignments;
 };
 
 struct MPPTaskSource {
-    std::string id;                   ///< "t12"
-    double effort = 0;                ///< seconds
-    double effortDone = 0;            ///< seconds
-    double completion = 0;            ///< progress as a fraction from 0 to 1, from the effort or the percentage
-    std::optional<double> staticCost; ///< whole currency units
+    std::string id;        ///< "t12"
+    double effort = 0;     ///< seconds
+    double effortDone = 0; ///< seconds
+    double completion = 0; ///< progress as a fraction from 0 to 1, from the effort or the percentage
     bool isGroup = false;
     bool isEffortDriven = false;
     std::optional<Date> deadline; ///< a bound on the end that the task's one constraint does not tell
@@ -72,9 +64,13 @@ struct MPPTaskSource {
     std::optional<MPPSourceTaskBaseline> baseline;
 };
 
+enum class MPPResourceKind { Staff, Equipment, Material };
+
 struct MPPResourceSource {
     std::string id; ///< "r3"
     MPPResourceKind kind = MPPResourceKind::Staff;
+    double baselineCostPerHour = 0; ///< of the resource in the baseline document, whole currency units
+    double baselineCostPerUse = 0;  ///< likewise
     MPPSourceNote note;
     MPPSourceFields fields;
 };

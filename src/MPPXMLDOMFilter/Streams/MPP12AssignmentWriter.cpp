@@ -339,12 +339,14 @@ namespace {
 std::array<std::uint8_t, 17> presenceOfBaselines(const MPPAssignment& assignment) {
     const std::size_t baselines = assignment.baselines.size();
     std::array<std::uint8_t, 17> block{};
+    if (baselines == 0 && !assignment.marksMissingBaselines)
+        return block;
     for (std::size_t i = 0; i < baselines; ++i) {
         block[i / 2] |= static_cast<std::uint8_t>(i % 2 == 1 ? 0x03 : 0x30);
         block[i + 5] = 0xFD;
     }
     block[15] = 0x40;
-    block[16] = assignment.lastMetaByte;
+    block[16] = 1;
     block[baselines + 5] |= 1;
     return block;
 }

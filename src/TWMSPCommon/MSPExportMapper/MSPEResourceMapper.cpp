@@ -165,7 +165,7 @@ MSPEResourceMapper::newResourceFromZELBResource(XMLElement zelbResource, std::op
         resource = ResourceBuilder(mapper(), children, *id).build(*type, _resourceCalendarUID);
     addBaselines(mapper(), zelbResource, resource.get());
     if (resource && mapper()->keepsSource())
-        resource->mppDomObject()->source = sourceOfResource(zelbResource);
+        resource->mppDomObject()->source = sourceOfResource(*mapper(), zelbResource);
     return resource;
 }
 

@@ -4,10 +4,8 @@
 #include "TWMSPCommon/MSPExportMapper/MSPEBaseline.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEChildElements.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskConstraint.h"
-#include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 #include <array>
 
@@ -18,10 +16,9 @@ namespace {
 using Info = MSPEScheduledTaskInfo;
 using ConstraintType = MSPETaskConstraint::Type;
 
-enum class Child : std::size_t { StartDate, EndDate, Duration, Effort, StaticCost, Type, CostPerHour, CostPerUse };
+enum class Child : std::size_t { Type, CostPerHour, CostPerUse };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 8>{
-    "start-date", "end-date", "duration", "effort", "static-cost", "type", "cost-per-hour", "cost-per-use"});
+constexpr MSPEChildNames kChildNames(std::array<std::string_view, 3>{"type", "cost-per-hour", "cost-per-use"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 
@@ -31,56 +28,9 @@ MPPResourceKind kindFromText(std::optional<std::string_view> type) {
     return type == "Equipment" ? MPPResourceKind::Equipment : MPPResourceKind::Staff;
 }
 
-// A missing or empty attribute counts as one unit.
-double unitsOf(XMLElement assignment) {
-    std::string buffer;
-    const auto text = assignment.attributeView("units", buffer);
-    return text && !text->empty() ? doubleValue(*text) : 1.0;
-}
-
 double numberOrZero(const Children& children, Child name) {
     const auto text = children.text(name);
     return text ? doubleValue(*text) : 0.0;
-}
-
-std::optional<Date> dateOf(const Children& children, Child name) {
-    const auto text = children.text(name);
-    const auto mspdi = text ? MSPIUtilities::zelbToMspdiDateTime(*text) : std::nullopt;
-    return mspdi ? MSPIUtilities::mspdiToMppDateTime(*mspdi) : std::nullopt;
-}
-
-MPPSourceBaselineAssignment baselineAssignment(const MSPEBaseline& baseline, XMLElement assignment) {
-    MPPSourceBaselineAssignment source;
-    source.resourceId = assignment.attributeForName("idref").value_or("");
-    source.units = unitsOf(assignment);
-    if (const auto resource = baseline.getResourceById(source.resourceId)) {
-        const Children children(*resource, kChildNames);
-        source.kind = kindFromText(children.text(Child::Type));
-        source.costPerHour = numberOrZero(children, Child::CostPerHour);
-        source.costPerUse = numberOrZero(children, Child::CostPerUse);
-    }
-    return source;
-}
-
-// Of the first baseline: there is never a second one.
-std::optional<MPPSourceTaskBaseline> baselineOfTask(const MSPEMapper& mapper, std::string_view id) {
-    if (mapper.zelbBaselines().empty())
-        return std::nullopt;
-    const MSPEBaseline& baseline = mapper.zelbBaselines().front();
-    const auto task = baseline.getTaskById(id);
-    if (!task)
-        return std::nullopt;
-    const Children children(*task, kChildNames);
-    MPPSourceTaskBaseline source;
-    source.start = dateOf(children, Child::StartDate);
-    source.end = dateOf(children, Child::EndDate);
-    source.duration = children.number(Child::Duration);
-    source.effort = children.number(Child::Effort);
-    source.staticCost = children.onlyNumber(Child::StaticCost);
-    forEachChildElement(*task, "assignment", [&](XMLElement assignment) {
-        source.assignments.push_back(baselineAssignment(baseline, assignment));
-    });
-    return source;
 }
 
 // A task has one constraint. What else bounds its end can be told as its deadline.
@@ -98,28 +48,40 @@ std::optional<Date> deadlineOf(const Info& info, bool projectFromStart) {
 
 } // namespace
 
-std::unique_ptr<MPPTaskSource> sourceOfTask(const MSPEMapper& mapper, XMLElement zelbTask,
-                                            const MSPEScheduledTaskInfo& info, bool isEffortDriven) {
-    const Children children(zelbTask, kChildNames);
+std::unique_ptr<MPPTaskSource> sourceOfTask(const MSPEScheduledTaskInfo& info, bool projectFromStart) {
     auto source = std::make_unique<MPPTaskSource>();
     source->id = info.uid();
     source->effort = info.effort();
     source->effortDone = info.effortDone();
     source->completion = info.percentageComplete();
-    source->staticCost = children.onlyNumber(Child::StaticCost);
     source->isGroup = info.taskType() == Info::TaskType::Group;
-    source->isEffortDriven = isEffortDriven;
-    source->deadline = deadlineOf(info, mapper.projectMapper()->scheduleFromStart());
-    source->baseline = baselineOfTask(mapper, info.uid());
+    source->deadline = deadlineOf(info, projectFromStart);
     return source;
 }
 
-std::unique_ptr<MPPResourceSource> sourceOfResource(XMLElement zelbResource) {
-    const Children children(zelbResource, kChildNames);
+std::unique_ptr<MPPResourceSource> sourceOfResource(const MSPEMapper& mapper, XMLElement zelbResource) {
     auto source = std::make_unique<MPPResourceSource>();
     source->id = zelbResource.attributeForName("id").value_or("");
-    source->kind = kindFromText(children.text(Child::Type));
+    source->kind = kindFromText(Children(zelbResource, kChildNames).text(Child::Type));
+    if (mapper.zelbBaselines().empty())
+        return source;
+    if (const auto inBaseline = mapper.zelbBaselines().front().getResourceById(source->id)) {
+        const Children children(*inBaseline, kChildNames);
+        source->baselineCostPerHour = numberOrZero(children, Child::CostPerHour);
+        source->baselineCostPerUse = numberOrZero(children, Child::CostPerUse);
+    }
     return source;
+}
+
+std::vector<MPPSourceBaselineAssignment> sourceOfBaselineAssignments(XMLElement baselineTask) {
+    std::vector<MPPSourceBaselineAssignment> assignments;
+    forEachChildElement(baselineTask, "assignment", [&](XMLElement element) {
+        std::string buffer;
+        const auto units = element.attributeView("units", buffer);
+        const double number = units && !units->empty() ? doubleValue(*units) : 1.0;
+        assignments.push_back({element.attributeForName("idref").value_or(""), number});
+    });
+    return assignments;
 }
 
 } // namespace brackwater

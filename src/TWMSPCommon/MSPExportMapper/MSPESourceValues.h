@@ -4,8 +4,6 @@
 #include "Platform/XMLElement.h"
 
 #include <memory>
-#include <optional>
-#include <string_view>
 
 namespace brackwater {
 
@@ -14,8 +12,10 @@ class MSPEScheduledTaskInfo;
 
 // What the records of a corrected export keep of their elements.
 
-[[nodiscard]] std::unique_ptr<MPPTaskSource> sourceOfTask(const MSPEMapper& mapper, XMLElement zelbTask,
-                                                          const MSPEScheduledTaskInfo& info, bool isEffortDriven);
-[[nodiscard]] std::unique_ptr<MPPResourceSource> sourceOfResource(XMLElement zelbResource);
+/// Without what takes the task's element itself, such as its baseline.
+[[nodiscard]] std::unique_ptr<MPPTaskSource> sourceOfTask(const MSPEScheduledTaskInfo& info, bool projectFromStart);
+[[nodiscard]] std::unique_ptr<MPPResourceSource> sourceOfResource(const MSPEMapper& mapper, XMLElement zelbResource);
+/// The assignments of a task of the baseline document, in order.
+[[nodiscard]] std::vector<MPPSourceBaselineAssignment> sourceOfBaselineAssignments(XMLElement baselineTask);
 
 } // namespace brackwater

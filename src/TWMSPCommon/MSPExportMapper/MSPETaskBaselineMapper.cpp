@@ -1,7 +1,10 @@
 #include "TWMSPCommon/MSPExportMapper/MSPETaskBaselineMapper.h"
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskBaselineAdapter.h"
+#include "Platform/TextReadings.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEChildElements.h"
+#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceValues.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 #include <fmt/format.h>
@@ -21,9 +24,16 @@ std::optional<std::string> mspdiDate(std::optional<std::string_view> text) {
     return text ? MSPIUtilities::zelbToMspdiDateTime(*text) : std::nullopt;
 }
 
+double numberOrZero(const Children& children, Child name) {
+    const auto text = children.text(name);
+    return text ? doubleValue(*text) : 0.0;
+}
+
 } // namespace
 
-std::shared_ptr<MSPEXMLTaskBaselineAdapter> MSPETaskBaselineMapper::newBaselineFromZelbTask(XMLElement zelbTask) const {
+std::shared_ptr<MSPEXMLTaskBaselineAdapter>
+MSPETaskBaselineMapper::newBaselineFromZelbTask(XMLElement zelbTask,
+                                                std::optional<MPPSourceTaskBaseline>& source) const {
     std::string buffer;
     const auto id = zelbTask.attributeView("id", buffer);
     const auto baselineTask = id ? baseline().getTaskById(*id) : std::nullopt;
@@ -41,8 +51,12 @@ std::shared_ptr<MSPEXMLTaskBaselineAdapter> MSPETaskBaselineMapper::newBaselineF
         element->addChildElementWithName("Duration", MSPIUtilities::zelbToMspdiDuration(duration));
     if (const auto effort = children.text(Child::Effort))
         element->addChildElementWithName("Work", MSPIUtilities::zelbToMspdiDuration(effort));
-    if (const auto cost = children.onlyNumber(Child::StaticCost))
+    const auto cost = children.onlyNumber(Child::StaticCost);
+    if (cost)
         element->addChildElementWithName("FixedCost", fmt::format("{:.2f}", *cost * 100));
+    if (mapper()->keepsSource() && baselineNumber() == 0)
+        source = MPPSourceTaskBaseline{numberOrZero(children, Child::Duration), numberOrZero(children, Child::Effort),
+                                       cost.value_or(0), sourceOfBaselineAssignments(*baselineTask)};
     return element;
 }
 

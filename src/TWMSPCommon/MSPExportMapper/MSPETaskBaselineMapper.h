@@ -1,9 +1,11 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "Platform/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEBaselineMapperBase.h"
 
 #include <memory>
+#include <optional>
 
 namespace brackwater {
 
@@ -14,8 +16,10 @@ class MSPETaskBaselineMapper final : public MSPEBaselineMapperBase {
 public:
     using MSPEBaselineMapperBase::MSPEBaselineMapperBase;
 
-    /// From the task's element in the main document; null where the baseline does not have it.
-    [[nodiscard]] std::shared_ptr<MSPEXMLTaskBaselineAdapter> newBaselineFromZelbTask(XMLElement zelbTask) const;
+    /// From the task's element in the main document; null where the baseline does not have it. `source` gets what the
+    /// first baseline says of the task, where sources are kept.
+    [[nodiscard]] std::shared_ptr<MSPEXMLTaskBaselineAdapter>
+    newBaselineFromZelbTask(XMLElement zelbTask, std::optional<MPPSourceTaskBaseline>& source) const;
 };
 
 } // namespace brackwater

@@ -138,7 +138,7 @@ public:
         add("Manual", kNo);
         addBaselines();
         if (_mapper->keepsSource())
-            _task->mppDomObject()->source = sourceOfTask(*_mapper, _zelbTask, *_info, _isEffortDriven);
+            keepSource();
         return std::move(_task);
     }
 
@@ -247,8 +247,16 @@ private:
             return;
         logLine("  Mapping {} baselines for Task ...", count);
         for (std::size_t number = 0; number < count; ++number)
-            if (const auto baseline = MSPETaskBaselineMapper(number, _mapper).newBaselineFromZelbTask(_zelbTask))
+            if (const auto baseline =
+                    MSPETaskBaselineMapper(number, _mapper).newBaselineFromZelbTask(_zelbTask, _sourceBaseline))
                 _task->addChild(baseline);
+    }
+
+    void keepSource() {
+        auto source = sourceOfTask(*_info, _projectMapper.scheduleFromStart());
+        source->isEffortDriven = _isEffortDriven;
+        source->baseline = std::move(_sourceBaseline);
+        _task->mppDomObject()->source = std::move(source);
     }
 
     MSPEMapper* _mapper;
@@ -259,6 +267,7 @@ private:
     std::string _uid;
     const MSPEScheduledTaskInfo* _info = nullptr;
     bool _isEffortDriven = false;
+    std::optional<MPPSourceTaskBaseline> _sourceBaseline; ///< of the first baseline, where sources are kept
     std::shared_ptr<MSPEXMLTaskAdapter> _task;
 };
 
