@@ -54,4 +54,39 @@ const FieldTable& linkFields() {
     return table;
 }
 
+const FieldTable& outlineCodeFields() {
+    static const FieldTable table{.number = 8,
+                                  .family = 0x16400000,
+                                  .mapType = 0x00020019,
+                                  .oldMapType = 0x03000019,
+                                  .firstRows = 10,
+                                  .rows = 19,
+                                  .firstSize = 14,
+                                  .secondSize = 50,
+                                  .firstMetaSize = 10,
+                                  .secondMetaSize = 10,
+                                  .fields = {
+                                      first(0, 0, 0, Number32, "unique id"),
+                                      first(1, 4, 1, Number32, "id of the parent"),
+                                      flag(2, 0, 2, "flag 0"),
+                                      flag(3, 2, 3, "flag 2"),
+                                      flag(4, 0, 4, "second flag 0"),
+                                      flag(5, 1, 5, "flag 1"),
+                                      flag(6, 3, 6, "flag 3"),
+                                      first(7, 8, 13, Number32, "place"),
+                                      first(8, 12, 11, Number16, "level"),
+                                      variable(9, 8, Text, "name"),
+                                      second(10, 0, 19, Guid, "guid"),
+                                      second(11, 16, 20, Guid, "guid of the parent"),
+                                      second(12, 32, 25, Guid, "guid of the field"),
+                                      second(13, 48, 21, Number16, "kind"),
+                                      variable(14, 23, Double, "number"),
+                                      variable(15, 22, Block, "value"),
+                                      variable(16, 27, Text, "description"),
+                                      variable(17, 28, Text, "long name"),
+                                      variable(18, 30, Text, "code"),
+                                  }};
+    return table;
+}
+
 } // namespace brackwater::layout

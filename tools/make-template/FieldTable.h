@@ -70,6 +70,7 @@ struct FieldTable {
 [[nodiscard]] const FieldTable& assignmentFields();
 [[nodiscard]] const FieldTable& calendarFields();
 [[nodiscard]] const FieldTable& linkFields();
+[[nodiscard]] const FieldTable& outlineCodeFields();
 
 /// Throws std::logic_error when a table contradicts itself: rows out of order or twice, fields that overlap or stand
 /// outside their row, a flag outside its record.

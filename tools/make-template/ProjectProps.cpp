@@ -2,6 +2,7 @@
 
 #include "FieldMap.h"
 #include "PropsFrame.h"
+#include "StandardProps.h"
 #include "TemplateValues.h"
 
 namespace brackwater::layout {
@@ -88,6 +89,7 @@ Bytes projectProps(const std::vector<RowStorage>& storages) {
     PropsFrame props(kProjectPropsMagic);
     addTexts(props);
     addProjectValues(props);
+    addStandardProps(props);
     for (const RowStorage& storage : storages)
         addRowKind(props, storage);
     return props.take();

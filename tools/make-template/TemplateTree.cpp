@@ -4,6 +4,7 @@
 #include "RootStreams.h"
 #include "RowStorage.h"
 #include "TemplateValues.h"
+#include "ViewFolder.h"
 
 #include <fmt/format.h>
 
@@ -64,6 +65,15 @@ Row defaultResourceCalendarRow() {
     return row;
 }
 
+// All real files have this one row: the code that stands for none.
+Row noOutlineCodeRow() {
+    Row row(outlineCodeFields());
+    row.guid("guid", kNoOutlineCodeGuid).guid("guid of the parent", kNoOutlineCodeGuid);
+    row.guid("guid of the field", kNobodyGuid);
+    row.element("number", ByteBuilder().f64(0).take());
+    return row;
+}
+
 std::vector<RowStorage> rowStorages() {
     return {
         {.name = "TBkndTask", .table = taskFields(), .headerRows = 3, .rows = {projectRow()}},
@@ -74,61 +84,8 @@ std::vector<RowStorage> rowStorages() {
          .rows = {standardCalendarRow(), defaultResourceCalendarRow()}},
         {.name = "TBkndAssn", .table = assignmentFields(), .headerRows = 0, .rows = {}},
         {.name = "TBkndCons", .table = linkFields(), .headerRows = 0, .rows = {}, .hasVar2Data = false},
+        {.name = "TBkndOutlCode", .table = outlineCodeFields(), .headerRows = 3, .rows = {noOutlineCodeRow()}},
     };
-}
-
-Bytes emptyVarMeta() { return ByteBuilder().u32(0xFADFADBA).zeroes(20).take(); }
-
-Bytes fixedMeta(std::uint32_t count, std::size_t dataSize, const Bytes& records) {
-    return ByteBuilder()
-        .u32(0xFADFADBA)
-        .u32(4)
-        .u32(count)
-        .u32(static_cast<std::uint32_t>(dataSize))
-        .bytes(records)
-        .take();
-}
-
-// A collection of the view folder with the streams that its readers open.
-Entry collection(std::string name, Bytes rows, Bytes meta) {
-    return Entry::storage(std::move(name),
-                          {Entry::stream("Var2Data", {}), Entry::stream("VarMeta", emptyVarMeta()),
-                           Entry::stream("FixedData", std::move(rows)), Entry::stream("FixedMeta", std::move(meta))});
-}
-
-Entry emptyCollection(std::string name) { return collection(std::move(name), {}, fixedMeta(0, 0, {})); }
-
-// One row of a collection: its id, its name if it has one, zeroes to its size; the tail of its record is the flags.
-Entry oneRowCollection(std::string name, std::string_view title, std::size_t rowSize, const Bytes& record) {
-    ByteBuilder row;
-    row.u32(1);
-    if (!title.empty())
-        row.text16(title);
-    row.zeroes(rowSize - row.size());
-    return collection(std::move(name), row.take(), fixedMeta(1, rowSize, record));
-}
-
-Entry viewFolder() {
-    const auto record = [](std::uint32_t start) { return std::move(ByteBuilder().u32(start).u32(0)); };
-    return Entry::storage("   212",
-                          {
-                              oneRowCollection("CV_iew", "&Gantt Chart", 138, record(0x00020000).u16(0x06FF).take()),
-                              oneRowCollection("CTable", "&Entry", 230, record(0x00010000).u16(0x00DF).take()),
-                              oneRowCollection("CEdl", "", 160, record(0x00010000).u16(0xBFF7).u8(0).take()),
-                              emptyCollection("CFilter"),
-                              emptyCollection("CGrouping"),
-                              emptyCollection("CReport"),
-                              emptyCollection("CMap"),
-                          });
-}
-
-// No codes: the streams alone.
-Entry outlineCodes() {
-    return Entry::storage("TBkndOutlCode",
-                          {Entry::stream("Var2Data", {}), Entry::stream("VarMeta", emptyVarMeta()),
-                           Entry::stream("FixedData", {}), Entry::stream("FixedMeta", fixedMeta(0, 0, {})),
-                           Entry::stream("Fixed2Data", {}), Entry::stream("Fixed2Meta", fixedMeta(0, 0, {})),
-                           Entry::stream("Props", storageProps())});
 }
 
 } // namespace
@@ -140,7 +97,6 @@ std::vector<Entry> templateTree(VersionFolder folder) {
         verify(storage.table);
         rows.children.push_back(storage.entry(storage.name == "TBkndTask" ? taskStorageProps() : storageProps()));
     }
-    rows.children.push_back(outlineCodes());
     rows.children.push_back(Entry::stream("Props", projectProps(storages)));
     return {
         Entry::stream("\x01"

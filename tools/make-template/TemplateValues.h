@@ -19,6 +19,11 @@ constexpr GuidBytes guidNumber(std::uint8_t n) {
 inline constexpr GuidBytes kProjectGuid = guidNumber(1);
 inline constexpr GuidBytes kStandardCalendarGuid = guidNumber(2);
 inline constexpr GuidBytes kDefaultResourceGuid = guidNumber(3);
+inline constexpr GuidBytes kFileGuid = guidNumber(4);
+/// Stands for work without a resource in all files: a constant of the format.
+inline constexpr GuidBytes kNobodyGuid{0x7E, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0, 0, 0, 0, 0, 0, 0, 0xFF};
+inline constexpr GuidBytes kNoOutlineCodeGuid = guidNumber(5);
+inline constexpr GuidBytes kGanttChartGuid = guidNumber(6);
 inline constexpr GuidBytes kNoGuid{};
 
 } // namespace brackwater::layout

@@ -1,5 +1,6 @@
 #include "Check.h"
 
+#include "ConsistencyCheck.h"
 #include "TextTable.h"
 
 #include <fmt/format.h>
@@ -50,6 +51,7 @@ Findings check(const CompoundFile& file, const ProjectFile& project) {
         checkTemplate(project, findings);
     if (!project.folder.empty())
         checkFieldMaps(file, project, findings);
+    checkConsistency(file, project, findings);
     checkPlan(project, findings);
     return findings;
 }

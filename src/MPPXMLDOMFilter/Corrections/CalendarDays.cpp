@@ -49,7 +49,8 @@ const MinuteRanges* CalendarDays::exceptionOn(std::int64_t day) const {
         [](std::int64_t sought, const ExceptionDays& exception) { return sought < exception.firstDay; });
     if (next == _exceptions.begin() || std::prev(next)->lastDay < day)
         return nullptr;
-    return &std::prev(next)->hours;
+    const ExceptionDays& exception = *std::prev(next);
+    return exception.week ? &(*exception.week)[weekdayOf(day)] : &exception.hours;
 }
 
 const MinuteRanges& CalendarDays::weekHoursOn(std::size_t weekday) const {

@@ -10,12 +10,17 @@
 
 namespace brackwater {
 
-/// Days of equal hours that differ from the week. Days are counted from 1970-01-01.
+/// Hours by weekday, Sunday first.
+using WeekHours = std::array<MinuteRanges, 7>;
+
+/// Days that differ from the week: all of equal hours, or, in a long span of days, with a week of their own. Days are
+/// counted from 1970-01-01.
 struct ExceptionDays {
     std::int64_t firstDay = 0;
     std::int64_t lastDay = 0;
     MinuteRanges hours;
     std::string name;
+    std::optional<WeekHours> week;
 };
 
 /// The hours of a calendar day by day: its week, its exceptions, and behind them those of the calendar that it derives

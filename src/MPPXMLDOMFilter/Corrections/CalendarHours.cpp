@@ -61,6 +61,7 @@ private:
     [[nodiscard]] const CalendarDays* baseOf(const MPPCalendar& calendar) const;
     void correctWeek(MPPCalendarWorkWeek& week, const CalendarDays& days) const;
     [[nodiscard]] std::shared_ptr<MPPCalendarException> exceptionOf(const ExceptionDays& days) const;
+    [[nodiscard]] std::shared_ptr<MPPCalendarWorkWeek> workWeekOf(const ExceptionDays& days) const;
     [[nodiscard]] Date wallDate(std::int64_t day, std::int64_t second) const;
 
     TimeZone _systemZone = TimeZone::system();
@@ -76,7 +77,10 @@ void CalendarHours::correct(MPPCalendar& calendar) {
         days.setExceptions(daysOfEvents(*calendar.source, days));
         calendar.exceptions.clear();
         for (const ExceptionDays& exception : days.exceptions())
-            calendar.exceptions.push_back(exceptionOf(exception));
+            if (exception.week)
+                calendar.workWeeks.push_back(workWeekOf(exception));
+            else
+                calendar.exceptions.push_back(exceptionOf(exception));
         if (!calendar.baseCalendar.record())
             _baseCalendars.emplace(&calendar, std::move(days));
     } else if (!calendar.baseCalendar.record()) {
@@ -111,6 +115,17 @@ std::shared_ptr<MPPCalendarException> CalendarHours::exceptionOf(const Exception
     if (!days.name.empty())
         exception->name = days.name;
     return exception;
+}
+
+std::shared_ptr<MPPCalendarWorkWeek> CalendarHours::workWeekOf(const ExceptionDays& days) const {
+    auto week = std::make_shared<MPPCalendarWorkWeek>();
+    week->startDate = wallDate(days.firstDay, 0);
+    week->endDate = wallDate(days.lastDay, kSecondsPerDay - 1);
+    for (std::size_t weekday = 0; weekday < week->days().size(); ++weekday)
+        *week->days()[weekday] = std::make_shared<MPPRangeList>(rangeListOf((*days.week)[weekday]));
+    if (!days.name.empty())
+        week->name = days.name;
+    return week;
 }
 
 Date CalendarHours::wallDate(std::int64_t day, std::int64_t second) const {

@@ -13,6 +13,9 @@ constexpr std::int64_t kLastDay = kFirstDay + 65534;
 
 constexpr MinuteRange kWholeDay{0, kMinutesPerDay};
 
+/// Spans of more days get a week of their own instead of an exception for every few days: half a year.
+constexpr std::int64_t kMostSingleDays = 182;
+
 /// Days on which an event does the same to the hours.
 struct Part {
     std::int64_t firstDay = 0;
@@ -121,6 +124,13 @@ void EventSweep::addDays(std::int64_t firstDay, std::int64_t lastDay) {
     const bool isOff = timeOff == MinuteRanges{kWholeDay};
     if (isOff || _activeHours > 0)
         return addDay(firstDay, lastDay, isOff ? overtime : remaining(hours), name);
+    if (lastDay - firstDay >= kMostSingleDays) {
+        WeekHours week;
+        for (std::size_t weekday = 0; weekday < week.size(); ++weekday)
+            week[weekday] = fittingTheFormat(remaining(_calendar.weekHoursOn(weekday)));
+        _days.push_back({firstDay, lastDay, {}, name, std::move(week)});
+        return;
+    }
     for (std::int64_t day = firstDay; day <= lastDay; ++day)
         addDay(day, day, remaining(_calendar.regularHoursOn(day)), name);
 }
@@ -133,7 +143,7 @@ void EventSweep::addDay(std::int64_t firstDay, std::int64_t lastDay, MinuteRange
     if (goesOn)
         _days.back().lastDay = lastDay;
     else
-        _days.push_back({firstDay, lastDay, std::move(hours), name});
+        _days.push_back({firstDay, lastDay, std::move(hours), name, {}});
 }
 
 } // namespace

@@ -251,6 +251,11 @@ std::uint32_t elementsOfTask(const MPPTask& task) {
     return static_cast<std::uint32_t>(elements);
 }
 
+// The second element is there only with tasks, but counted always where the file does not keep its numbers in step.
+std::uint32_t elementsOfProject(const MPPProject& project) {
+    return project.bookkeeping && project.tasks.empty() ? 1 : 2;
+}
+
 std::uint8_t flags1(const MPPTask& task, bool isProject) {
     return static_cast<std::uint8_t>((isProject ? 0x07 : 0x02) | (task.getSplits() ? 0 : 0x80) |
                                      (task.getMarked() ? 0x40 : 0) | (task.isSummary ? 0x04 : 0));
@@ -300,7 +305,7 @@ std::array<std::uint8_t, 13> presenceOfTextFields(const MPPTask& task) {
 
 void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const {
     const bool isProjectRow = isProject(task);
-    fixedMeta.writeNextElementStartWithInt(isProjectRow ? 0x00020000 : elementsOfTask(task) << 16);
+    fixedMeta.writeNextElementStartWithInt((isProjectRow ? elementsOfProject(project()) : elementsOfTask(task)) << 16);
     MetaRecordBuilder<kFixedMetaSize> record;
     record.at(8).byte(task.milestone ? 0x63 : 0x43);
     record.at(9).byte(flags1(task, isProjectRow));

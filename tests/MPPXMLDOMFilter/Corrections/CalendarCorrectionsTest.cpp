@@ -90,6 +90,18 @@ TEST_F(CalendarCorrections, EventsBecomeTheHoursThatAreLeftOfTheirDays) {
     }
 }
 
+TEST_F(CalendarCorrections, ALongSpanOfHoursIsAWorkWeekAndALongTimeOffAnException) {
+    project.standardCalendar->source = std::make_shared<MPPCalendarSource>(
+        MPPCalendarSource{event(kOver, 0, 200, 1080, 1140), event(kOff, 300, 900000, 0, 1440)});
+    correctCalendarHours(project);
+    ASSERT_EQ(project.standardCalendar->workWeeks.size(), 1U);
+    const MPPCalendarWorkWeek& week = *project.standardCalendar->workWeeks[0];
+    EXPECT_EQ(descriptionOfRanges(week.mondayWorkRanges.get()), "08:00-12:00 13:00-17:00 18:00-19:00 ");
+    EXPECT_EQ(descriptionOfRanges(week.sundayWorkRanges.get()), "18:00-19:00 ");
+    EXPECT_EQ(week.endDate->secondsSince(*week.startDate), 201 * 86400.0 - 1);
+    EXPECT_EQ(textOf(*project.standardCalendar), "300-49761 ; "); // to the format's last day
+}
+
 TEST_F(CalendarCorrections, TimeOffOfAResourceAddsNoHoursToADayOff) {
     project.standardCalendar->source =
         std::make_shared<MPPCalendarSource>(MPPCalendarSource{event(kOff, 0, 0, 0, 1440)});

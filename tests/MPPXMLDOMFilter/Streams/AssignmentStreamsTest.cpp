@@ -130,7 +130,7 @@ TEST_F(AssignmentStreams, ARowHoldsEachFieldAtItsOffset) {
     assignment.cost = 6;
     assignment.actualCost = 7;
     assignment.remainingCost = 8;
-    assignment.baseline0 = std::make_shared<MPPAssignmentBaseline>(MPPAssignmentBaseline{9, dateAt(5), dateAt(6)});
+    assignment.baseline0 = std::make_shared<MPPAssignmentBaseline>(MPPAssignmentBaseline{9, 0, dateAt(5), dateAt(6)});
     ASSERT_TRUE(writeAssignments()) << failureReason;
     ByteImage expected(142);
     expected.integer(0, 2).integer(4, 1).integer(8, 0xFFFF0001);
@@ -182,7 +182,7 @@ TEST_F(AssignmentStreams, BaselinesAndNotesHaveElementsAndBits) {
     assignment.notes = "n";
     for (int i = 0; i < 4; ++i)
         assignment.baselines.push_back(std::make_shared<MPPAssignmentBaseline>());
-    *assignment.baselines[1] = {2, dateAt(1), dateAt(2)};
+    *assignment.baselines[1] = {2, 0, dateAt(1), dateAt(2)};
     addAssignment(&task, &resource).notes = "";
     ASSERT_TRUE(writeAssignments()) << failureReason;
 

@@ -88,7 +88,7 @@ TEST_F(TaskStreams, ARowHoldsEachFieldAtItsOffset) {
     task.actualCost = 7;
     task.remainingCost = 8;
     task.baseline0 = std::make_shared<MPPTaskBaseline>();
-    *task.baseline0 = {600, 9, 4, dateAt(8), dateAt(9)};
+    *task.baseline0 = {600, 9, 0, 4, dateAt(8), dateAt(9)};
     auto calendar = std::make_shared<MPPCalendar>();
     project.baseCalendars.push_back(calendar);
     task.calendar.setRecord(calendar);
@@ -225,7 +225,7 @@ TEST_F(TaskStreams, ABaselineHasSixElements) {
     addTask("b");
     for (int i = 0; i < 7; ++i)
         task.baselines.push_back(std::make_shared<MPPTaskBaseline>());
-    *task.baselines[1] = {600, 9, 4, dateAt(8), std::nullopt};
+    *task.baselines[1] = {600, 9, 0, 4, dateAt(8), std::nullopt};
     preprocess(); // the first one moves into the row
     ASSERT_TRUE(writeTasks()) << failureReason;
 

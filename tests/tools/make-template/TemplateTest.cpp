@@ -142,8 +142,8 @@ TEST(FieldMaps, OfEarlierVersionsEndBeforeTheSecondBlock) {
 }
 
 TEST(FieldTables, OfTheTemplateAreSound) {
-    for (const FieldTable* table :
-         {&taskFields(), &resourceFields(), &assignmentFields(), &calendarFields(), &linkFields()})
+    for (const FieldTable* table : {&taskFields(), &resourceFields(), &assignmentFields(), &calendarFields(),
+                                    &linkFields(), &outlineCodeFields()})
         EXPECT_NO_THROW(verify(*table));
 }
 

@@ -98,6 +98,7 @@ TEST_F(TemplateCheck, MissesTheStreamsThatAnExportTakes) {
 }
 
 TEST_F(TemplateCheck, FindsStoragesThatAnExportCannotCopyButNotThoseItWritesAnew) {
+    remove(childrenOf("   212"), "CVba");
     childrenOf("   212").push_back(
         storage("CVba", {storage("module", {storage("deeper", {}), stream("dir", {1})}), stream("Props", {1})}));
     childrenOf("   112", "TBkndTask").push_back(storage("left out", {}));
@@ -125,6 +126,32 @@ TEST_F(TemplateCheck, FindsMissingProperties) {
     EXPECT_THAT(findings().errors.lines(),
                 ElementsAre("Props: a property is missing: an export will not have it, and readers rely on it: "
                             "currency symbol (0x02400010)"));
+}
+
+// What all real files keep in step.
+TEST_F(TemplateCheck, FindsNumbersThatDoNotAgreeWithTheRows) {
+    Bytes& props = named(childrenOf("   112"), "Props").bytes;
+    props.at(payloadAt(0x01000001)) = 9;
+    props.at(payloadAt(0x00010003)) = 1;
+    props.at(payloadAt(0x00040002)) = 80;
+    props.at(payloadAt(0x02400024) - 8) = 0x7F; // no longer that property
+    constexpr std::size_t kTaskRecord = 16 + 3 * 47, kResourceRow = 3 * 16;
+    named(childrenOf("   112", "TBkndTask"), "FixedMeta").bytes.at(kTaskRecord + 2) = 7;
+    named(childrenOf("   112", "TBkndRsc"), "FixedData").bytes.at(kResourceRow + 16) = 3;
+    named(childrenOf("   212", "CV_iew"), "FixedData").bytes.at(112) = 0;
+    named(childrenOf("   212", "CTable"), "FixedMeta").bytes.at(16 + 2) = 1;
+    remove(childrenOf("   212"), "CUdm");
+    EXPECT_THAT(findings().warnings.lines(),
+                testing::UnorderedElementsAre(
+                    "TBkndTask: the properties tell another number of rows: 9, not 4",
+                    "TBkndCal: the properties tell another size of Var2Data: 1, not 22",
+                    "TBkndRsc: a row of the second block has another size than the properties tell: row 3: 40, not 80",
+                    "Props: a property is absent that all real files have: 0x02400024",
+                    "TBkndTask: the record of a row tells another number of elements than it has: row 3: 7, not 1",
+                    "TBkndRsc: a row names another calendar than the resource's own: row 3: 3, not 2",
+                    "CV_iew: a view is of no known kind: row 0",
+                    "CTable: the record of a row tells another number of elements than it has: row 0: 1, not 0",
+                    "212: an entry is absent that all real files have: CUdm"));
 }
 
 TEST_F(TemplateCheck, SaysWhatIsOnlyGoodToKnowWithoutMakingAnythingOfIt) {

@@ -60,7 +60,7 @@ TEST_P(ExportedFile, ShowsMilestonesTextsAndBaselinesOfATaskInsideAnother) {
     walls.customFieldValues = {"north", "", "red"};
     for (int n = 0; n < 3; ++n)
         walls.baselines.push_back(std::make_shared<MPPTaskBaseline>(
-            MPPTaskBaseline{(n + 1) * 8 * kHour, 9.5, n + 1.0, kMonday.advancedBy(n * kDay), std::nullopt}));
+            MPPTaskBaseline{(n + 1) * 8 * kHour, 9.5, 0, n + 1.0, kMonday.advancedBy(n * kDay), std::nullopt}));
 
     const inspect::ProjectFile file = exported();
     ASSERT_EQ(file.tasks.size(), 4U);
