@@ -1,4 +1,5 @@
 #include "Decoders.h"
+#include "RecurrenceReader.h"
 #include "WeekText.h"
 
 #include <fmt/format.h>
@@ -56,9 +57,20 @@ private:
         if (!have(size))
             return;
         CalendarException exception{*_block.u16(_at), *_block.u16(_at + 2), ranges(_at + rangesAt), {}};
+        exception.recurrence = recurrenceAt(_block.part(_at, size), [this](std::string_view what) { complain(what); });
         _at += size;
         exception.name = alignedName();
+        beginWithItsFirstDay(exception);
         calendar.exceptions.push_back(std::move(exception));
+    }
+
+    // The file tells from when on the days recur, which need not be one of them.
+    static void beginWithItsFirstDay(CalendarException& exception) {
+        if (!exception.recurrence)
+            return;
+        const auto days = daysOf(*exception.recurrence, exception.firstDay, exception.lastDay);
+        if (!days.empty())
+            exception.firstDay = days.front();
     }
 
     void readWorkWeek(Calendar& calendar) {

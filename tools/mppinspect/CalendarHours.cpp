@@ -35,8 +35,9 @@ void CalendarHours::add(const Calendar& calendar) {
     Level& level = _levels.emplace_back();
     if (calendar.hasOwnHours)
         level.week = &calendar.week;
-    for (const CalendarException& exception : calendar.exceptions)
-        level.exceptions.add(exception.firstDay, exception.lastDay, exception.ranges);
+    forEachSpan(calendar.exceptions, [&level](DaySpan span, const CalendarException& exception) {
+        level.exceptions.add(span.first, span.last, exception.ranges);
+    });
     for (const WorkWeek& workWeek : calendar.workWeeks)
         level.workWeeks.add(workWeek.firstDay, workWeek.lastDay, workWeek.week);
     level.exceptions.arrange();

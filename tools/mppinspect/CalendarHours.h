@@ -40,4 +40,23 @@ private:
     std::vector<Level> _levels;
 };
 
+/// Calls `take(span, exception)` for the days of a calendar's exceptions, in their order in the file: one span for one
+/// that holds every day, one a day for one that recurs. Days beyond any real calendar's number of them are left out.
+template <typename Take>
+void forEachSpan(const std::vector<CalendarException>& exceptions, const Take& take) {
+    std::size_t recurringDaysLeft = 200'000;
+    for (const CalendarException& exception : exceptions) {
+        if (!exception.recurrence) {
+            take(DaySpan{exception.firstDay, exception.lastDay}, exception);
+            continue;
+        }
+        for (const std::uint16_t day : daysOf(*exception.recurrence, exception.firstDay, exception.lastDay)) {
+            if (recurringDaysLeft == 0)
+                return;
+            --recurringDaysLeft;
+            take(DaySpan{day, day}, exception);
+        }
+    }
+}
+
 } // namespace brackwater::inspect

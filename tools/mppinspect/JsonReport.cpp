@@ -14,6 +14,8 @@ namespace {
 /// Grows when a key is taken away or changes its meaning; new keys leave it.
 constexpr int kVersion = 2;
 
+constexpr std::array kWeekdays{"sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
+
 double hoursOf(double thousandthsOfMinutes) { return thousandthsOfMinutes / 60'000; }
 double wholeOf(double hundredths) { return hundredths / 100; }
 std::optional<double> hoursOf(const std::optional<double>& work) {
@@ -109,7 +111,7 @@ private:
         _json.endObject();
     }
     template <typename Elements, typename Content>
-    void addArray(std::string_view key, const Elements& elements, const Content& content) {
+    void addArray(std::string_view key, const Elements& elements, Content content) {
         _json.key(key);
         _json.beginArray();
         for (const auto& element : elements)
@@ -341,14 +343,35 @@ private:
         add("ownHours", calendar.hasOwnHours);
         addWeek(calendar.week);
         addList("exceptions", calendar.exceptions, [this](const CalendarException& exception) {
-            add("name", exception.name);
+            add("name", exception.name.empty() ? std::nullopt : std::optional(exception.name));
             addDays(exception);
             addRanges("ranges", exception.ranges);
+            addRecurrence(exception.recurrence);
         });
         addList("workWeeks", calendar.workWeeks, [this](const WorkWeek& workWeek) {
             add("name", workWeek.name);
             addDays(workWeek);
             addWeek(workWeek.week);
+        });
+    }
+
+    void addRecurrence(const std::optional<Recurrence>& recurrence) {
+        if (!recurrence) {
+            _json.key("recurrence");
+            return _json.null();
+        }
+        const auto orNull = [](unsigned number) { return number == 0 ? std::nullopt : std::optional(number); };
+        addObject("recurrence", [&] {
+            add("kind", kindText(recurrence->kind));
+            add("every", recurrence->every);
+            add("occurrences", recurrence->occurrences);
+            addArray("weekdays", kWeekdays, [&, day = 0U](const char* name) mutable {
+                if ((recurrence->weekdays >> day++ & 1) != 0)
+                    _json.text(name);
+            });
+            add("ordinal", orNull(recurrence->ordinal));
+            add("day", orNull(recurrence->day));
+            add("month", orNull(recurrence->month));
         });
     }
 
@@ -359,10 +382,9 @@ private:
     }
 
     void addWeek(const Week& week) {
-        constexpr std::array names{"sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
         addObject("week", [&] {
-            for (std::size_t day = 0; day < names.size(); ++day)
-                addRanges(names.at(day), week.at(day));
+            for (std::size_t day = 0; day < kWeekdays.size(); ++day)
+                addRanges(kWeekdays.at(day), week.at(day));
         });
     }
 
