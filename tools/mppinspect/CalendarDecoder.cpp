@@ -152,9 +152,9 @@ Calendar readCalendar(const RawRow& raw, const VarData& var, Complaints& complai
     if (calendar.resourceId == noResource)
         calendar.resourceId.reset();
     const VarData::Owned elements = var.elementsOf(calendar.id);
-    calendar.name = VarData::find(elements, kNameElement).text16();
+    calendar.name = var.find(elements, kNameElement).text16();
     calendar.guid = raw.second.guid(0);
-    const ByteView hours = VarData::find(elements, kHoursElement);
+    const ByteView hours = var.find(elements, kHoursElement);
     calendar.hasOwnHours = !hours.empty();
     if (calendar.hasOwnHours)
         HoursReader(hours, fmt::format("calendar {}", calendar.id), complaints).readInto(calendar);

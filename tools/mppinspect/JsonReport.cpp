@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <concepts>
 #include <unordered_map>
 
@@ -30,24 +31,25 @@ class JsonReport {
 public:
     explicit JsonReport(const Sink& sink) : _json(sink) {}
 
-    void write(const ProjectFile& project) {
+    void write(const ProjectFile& project, std::span<const Section> sections) {
         _json.beginObject();
         add("version", kVersion);
-        addDocument(project);
-        addProject(project);
-        const Predecessors predecessors = predecessorsOf(project);
-        addList("tasks", project.tasks, [&](const Task& task) { addTask(task, predecessors); });
-        addList("resources", project.resources, [this](const Resource& resource) { addResource(resource); });
-        addList("assignments", project.assignments,
-                [this](const Assignment& assignment) { addAssignment(assignment); });
-        addList("links", project.links, [this](const Link& link) { addLink(link); });
-        addList("calendars", project.calendars, [this](const Calendar& calendar) { addCalendar(calendar); });
-        addList("complaints", project.complaints.groups(), [this](const Complaints::Group& group) {
-            add("where", group.where);
-            add("what", group.what);
-            addArray("places", group.places, [this](const std::string& place) { _json.text(place); });
-            add("count", group.count);
-        });
+        for (const Section section : kAllSections)
+            if (std::ranges::find(sections, section) != sections.end())
+                addSection(project, section);
+        _json.endObject();
+        _json.finish();
+    }
+
+    void write(const Findings& findings) {
+        _json.beginObject();
+        add("version", kVersion);
+        _json.key("findings");
+        _json.beginArray();
+        addFindings("error", findings.errors);
+        addFindings("warning", findings.warnings);
+        addFindings("note", findings.notes);
+        _json.endArray();
         _json.endObject();
         _json.finish();
     }
@@ -129,23 +131,63 @@ private:
 
     // Parts of the file.
 
-    void addDocument(const ProjectFile& project) {
+    void addSection(const ProjectFile& project, Section section) {
+        switch (section) {
+        case Section::Summary:
+            return addCounts(project);
+        case Section::Entries:
+            return addEntries(project);
+        case Section::Properties:
+            return addProperties(project);
+        case Section::Tasks:
+            return addTasks(project);
+        case Section::Resources:
+            addTexts("resourceTextNames", project.resourceTextNames);
+            return addList("resources", project.resources, [this](const Resource& record) { addResource(record); });
+        case Section::Assignments:
+            return addList("assignments", project.assignments,
+                           [this](const Assignment& record) { addAssignment(record); });
+        case Section::Links:
+            return addList("links", project.links, [this](const Link& record) { addLink(record); });
+        case Section::Calendars:
+            return addList("calendars", project.calendars, [this](const Calendar& record) { addCalendar(record); });
+        case Section::Complaints:
+            return addList("complaints", project.complaints.groups(),
+                           [this](const Complaints::Group& group) { addGroup(group); });
+        }
+    }
+
+    void addCounts(const ProjectFile& project) {
         addArray("document", project.compObj, [this](const std::string& text) { _json.text(text); });
         add("folder", project.folder);
+        addObject("counts", [&] {
+            add("entries", project.entries.size());
+            add("properties", project.properties.size());
+            add("tasks", project.tasks.size());
+            add("milestones", std::ranges::count(project.tasks, true, &Task::milestone));
+            add("resources", project.resources.size());
+            add("assignments", project.assignments.size());
+            add("links", project.links.size());
+            add("calendars", project.calendars.size());
+            add("complaints", project.complaints.groups().size());
+        });
+    }
+
+    void addEntries(const ProjectFile& project) {
         addList("entries", project.entries, [this](const EntryInfo& entry) {
             add("path", entry.path);
             add("storage", entry.isStorage);
             add("bytes", entry.size);
         });
+    }
+
+    void addProperties(const ProjectFile& project) {
         const auto addSummary = [this](const SummaryValue& value) {
             add("id", value.id);
             add("value", value.text);
         };
         addList("summary", project.summary, addSummary);
         addList("documentSummary", project.documentSummary, addSummary);
-    }
-
-    void addProject(const ProjectFile& project) {
         addList("properties", project.properties, [this](const ProjectProperty& property) {
             add("type", fmt::format("0x{:08X}", property.type));
             add("name", property.name);
@@ -156,9 +198,29 @@ private:
             add("minutesPerWeek", project.units.minutesPerWeek);
             add("daysPerMonth", project.units.daysPerMonth);
         });
+    }
+
+    void addTasks(const ProjectFile& project) {
         addTexts("taskTextNames", project.taskTextNames);
-        addTexts("resourceTextNames", project.resourceTextNames);
         add("blankTaskRows", project.blankTaskRows);
+        const Predecessors predecessors = predecessorsOf(project);
+        addList("tasks", project.tasks, [&](const Task& task) { addTask(task, predecessors); });
+    }
+
+    void addGroup(const Complaints::Group& group) {
+        add("where", group.where);
+        add("what", group.what);
+        addArray("places", group.places, [this](const std::string& place) { _json.text(place); });
+        add("count", group.count);
+    }
+
+    void addFindings(const char* severity, const Complaints& findings) {
+        for (const Complaints::Group& group : findings.groups()) {
+            _json.beginObject();
+            add("severity", severity);
+            addGroup(group);
+            _json.endObject();
+        }
     }
 
     void addTexts(std::string_view key, const std::map<std::size_t, std::string>& texts) {
@@ -405,6 +467,10 @@ private:
 
 } // namespace
 
-void writeJson(const ProjectFile& project, const Sink& sink) { JsonReport(sink).write(project); }
+void writeJson(const ProjectFile& project, const Sink& sink, std::span<const Section> sections) {
+    JsonReport(sink).write(project, sections);
+}
+
+void writeJson(const Findings& findings, const Sink& sink) { JsonReport(sink).write(findings); }
 
 } // namespace brackwater::inspect

@@ -170,6 +170,10 @@ struct ProjectFile {
     Complaints complaints;
 };
 
+/// What kind of file of Microsoft Project this is when it is of another format than that of 2007, for a sentence of the
+/// form "... is ..."; empty otherwise.
+[[nodiscard]] std::string otherFormat(const ProjectFile& project);
+
 /// Decodes everything; what cannot be read is left out with a complaint.
 [[nodiscard]] ProjectFile decode(const CompoundFile& file);
 

@@ -88,8 +88,9 @@ std::map<std::size_t, std::string> readTextNames(const RowStreams& streams, cons
             continue;
         }
         const auto known = std::ranges::find(textFields, field);
-        if (known != textFields.end())
-            names[static_cast<std::size_t>(known - textFields.begin()) + 1] = block.part(offset).text16();
+        const auto position = static_cast<std::size_t>(known - textFields.begin()) + 1;
+        if (known != textFields.end() && !names.contains(position)) // names may share one long text
+            names.emplace(position, block.part(offset).text16());
     }
     return names;
 }
