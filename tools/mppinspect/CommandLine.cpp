@@ -99,8 +99,8 @@ public:
 private:
     void addForms() {
         constexpr const char* group = "How it is shown";
-        _csv = _app.add_flag("--csv", "one table as comma-separated values")->group(group);
-        _json = _app.add_flag("--json", "as JSON, for programs")->group(group);
+        _csv = _app.add_flag("--csv", _isCsv, "one table as comma-separated values")->group(group);
+        _json = _app.add_flag("--json", _isJson, "as JSON, for programs")->group(group);
         _app.add_option("--width", _arguments.width, "of tables, in characters; 0: no bound; else the terminal's")
             ->check(CLI::Range(0, 100'000))
             ->type_name("N")
@@ -136,11 +136,11 @@ private:
             if (std::ranges::find(_arguments.sections, section) == _arguments.sections.end())
                 _arguments.sections.push_back(section);
         }
-        if (_csv->count() != 0 && _arguments.sections.size() != 1)
+        if (_isCsv && _arguments.sections.size() != 1)
             throw CLI::ValidationError("--csv", "names one table, such as --tasks --csv");
-        if (_csv->count() != 0)
+        if (_isCsv)
             _arguments.form = Form::Csv;
-        if (_json->count() != 0)
+        if (_isJson)
             _arguments.form = Form::Json;
         if (_arguments.sections.empty())
             _arguments.sections.assign(kAllSections.begin(), kAllSections.end());
@@ -149,6 +149,7 @@ private:
     CLI::App _app;
     Arguments _arguments;
     Texts _texts;
+    bool _isCsv = false, _isJson = false;
     std::vector<CLI::Option*> _sections; ///< in the order of their table
     CLI::Option *_csv = nullptr, *_json = nullptr, *_gantt = nullptr;
 };
