@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
                  "make-template");
     std::string folder = "112", output;
     app.set_help_flag("--help", "show this text");
-    app.set_version_flag("--version", "make-template " BRACKWATER_VERSION);
+    app.set_version_flag("--version", "make-template " BRACKWATER_VERSION, "show the version");
     app.add_option("--folder", folder, "112 for the layout of Project 2007, 114 for that of 2010")
         ->check(CLI::IsMember({"112", "114"}))
         ->type_name("FOLDER");

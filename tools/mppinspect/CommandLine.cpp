@@ -62,11 +62,21 @@ void takeGanttOptions(const Texts& texts, GanttOptions& options) {
     options.today = texts.today.empty() ? currentDay() : dayOf("--today", texts.today);
 }
 
+/// Shows an option with the name of its value alone: what excludes what is told where somebody breaks it.
+class PlainFormatter : public CLI::Formatter {
+public:
+    [[nodiscard]] std::string make_option_opts(const CLI::Option* option) const override {
+        const std::string type = option->get_type_name();
+        return type.empty() || option->get_positional() ? "" : " " + type.substr(0, type.find(':'));
+    }
+};
+
 /// The options and what they have in common.
 class Parser {
 public:
     Parser() : _app("Shows what a Microsoft Project file holds; without an option everything, as text.", "mppinspect") {
-        _app.set_version_flag("--version", "mppinspect " BRACKWATER_VERSION);
+        _app.formatter(std::make_shared<PlainFormatter>());
+        _app.set_version_flag("--version", "mppinspect " BRACKWATER_VERSION, "show the version");
         _app.set_help_flag("--help", "show this text");
         _app.add_option("FILE.mpp", _arguments.path, "the project file")->required();
         for (const SectionOption& option : kSectionOptions)
