@@ -7,14 +7,15 @@ install(FILES "${CMAKE_BINARY_DIR}/share/Template.mpp" DESTINATION "${CMAKE_INST
 install(FILES packaging/brackwater.1 packaging/Brackwater.1 packaging/mppinspect.1 packaging/make-template.1
         DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 # One file completes all programs; the shell looks for it under the name of each.
-foreach(program brackwater Brackwater mppinspect)
+foreach(program brackwater Brackwater mppinspect make-template)
   install(FILES packaging/brackwater.bash-completion DESTINATION "${completions}" RENAME "${program}")
 endforeach()
-install(FILES packaging/_brackwater packaging/_Brackwater packaging/_mppinspect
+install(FILES packaging/_brackwater packaging/_Brackwater packaging/_mppinspect packaging/_make-template
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
 install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
-install(FILES docs/fidelity.md docs/format.md docs/json.md docs/loss-report.schema.json
+install(FILES docs/fidelity.md docs/format.md docs/json.md docs/brackwater-report.schema.json
+        docs/loss-report.schema.json docs/mppinspect.schema.json
         DESTINATION "${doc}/docs")
 install(FILES docs/images/gantt.png DESTINATION "${doc}/docs/images")
 install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")

@@ -26,12 +26,12 @@ use() {
         out=$(groff -man -Tutf8 -ww -z "$page" 2>&1)
         [ -z "$out" ] || fail "manual page $program.1: $out"
     done
-    for file in bash-completion/completions/brackwater bash-completion/completions/Brackwater bash-completion/completions/mppinspect \
-        zsh/vendor-completions/_brackwater zsh/vendor-completions/_Brackwater zsh/vendor-completions/_mppinspect brackwater/Template.mpp \
+    for file in bash-completion/completions/{brackwater,Brackwater,mppinspect,make-template} \
+        zsh/vendor-completions/_{brackwater,Brackwater,mppinspect,make-template} brackwater/Template.mpp \
         doc/brackwater/copyright doc/brackwater/README.md doc/brackwater/docs/fidelity.md; do
         [ -s "$prefix/share/$file" ] || fail "no $file in $prefix/share"
     done
-    for program in brackwater Brackwater mppinspect; do
+    for program in brackwater Brackwater mppinspect make-template; do
         bash -n "$prefix/share/bash-completion/completions/$program" || fail "completion of $program"
     done
 
@@ -54,13 +54,12 @@ same_options() {
     [ "$found" = "$told" ] || fail "options in $place: '$found', in the usage: '$told'"
 }
 compare_options() {
-    local prefix=$1 told
-    told=$("$prefix/bin/mppinspect" 2>&1 | options_of)
-    same_options "$told" "$prefix/share/man/man1/mppinspect.1"
-    same_options "$told" "$prefix/share/zsh/vendor-completions/_mppinspect"
-    told=$("$prefix/bin/brackwater" --help | options_of)
-    same_options "$told" "$prefix/share/man/man1/brackwater.1"
-    same_options "$told" "$prefix/share/zsh/vendor-completions/_brackwater"
+    local prefix=$1 told program
+    for program in brackwater mppinspect make-template; do
+        told=$("$prefix/bin/$program" --help | options_of)
+        same_options "$told" "$prefix/share/man/man1/$program.1"
+        same_options "$told" "$prefix/share/zsh/vendor-completions/_$program"
+    done
     told=$("$prefix/bin/Brackwater" 2>&1 | options_of)
     same_options "$told" "$prefix/share/man/man1/Brackwater.1"
     same_options "$told" "$prefix/share/zsh/vendor-completions/_Brackwater"

@@ -5,20 +5,20 @@
 
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
-#include <span>
-#include <string_view>
+#include <string>
 
 namespace {
 
 constexpr int kDone = 0, kFailed = 1, kWrongArguments = 2;
 
-int usage() {
-    fmt::print(stderr,
-               "Usage: make-template [--folder 112|114] OUT.mpp\n"
-               "Lays out a template with an empty project. The folder decides the form of calendars and links.\n");
-    return kWrongArguments;
+int showHelp(const std::string& text) {
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fclose(stdout) == 0;
+    if (!written)
+        fmt::print(stderr, "make-template: cannot write the whole of the output\n");
+    return written ? kDone : kFailed;
 }
 
 } // namespace
@@ -26,21 +26,28 @@ int usage() {
 int main(int argc, char** argv) {
     brackwater::openStandardDescriptors();
     using brackwater::layout::VersionFolder;
-    std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
-    arguments = arguments.subspan(arguments.empty() ? 0 : 1);
-    VersionFolder folder = VersionFolder::Project2007;
-    if (arguments.size() == 3 && std::string_view(arguments[0]) == "--folder") {
-        const std::string_view number = arguments[1];
-        if (number == "114")
-            folder = VersionFolder::Project2010;
-        else if (number != "112")
-            return usage();
-        arguments = arguments.subspan(2);
-    }
-    if (arguments.size() != 1 || arguments[0][0] == '-')
-        return usage();
+    brackwater::openStandardDescriptors();
+    CLI::App app("Lays out a template with an empty project. The folder decides the form of calendars and links.",
+                 "make-template");
+    std::string folder = "112", output;
+    app.set_help_flag("--help", "show this text");
+    app.set_version_flag("--version", "make-template " BRACKWATER_VERSION, "show the version");
+    app.add_option("--folder", folder, "112 for the layout of Project 2007, 114 for that of 2010")
+        ->check(CLI::IsMember({"112", "114"}))
+        ->type_name("FOLDER");
+    app.add_option("OUT.mpp", output, "the file to write; an existing one is replaced")->required();
     try {
-        brackwater::layout::writeCompoundFile(arguments[0], brackwater::layout::templateTree(folder));
+        app.parse(argc, argv);
+        brackwater::layout::writeCompoundFile(
+            output, brackwater::layout::templateTree(folder == "112" ? VersionFolder::Project2007
+                                                                     : VersionFolder::Project2010));
+    } catch (const CLI::CallForHelp&) {
+        return showHelp(app.help());
+    } catch (const CLI::CallForVersion& version) {
+        return showHelp(fmt::format("{}\n", version.what()));
+    } catch (const CLI::Error& error) {
+        fmt::print(stderr, "make-template: {}; see make-template --help\n", error.what());
+        return kWrongArguments;
     } catch (const std::exception& failure) {
         fmt::print(stderr, "make-template: {}\n", failure.what());
         return kFailed;

@@ -170,7 +170,7 @@ void decodeAssignments(const DecodeContext& context) {
     std::vector<Assignment>& assignments = context.out.assignments;
     for (const RawRow& raw : table.rows) {
         // Readers take only records whose first byte is 0.
-        if ((raw.marks & 0xFF) != 0 || raw.first.empty() || !fitsMap(table, raw, complaints))
+        if ((raw.marks & 0xFF) != 0 || raw.first.empty() || !fitsMap(table, raw, ShortRow::Kept, complaints))
             continue;
         const auto id = RowReader(table, raw).u32(kUniqueId);
         if (!id)

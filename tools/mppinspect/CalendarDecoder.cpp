@@ -1,4 +1,5 @@
 #include "Decoders.h"
+#include "RecurrenceReader.h"
 #include "WeekText.h"
 
 #include <fmt/format.h>
@@ -56,9 +57,20 @@ private:
         if (!have(size))
             return;
         CalendarException exception{*_block.u16(_at), *_block.u16(_at + 2), ranges(_at + rangesAt), {}};
+        exception.recurrence = recurrenceAt(_block.part(_at, size), [this](std::string_view what) { complain(what); });
         _at += size;
         exception.name = alignedName();
+        beginWithItsFirstDay(exception);
         calendar.exceptions.push_back(std::move(exception));
+    }
+
+    // The file tells from when on the days recur, which need not be one of them.
+    static void beginWithItsFirstDay(CalendarException& exception) {
+        if (!exception.recurrence)
+            return;
+        const auto days = daysOf(*exception.recurrence, exception.firstDay, exception.lastDay);
+        if (!days.empty())
+            exception.firstDay = days.front();
     }
 
     void readWorkWeek(Calendar& calendar) {
@@ -140,9 +152,9 @@ Calendar readCalendar(const RawRow& raw, const VarData& var, Complaints& complai
     if (calendar.resourceId == noResource)
         calendar.resourceId.reset();
     const VarData::Owned elements = var.elementsOf(calendar.id);
-    calendar.name = VarData::find(elements, kNameElement).text16();
+    calendar.name = var.find(elements, kNameElement).text16();
     calendar.guid = raw.second.guid(0);
-    const ByteView hours = VarData::find(elements, kHoursElement);
+    const ByteView hours = var.find(elements, kHoursElement);
     calendar.hasOwnHours = !hours.empty();
     if (calendar.hasOwnHours)
         HoursReader(hours, fmt::format("calendar {}", calendar.id), complaints).readInto(calendar);

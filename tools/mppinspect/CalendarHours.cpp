@@ -31,30 +31,40 @@ const Value* DayTable<Value>::find(int day) const {
     return nullptr;
 }
 
-void CalendarHours::add(const Calendar& calendar) {
-    Level& level = _levels.emplace_back();
-    if (calendar.hasOwnHours)
-        level.week = &calendar.week;
-    for (const CalendarException& exception : calendar.exceptions)
-        level.exceptions.add(exception.firstDay, exception.lastDay, exception.ranges);
-    for (const WorkWeek& workWeek : calendar.workWeeks)
-        level.workWeeks.add(workWeek.firstDay, workWeek.lastDay, workWeek.week);
-    level.exceptions.arrange();
-    level.workWeeks.arrange();
+CalendarHours::CalendarHours(const Calendar* calendar) {
+    if (calendar == nullptr)
+        return;
+    if (calendar->hasOwnHours)
+        _week = &calendar->week;
+    forEachSpan(calendar->exceptions, [this](DaySpan span, const CalendarException& exception) {
+        _exceptions.add(span.first, span.last, exception.ranges);
+    });
+    for (const WorkWeek& workWeek : calendar->workWeeks)
+        _workWeeks.add(workWeek.firstDay, workWeek.lastDay, workWeek.week);
+    _exceptions.arrange();
+    _workWeeks.arrange();
 }
 
+// An exception of the base comes before a week of the calendar's own.
 const std::vector<TimeRange>& CalendarHours::on(int day) const {
-    for (const Level& level : _levels)
-        if (const auto* ranges = level.exceptions.find(day))
+    const CalendarHours* level = this;
+    for (int count = 0; level != nullptr && count < kMostLevels; ++count, level = level->_base)
+        if (const auto* ranges = level->_exceptions.find(day))
             return *ranges;
+    level = this;
+    for (int count = 0; level != nullptr && count < kMostLevels; ++count, level = level->_base)
+        if (const DayRanges* ranges = level->ofWeek(day))
+            return **ranges;
+    return usualHours(weekdayOf(day));
+}
+
+// Null where the calendar leaves the day to its base.
+const DayRanges* CalendarHours::ofWeek(int day) const {
     const std::size_t weekday = weekdayOf(day);
-    for (const Level& level : _levels) {
-        const Week* special = level.workWeeks.find(day);
-        for (const Week* week : {special, level.week})
-            if (week != nullptr && week->at(weekday))
-                return *week->at(weekday);
-    }
-    return usualHours(weekday);
+    for (const Week* week : {_workWeeks.find(day), _week})
+        if (week != nullptr && week->at(weekday))
+            return &week->at(weekday);
+    return nullptr;
 }
 
 } // namespace brackwater::inspect

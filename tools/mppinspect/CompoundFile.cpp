@@ -8,7 +8,13 @@
 #include <gsf/gsf-input-stdio.h>
 #include <gsf/gsf-utils.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <stdexcept>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 
 namespace brackwater::inspect {
 
@@ -16,6 +22,7 @@ namespace {
 
 constexpr int kDeepest = 32; ///< storages within one another; real files have three
 constexpr std::size_t kMostEntries = 10'000;
+constexpr std::int64_t kLargestFile = std::int64_t{2} << 30;
 constexpr std::uint64_t kLargestDirectory = kMostEntries * 128;
 
 struct Unreference {
@@ -58,6 +65,29 @@ WordReader wordsOf(const Input& input) {
         const guint8* bytes = gsf_input_read(file, 4, nullptr);
         return bytes == nullptr ? std::nullopt : ByteView(std::span(bytes, 4)).u32(0);
     };
+}
+
+// A pipe or device may never end, or block already when it is opened.
+std::FILE* openRegular(const std::string& path) {
+    const auto failed = [&path](int error) {
+        return std::system_error(error, std::generic_category(), fmt::format("cannot open '{}'", path));
+    };
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor == -1)
+        throw failed(errno);
+    struct stat status {};
+    const bool isKnown = fstat(descriptor, &status) == 0;
+    std::FILE* const file =
+        isKnown && S_ISREG(status.st_mode) && status.st_size <= kLargestFile ? fdopen(descriptor, "rb") : nullptr;
+    if (file != nullptr)
+        return file;
+    const int error = errno;
+    close(descriptor);
+    if (isKnown && !S_ISREG(status.st_mode))
+        throw std::runtime_error(fmt::format("'{}' is no regular file", path));
+    if (isKnown && status.st_size > kLargestFile)
+        throw std::runtime_error(fmt::format("'{}' is larger than the 2 GiB that such a file can have", path));
+    throw failed(error);
 }
 
 [[noreturn]] void fail(const std::string& what, GError* error) {
@@ -108,10 +138,9 @@ CompoundFile::~CompoundFile() = default;
 
 CompoundFile CompoundFile::open(const std::string& path) {
     auto node = std::make_unique<Node>();
-    GError* error = nullptr;
-    const Input input(gsf_input_stdio_new(path.c_str(), &error));
+    const Input input(gsf_input_stdio_new_FILE(path.c_str(), openRegular(path), FALSE));
     if (!input)
-        fail(fmt::format("cannot open '{}'", path), error);
+        throw std::runtime_error(fmt::format("cannot read '{}'", path));
     node->takeRoot(input, path);
     return CompoundFile(std::move(node));
 }

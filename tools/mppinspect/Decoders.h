@@ -54,9 +54,11 @@ private:
 /// Header rows stand in front of the rows and hold no values.
 [[nodiscard]] bool isHeaderRow(const RawRow& row);
 [[nodiscard]] bool isDeleted(const RawRow& row);
-/// Whether the row has all the bytes that the map needs; complains where not. Readers drop a row that is too short in
-/// the first block, and take zeroes for what is missing in the second.
-[[nodiscard]] bool fitsMap(const RowTable& table, const RawRow& row, Complaints& complaints);
+/// What readers make of a row that is too short for its map.
+enum class ShortRow { Dropped, Kept };
+/// Whether the row is to be read; complains where it has not all the bytes that the map needs. Readers drop some rows
+/// that are too short in the first block, and take zeroes for what is missing in the others and in the second block.
+[[nodiscard]] bool fitsMap(const RowTable& table, const RawRow& row, ShortRow ifShort, Complaints& complaints);
 /// "row 17"
 [[nodiscard]] std::string rowName(const RawRow& row);
 /// Names of text fields in the "Props" of a storage, by position.

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <concepts>
 #include <unordered_map>
 
@@ -13,6 +14,8 @@ namespace {
 
 /// Grows when a key is taken away or changes its meaning; new keys leave it.
 constexpr int kVersion = 2;
+
+constexpr std::array kWeekdays{"sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
 
 double hoursOf(double thousandthsOfMinutes) { return thousandthsOfMinutes / 60'000; }
 double wholeOf(double hundredths) { return hundredths / 100; }
@@ -28,24 +31,25 @@ class JsonReport {
 public:
     explicit JsonReport(const Sink& sink) : _json(sink) {}
 
-    void write(const ProjectFile& project) {
+    void write(const ProjectFile& project, std::span<const Section> sections) {
         _json.beginObject();
         add("version", kVersion);
-        addDocument(project);
-        addProject(project);
-        const Predecessors predecessors = predecessorsOf(project);
-        addList("tasks", project.tasks, [&](const Task& task) { addTask(task, predecessors); });
-        addList("resources", project.resources, [this](const Resource& resource) { addResource(resource); });
-        addList("assignments", project.assignments,
-                [this](const Assignment& assignment) { addAssignment(assignment); });
-        addList("links", project.links, [this](const Link& link) { addLink(link); });
-        addList("calendars", project.calendars, [this](const Calendar& calendar) { addCalendar(calendar); });
-        addList("complaints", project.complaints.groups(), [this](const Complaints::Group& group) {
-            add("where", group.where);
-            add("what", group.what);
-            addArray("places", group.places, [this](const std::string& place) { _json.text(place); });
-            add("count", group.count);
-        });
+        for (const Section section : kAllSections)
+            if (std::ranges::find(sections, section) != sections.end())
+                addSection(project, section);
+        _json.endObject();
+        _json.finish();
+    }
+
+    void write(const Findings& findings) {
+        _json.beginObject();
+        add("version", kVersion);
+        _json.key("findings");
+        _json.beginArray();
+        addFindings("error", findings.errors);
+        addFindings("warning", findings.warnings);
+        addFindings("note", findings.notes);
+        _json.endArray();
         _json.endObject();
         _json.finish();
     }
@@ -109,7 +113,7 @@ private:
         _json.endObject();
     }
     template <typename Elements, typename Content>
-    void addArray(std::string_view key, const Elements& elements, const Content& content) {
+    void addArray(std::string_view key, const Elements& elements, Content content) {
         _json.key(key);
         _json.beginArray();
         for (const auto& element : elements)
@@ -127,23 +131,63 @@ private:
 
     // Parts of the file.
 
-    void addDocument(const ProjectFile& project) {
+    void addSection(const ProjectFile& project, Section section) {
+        switch (section) {
+        case Section::Summary:
+            return addCounts(project);
+        case Section::Entries:
+            return addEntries(project);
+        case Section::Properties:
+            return addProperties(project);
+        case Section::Tasks:
+            return addTasks(project);
+        case Section::Resources:
+            addTexts("resourceTextNames", project.resourceTextNames);
+            return addList("resources", project.resources, [this](const Resource& record) { addResource(record); });
+        case Section::Assignments:
+            return addList("assignments", project.assignments,
+                           [this](const Assignment& record) { addAssignment(record); });
+        case Section::Links:
+            return addList("links", project.links, [this](const Link& record) { addLink(record); });
+        case Section::Calendars:
+            return addList("calendars", project.calendars, [this](const Calendar& record) { addCalendar(record); });
+        case Section::Complaints:
+            return addList("complaints", project.complaints.groups(),
+                           [this](const Complaints::Group& group) { addGroup(group); });
+        }
+    }
+
+    void addCounts(const ProjectFile& project) {
         addArray("document", project.compObj, [this](const std::string& text) { _json.text(text); });
         add("folder", project.folder);
+        addObject("counts", [&] {
+            add("entries", project.entries.size());
+            add("properties", project.properties.size());
+            add("tasks", project.tasks.size());
+            add("milestones", std::ranges::count(project.tasks, true, &Task::milestone));
+            add("resources", project.resources.size());
+            add("assignments", project.assignments.size());
+            add("links", project.links.size());
+            add("calendars", project.calendars.size());
+            add("complaints", project.complaints.groups().size());
+        });
+    }
+
+    void addEntries(const ProjectFile& project) {
         addList("entries", project.entries, [this](const EntryInfo& entry) {
             add("path", entry.path);
             add("storage", entry.isStorage);
             add("bytes", entry.size);
         });
+    }
+
+    void addProperties(const ProjectFile& project) {
         const auto addSummary = [this](const SummaryValue& value) {
             add("id", value.id);
             add("value", value.text);
         };
         addList("summary", project.summary, addSummary);
         addList("documentSummary", project.documentSummary, addSummary);
-    }
-
-    void addProject(const ProjectFile& project) {
         addList("properties", project.properties, [this](const ProjectProperty& property) {
             add("type", fmt::format("0x{:08X}", property.type));
             add("name", property.name);
@@ -154,9 +198,29 @@ private:
             add("minutesPerWeek", project.units.minutesPerWeek);
             add("daysPerMonth", project.units.daysPerMonth);
         });
+    }
+
+    void addTasks(const ProjectFile& project) {
         addTexts("taskTextNames", project.taskTextNames);
-        addTexts("resourceTextNames", project.resourceTextNames);
         add("blankTaskRows", project.blankTaskRows);
+        const Predecessors predecessors = predecessorsOf(project);
+        addList("tasks", project.tasks, [&](const Task& task) { addTask(task, predecessors); });
+    }
+
+    void addGroup(const Complaints::Group& group) {
+        add("where", group.where);
+        add("what", group.what);
+        addArray("places", group.places, [this](const std::string& place) { _json.text(place); });
+        add("count", group.count);
+    }
+
+    void addFindings(const char* severity, const Complaints& findings) {
+        for (const Complaints::Group& group : findings.groups()) {
+            _json.beginObject();
+            add("severity", severity);
+            addGroup(group);
+            _json.endObject();
+        }
     }
 
     void addTexts(std::string_view key, const std::map<std::size_t, std::string>& texts) {
@@ -341,14 +405,35 @@ private:
         add("ownHours", calendar.hasOwnHours);
         addWeek(calendar.week);
         addList("exceptions", calendar.exceptions, [this](const CalendarException& exception) {
-            add("name", exception.name);
+            add("name", exception.name.empty() ? std::nullopt : std::optional(exception.name));
             addDays(exception);
             addRanges("ranges", exception.ranges);
+            addRecurrence(exception.recurrence);
         });
         addList("workWeeks", calendar.workWeeks, [this](const WorkWeek& workWeek) {
             add("name", workWeek.name);
             addDays(workWeek);
             addWeek(workWeek.week);
+        });
+    }
+
+    void addRecurrence(const std::optional<Recurrence>& recurrence) {
+        if (!recurrence) {
+            _json.key("recurrence");
+            return _json.null();
+        }
+        const auto orNull = [](unsigned number) { return number == 0 ? std::nullopt : std::optional(number); };
+        addObject("recurrence", [&] {
+            add("kind", kindText(recurrence->kind));
+            add("every", recurrence->every);
+            add("occurrences", recurrence->occurrences);
+            addArray("weekdays", kWeekdays, [&, day = 0U](const char* name) mutable {
+                if ((recurrence->weekdays >> day++ & 1) != 0)
+                    _json.text(name);
+            });
+            add("ordinal", orNull(recurrence->ordinal));
+            add("day", orNull(recurrence->day));
+            add("month", orNull(recurrence->month));
         });
     }
 
@@ -359,10 +444,9 @@ private:
     }
 
     void addWeek(const Week& week) {
-        constexpr std::array names{"sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
         addObject("week", [&] {
-            for (std::size_t day = 0; day < names.size(); ++day)
-                addRanges(names.at(day), week.at(day));
+            for (std::size_t day = 0; day < kWeekdays.size(); ++day)
+                addRanges(kWeekdays.at(day), week.at(day));
         });
     }
 
@@ -383,6 +467,10 @@ private:
 
 } // namespace
 
-void writeJson(const ProjectFile& project, const Sink& sink) { JsonReport(sink).write(project); }
+void writeJson(const ProjectFile& project, const Sink& sink, std::span<const Section> sections) {
+    JsonReport(sink).write(project, sections);
+}
+
+void writeJson(const Findings& findings, const Sink& sink) { JsonReport(sink).write(findings); }
 
 } // namespace brackwater::inspect

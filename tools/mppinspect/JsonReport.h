@@ -1,11 +1,16 @@
 #pragma once
 
-#include "ProjectFile.h"
+#include "Check.h"
 #include "TextOutput.h"
+#include "TextReport.h"
+
+#include <span>
 
 namespace brackwater::inspect {
 
-/// The whole file as one JSON object. The same file gives the same text.
-void writeJson(const ProjectFile& project, const Sink& sink);
+/// These sections of the file as JSON. docs/json.md tells the keys.
+void writeJson(const ProjectFile& project, const Sink& sink, std::span<const Section> sections = kAllSections);
+/// The findings of a check as JSON.
+void writeJson(const Findings& findings, const Sink& sink);
 
 } // namespace brackwater::inspect

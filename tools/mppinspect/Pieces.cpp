@@ -24,7 +24,7 @@ public:
     }
 
     [[nodiscard]] std::vector<Piece> piecesOf(const Assignment& assignment) {
-        if (!assignment.start || !assignment.finish)
+        if (!assignment.start || !assignment.finish || *assignment.start >= *assignment.finish)
             return {};
         const Piece whole{*assignment.start, *assignment.finish};
         if (!mayBeInterrupted(assignment))

@@ -2,6 +2,8 @@
 
 #include "Decoders.h"
 
+#include <fmt/format.h>
+
 namespace brackwater::inspect {
 
 namespace {
@@ -71,6 +73,20 @@ std::string kindText(ResourceKind kind) {
         return "cost";
     }
     return {};
+}
+
+std::string otherFormat(const ProjectFile& project) {
+    constexpr std::size_t format = 1;
+    constexpr std::string_view product = "MSProject.";
+    if (project.compObj.size() <= format || !project.compObj[format].starts_with(product))
+        return {};
+    const std::string& name = project.compObj[format];
+    const std::size_t digits = name.find_last_not_of("0123456789") + 1;
+    if (digits == name.size() || name.size() - digits > 2 || name.ends_with("12"))
+        return {};
+    constexpr int ours = 12;
+    return fmt::format("of Microsoft Project {} ({})",
+                       std::stoi(name.substr(digits)) < ours ? "2003 or earlier" : "2010 or later", name);
 }
 
 ProjectFile decode(const CompoundFile& file) {

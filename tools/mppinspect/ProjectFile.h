@@ -3,6 +3,7 @@
 #include "CompoundFile.h"
 #include "PropertySet.h"
 #include "PropsFrame.h"
+#include "Recurrence.h"
 #include "Values.h"
 
 #include <array>
@@ -118,6 +119,12 @@ struct CalendarException {
     std::uint16_t firstDay = 0, lastDay = 0;
     std::vector<TimeRange> ranges;
     std::string name;
+    std::optional<Recurrence> recurrence = std::nullopt; ///< none: every day from the first to the last
+};
+
+/// A run of days, both included.
+struct DaySpan {
+    int first = 0, last = 0;
 };
 
 struct WorkWeek {
@@ -162,6 +169,10 @@ struct ProjectFile {
     std::map<std::size_t, std::string> taskTextNames, resourceTextNames; ///< names of text fields by position
     Complaints complaints;
 };
+
+/// What kind of file of Microsoft Project this is when it is of another format than that of 2007, for a sentence of the
+/// form "... is ..."; empty otherwise.
+[[nodiscard]] std::string otherFormat(const ProjectFile& project);
 
 /// Decodes everything; what cannot be read is left out with a complaint.
 [[nodiscard]] ProjectFile decode(const CompoundFile& file);

@@ -62,6 +62,7 @@ std::vector<SummaryValue> readPropertySet(ByteView stream, std::string_view wher
         complaints.add(where, "fewer properties than counted", fmt::format("{} of {}", present, *counted));
     const std::size_t count = std::min<std::size_t>(*counted, present);
     unsigned codePage = kUsualCodePage;
+    std::size_t bytesLeft = 4 * stream.size(); // values may share one long text
     for (std::size_t i = 0; i < count; ++i) {
         const std::uint32_t id = *section.u32(kSectionHead + 8 * i), offset = *section.u32(kSectionHead + 8 * i + 4);
         const ByteView value = section.part(offset);
@@ -72,6 +73,11 @@ std::vector<SummaryValue> readPropertySet(ByteView stream, std::string_view wher
         if (id == kCodePageId)
             codePage = value.u16(4).value_or(kUsualCodePage);
         values.push_back({id, valueText(value, codePage)});
+        if (values.back().text.size() > bytesLeft) {
+            complaints.add(where, "values share their bytes: the rest is left out");
+            break;
+        }
+        bytesLeft -= values.back().text.size();
     }
     return values;
 }

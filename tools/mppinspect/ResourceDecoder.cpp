@@ -147,7 +147,8 @@ void decodeResources(const DecodeContext& context) {
     checkMap(table, kNames, kFlagBits, complaints);
     std::vector<Resource>& resources = context.out.resources;
     for (const RawRow& raw : table.rows) {
-        if (isHeaderRow(raw) || isDeleted(raw) || raw.first.empty() || !fitsMap(table, raw, complaints))
+        if (isHeaderRow(raw) || isDeleted(raw) || raw.first.empty() ||
+            !fitsMap(table, raw, ShortRow::Dropped, complaints))
             continue;
         const auto uniqueId = RowReader(table, raw).u32(kUniqueId);
         if (!uniqueId)

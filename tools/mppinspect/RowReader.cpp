@@ -14,7 +14,7 @@ ByteView RowReader::bytes(std::uint16_t field) const {
     case FieldPlace::Where::SecondBlock:
         return _row.second.part(place->offset);
     case FieldPlace::Where::Var2Data:
-        return VarData::find(_elements, field);
+        return _table.var.find(_elements, field);
     case FieldPlace::Where::Flag:
         break;
     }

@@ -31,6 +31,8 @@ bool hasHeader(const std::optional<Bytes>& meta, std::size_t headerSize, const s
 VarData::VarData(const RowStreams& streams, const std::string& where, Complaints& complaints) {
     const std::string metaName = where + "/VarMeta", dataName = where + "/Var2Data";
     const ByteView meta = viewOf(streams.varMeta), data = viewOf(streams.var2Data);
+    constexpr std::size_t mostReads = 8, some = 65'536; // a sound element is read twice at most
+    _bytesLeft = mostReads * data.size() + some;
     if (!hasHeader(streams.varMeta, kVarMetaHeader, metaName, complaints))
         return;
     if (*meta.u32(20) != data.size())
@@ -67,14 +69,19 @@ VarData::Owned VarData::elementsOf(std::uint32_t owner) const {
     return {first, end};
 }
 
-ByteView VarData::find(Owned elements, std::uint16_t type) {
+ByteView VarData::find(Owned elements, std::uint16_t type) const {
     const auto typeOf = [](const Element& element) { return static_cast<std::uint16_t>(element.key & 0xFFFF); };
     const auto found = std::ranges::lower_bound(elements, type, {}, typeOf);
-    return found != elements.end() && typeOf(*found) == type ? found->payload : ByteView();
+    if (found == elements.end() || typeOf(*found) != type || _bytesLeft == 0)
+        return {};
+    _bytesLeft -= std::min(_bytesLeft, found->payload.size());
+    return found->payload;
 }
 
 void VarData::checkOwners(const std::vector<std::uint32_t>& ids, const std::string& where,
                           Complaints& complaints) const {
+    if (_bytesLeft == 0)
+        complaints.add(where + "/Var2Data", "elements are shared by so many rows that the rest is left out");
     for (const Element& element : _elements) {
         const auto owner = static_cast<std::uint32_t>(element.key >> 16);
         if (!std::ranges::binary_search(ids, owner))

@@ -24,14 +24,17 @@ public:
     VarData(const RowStreams& streams, const std::string& where, Complaints& complaints);
 
     [[nodiscard]] Owned elementsOf(std::uint32_t owner) const;
-    /// Empty without the element.
-    [[nodiscard]] static ByteView find(Owned elements, std::uint16_t type);
+    /// Empty without the element. Elements may overlap, and rows may share them: all that is read in this way may be
+    /// no more than a multiple of the stream, and is empty from there on.
+    [[nodiscard]] ByteView find(Owned elements, std::uint16_t type) const;
     [[nodiscard]] std::size_t size() const noexcept { return _elements.size(); }
-    /// Complains of elements whose owner is not among the given ids, which must be sorted.
+    /// Complains of elements whose owner is not among the given ids, which must be sorted, and of reading that was
+    /// ended. Needed when all rows are read.
     void checkOwners(const std::vector<std::uint32_t>& ids, const std::string& where, Complaints& complaints) const;
 
 private:
-    std::vector<Element> _elements; ///< sorted by key
+    std::vector<Element> _elements;     ///< sorted by key
+    mutable std::size_t _bytesLeft = 0; ///< to read, so that no small file makes much work
 };
 
 /// One row: its bytes in both blocks and the bits of both its records. Views into the streams.

@@ -44,22 +44,23 @@ bool isHeaderRow(const RawRow& row) { return row.marks == kHeaderMark; }
 
 bool isDeleted(const RawRow& row) { return (row.marks & kDeletedMark) != 0; }
 
-bool fitsMap(const RowTable& table, const RawRow& row, Complaints& complaints) {
+bool fitsMap(const RowTable& table, const RawRow& row, ShortRow ifShort, Complaints& complaints) {
     if (table.map.empty())
         return false;
+    const auto complain = [&](std::string_view block, std::size_t size, std::size_t needed, std::string_view verdict) {
+        complaints.add(
+            table.where,
+            fmt::format("a row{} is shorter than the {} bytes that the field map needs{}", block, needed, verdict),
+            fmt::format("{} of {}", rowName(row), size));
+    };
     if (row.first.size() < table.map.firstSize()) {
-        complaints.add(table.where,
-                       fmt::format("a row is shorter than the {} bytes that the field map needs: readers "
-                                   "drop it",
-                                   table.map.firstSize()),
-                       fmt::format("{} of {}", rowName(row), row.first.size()));
-        return false;
+        complain("", row.first.size(), table.map.firstSize(),
+                 ifShort == ShortRow::Dropped ? ": readers drop it" : ": what is missing counts as zero");
+        if (ifShort == ShortRow::Dropped)
+            return false;
     }
     if (row.second.size() < table.map.secondSize())
-        complaints.add(table.where,
-                       fmt::format("a row of the second block is shorter than the {} bytes that the field map needs",
-                                   table.map.secondSize()),
-                       fmt::format("{} of {}", rowName(row), row.second.size()));
+        complain(" of the second block", row.second.size(), table.map.secondSize(), "");
     return true;
 }
 
@@ -87,8 +88,9 @@ std::map<std::size_t, std::string> readTextNames(const RowStreams& streams, cons
             continue;
         }
         const auto known = std::ranges::find(textFields, field);
-        if (known != textFields.end())
-            names[static_cast<std::size_t>(known - textFields.begin()) + 1] = block.part(offset).text16();
+        const auto position = static_cast<std::size_t>(known - textFields.begin()) + 1;
+        if (known != textFields.end() && !names.contains(position)) // names may share one long text
+            names.emplace(position, block.part(offset).text16());
     }
     return names;
 }

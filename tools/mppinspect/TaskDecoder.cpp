@@ -216,10 +216,10 @@ void decodeTasks(const DecodeContext& context) {
             ++context.out.blankTaskRows;
             continue;
         }
-        if (!fitsMap(table, raw, complaints))
-            continue;
+        // The project's own row is short in some real files, and kept by all readers.
         const auto uniqueId = RowReader(table, raw).u32(kUniqueId);
-        if (uniqueId)
+        const ShortRow ifShort = uniqueId == 0U ? ShortRow::Kept : ShortRow::Dropped;
+        if (fitsMap(table, raw, ifShort, complaints) && uniqueId)
             tasks.push_back(readTask(table, raw, *uniqueId));
     }
     table.var.checkOwners(checkIds(tasks, &Task::uniqueId, kTasks.storage, complaints), kTasks.storage, complaints);

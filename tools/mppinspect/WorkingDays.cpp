@@ -1,5 +1,7 @@
 #include "WorkingDays.h"
 
+#include "CalendarHours.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -80,8 +82,9 @@ std::vector<DaySpan> freeDays(const Calendar* calendar, DaySpan within) {
     const auto mark = [&](int day, bool isFreeDay) { free[static_cast<std::size_t>(day - within.first)] = isFreeDay; };
     TellOnce days(within);
     if (calendar != nullptr) {
-        for (const CalendarException& exception : calendar->exceptions)
-            days.tell({exception.firstDay, exception.lastDay}, [&](int day) { mark(day, exception.ranges.empty()); });
+        forEachSpan(calendar->exceptions, [&](DaySpan span, const CalendarException& exception) {
+            days.tell(span, [&](int day) { mark(day, exception.ranges.empty()); });
+        });
         for (const WorkWeek& week : calendar->workWeeks)
             days.tell({week.firstDay, week.lastDay}, [&](int day) { mark(day, isFree(week.week, day)); });
     }

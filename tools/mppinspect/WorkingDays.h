@@ -4,11 +4,6 @@
 
 namespace brackwater::inspect {
 
-/// A run of days, both included.
-struct DaySpan {
-    int first = 0, last = 0;
-};
-
 /// The calendar that the project goes by: the one of the name that the project's properties tell, else the first base
 /// calendar. Null without one.
 [[nodiscard]] const Calendar* projectCalendar(const ProjectFile& project);

@@ -26,17 +26,21 @@ WorkingTime::WorkingTime(const ProjectFile& project)
         _calendars.try_emplace(calendar.id, &calendar);
 }
 
-const CalendarHours& WorkingTime::hoursOf(CalendarId id) {
-    const auto [hours, isNew] = _hours.try_emplace(id.value_or(kNoCalendar));
-    constexpr int mostLevels = 8; // ends circles; real calendars have two
-    for (int level = 0; isNew && id && level < mostLevels; ++level) {
-        const auto calendar = _calendars.find(*id);
-        if (calendar == _calendars.end())
+const CalendarHours& WorkingTime::hoursOf(CalendarId asked) {
+    CalendarId id = asked;
+    CalendarHours* derived = nullptr;
+    for (int level = 0; level < CalendarHours::kMostLevels; ++level) {
+        const auto calendar = id ? _calendars.find(*id) : _calendars.end();
+        const bool isThere = calendar != _calendars.end();
+        const auto [hours, isNew] = _hours.try_emplace(id.value_or(kNoCalendar), isThere ? calendar->second : nullptr);
+        if (derived != nullptr)
+            derived->deriveFrom(hours->second);
+        if (!isNew || !isThere || !calendar->second->baseId)
             break;
-        hours->second.add(*calendar->second);
+        derived = &hours->second;
         id = calendar->second->baseId;
     }
-    return hours->second;
+    return _hours.at(asked.value_or(kNoCalendar));
 }
 
 // Shows `take` each stretch of work from a moment on, until it answers.

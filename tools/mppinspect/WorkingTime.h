@@ -21,7 +21,7 @@ public:
     [[nodiscard]] std::optional<Date> nextWorking(CalendarId calendar, Date moment);
 
 private:
-    const CalendarHours& hoursOf(CalendarId calendar);
+    const CalendarHours& hoursOf(CalendarId asked);
     template <typename Take>
     std::optional<Date> walk(CalendarId calendar, Date from, const Take& take);
 

@@ -1,158 +1,119 @@
 #include "Check.h"
+#include "CommandLine.h"
 #include "GanttPage.h"
 #include "JsonReport.h"
+#include "PageFile.h"
+#include "StandardOutput.h"
 #include "TextReport.h"
+#include "TextTable.h"
+
+#include "Platform/StandardDescriptors.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdio>
 #include <exception>
-#include <memory>
-#include <optional>
-#include <span>
 #include <stdexcept>
-#include <string_view>
+#include <sys/ioctl.h>
 #include <system_error>
-#include <vector>
+#include <unistd.h>
 
 namespace {
 
 using namespace brackwater::inspect;
 
-constexpr int kDone = 0, kFailed = 1, kWrongArguments = 2;
-
-struct Option {
-    std::string_view name;
-    Section section;
-    std::string_view help;
-};
-
-constexpr std::array kOptions{
-    Option{"--summary", Section::Summary, "how much of everything there is"},
-    Option{"--entries", Section::Entries, "storages and streams with their sizes"},
-    Option{"--properties", Section::Properties, "properties of the project and the summary streams"},
-    Option{"--tasks", Section::Tasks, "tasks with their text fields, baselines and notes"},
-    Option{"--resources", Section::Resources, "resources likewise"},
-    Option{"--assignments", Section::Assignments, "assignments"},
-    Option{"--links", Section::Links, "links between tasks"},
-    Option{"--calendars", Section::Calendars, "calendars with their weeks, exceptions and work weeks"},
-    Option{"--complaints", Section::Complaints, "what does not fit in the file"},
-};
-
-int usage() {
-    std::string text = "Usage: mppinspect [OPTION ...] FILE.mpp\n"
-                       "Shows what a project file holds; without an option everything.\n";
-    for (const Option& option : kOptions)
-        text += fmt::format("  {:<14}{}\n", option.name, option.help);
-    text += "Or, each alone:\n"
-            "  --json        everything as JSON\n"
-            "  --gantt OUT.html\n"
-            "                the plan as a page with a bar chart, for any browser and for printing\n"
-            "  --check       whether a template suits, or what a planner would stumble over: then status 1\n";
-    fmt::print(stderr, "{}", text);
-    return kWrongArguments;
+/// Characters on a line of the terminal; 0 where the output goes elsewhere.
+std::size_t terminalWidth() {
+    winsize size{};
+    return isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
-enum class Output { Sections, Json, Gantt, Check };
-
-struct Arguments {
-    Output output = Output::Sections;
-    std::vector<Section> sections;
-    const char* path = nullptr;
-    const char* page = nullptr; ///< of --gantt
-};
-
-std::optional<Output> outputOf(std::string_view argument) {
-    if (argument == "--json")
-        return Output::Json;
-    if (argument == "--gantt")
-        return Output::Gantt;
-    return argument == "--check" ? std::optional(Output::Check) : std::nullopt;
-}
-
-/// Nothing where they make no sense.
-std::optional<Arguments> parse(std::span<char*> arguments) {
-    Arguments parsed;
-    for (const std::string_view argument : arguments) {
-        if (parsed.output == Output::Gantt && parsed.page == nullptr && !argument.empty()) {
-            parsed.page = argument.data();
-            continue;
-        }
-        const auto option = std::ranges::find(kOptions, argument, &Option::name);
-        if (option != kOptions.end())
-            parsed.sections.push_back(option->section);
-        else if (const auto output = outputOf(argument); output && parsed.output == Output::Sections)
-            parsed.output = *output;
-        else if (argument.starts_with('-') || argument.empty() || parsed.path != nullptr)
-            return std::nullopt;
-        else
-            parsed.path = argument.data();
-    }
-    if (parsed.path == nullptr || (parsed.output != Output::Sections && !parsed.sections.empty()))
-        return std::nullopt;
-    return parsed;
-}
-
-void print(std::string_view text) { (void)std::fwrite(text.data(), 1, text.size(), stdout); }
-
-void printSections(const ProjectFile& project, std::vector<Section> sections) {
-    if (sections.empty())
-        for (const Option& option : kOptions)
-            sections.push_back(option.section);
+void printSections(const ProjectFile& project, const Arguments& arguments) {
+    const std::size_t width = arguments.width ? *arguments.width : terminalWidth();
     bool first = true;
-    for (const Section section : sections) {
-        print((first ? "" : "\n") + report(project, section));
+    for (const Section section : arguments.sections) {
+        StandardOutput::write((first ? "" : "\n") + report(project, section, width));
         first = false;
     }
 }
 
-void writePage(const ProjectFile& project, const char* path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), std::fclose);
-    if (!file)
-        throw std::system_error(errno, std::generic_category(), fmt::format("cannot write '{}'", path));
-    writeGanttPage(project,
-                   [&file](std::string_view text) { (void)std::fwrite(text.data(), 1, text.size(), file.get()); });
-    if (std::fflush(file.get()) != 0 || std::ferror(file.get()) != 0)
-        throw std::runtime_error(fmt::format("cannot write the whole of '{}'", path));
+void print(const ProjectFile& project, const Arguments& arguments) {
+    switch (arguments.form) {
+    case Form::Text:
+        return printSections(project, arguments);
+    case Form::Csv:
+        return StandardOutput::write(csv(project, arguments.sections.front()));
+    case Form::Json:
+        return writeJson(project, StandardOutput::write, arguments.sections);
+    }
+}
+
+void writePage(const ProjectFile& project, const Arguments& arguments) {
+    if (*arguments.page == "-")
+        return writeGanttPage(project, StandardOutput::write, arguments.gantt);
+    PageFile page(*arguments.page, arguments.path, arguments.force);
+    writeGanttPage(
+        project, [&page](std::string_view text) { page.write(text); }, arguments.gantt);
+    page.publish();
+}
+
+int printFindings(const CompoundFile& file, const ProjectFile& project, const Arguments& arguments) {
+    const Findings findings = check(file, project);
+    if (arguments.form == Form::Json)
+        writeJson(findings, StandardOutput::write);
+    else
+        StandardOutput::write(findingsText(findings));
+    return findings.any() ? kFailed : kDone;
+}
+
+// The streams and what is odd about them can be shown of any compound file, all else only of a plan.
+bool needsPlan(const Arguments& arguments) {
+    const auto isOfAnyFile = [](Section section) {
+        return section == Section::Entries || section == Section::Complaints;
+    };
+    return !arguments.check && (arguments.sections.empty() || !std::ranges::all_of(arguments.sections, isOfAnyFile));
 }
 
 int run(const Arguments& arguments) {
     const CompoundFile file = CompoundFile::open(arguments.path);
     const ProjectFile project = decode(file);
-    int status = kDone;
-    switch (arguments.output) {
-    case Output::Sections:
-        printSections(project, arguments.sections);
-        break;
-    case Output::Json:
-        writeJson(project, print);
-        break;
-    case Output::Gantt:
-        writePage(project, arguments.page);
-        break;
-    case Output::Check: {
-        const Findings findings = check(file, project);
-        print(findingsText(findings));
-        status = findings.any() ? kFailed : kDone;
-        break;
-    }
-    }
-    return std::fflush(stdout) == 0 ? status : kFailed;
+    if (const std::string other = otherFormat(project); !other.empty())
+        throw std::runtime_error(
+            fmt::format("'{}' is {}: only files of the 2007 format are read", arguments.path, other));
+    if (project.folder.empty() && needsPlan(arguments))
+        throw std::runtime_error(fmt::format("'{}' holds no project of the 2007 format", arguments.path));
+    if (arguments.check)
+        return printFindings(file, project, arguments);
+    if (arguments.page)
+        writePage(project, arguments);
+    else
+        print(project, arguments);
+    return kDone;
 }
+
+void complain(std::string_view what) { fmt::print(stderr, "mppinspect: {}\n", printable(what)); }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const auto arguments = parse(std::span(argv, static_cast<std::size_t>(argc)).subspan(argc > 0 ? 1 : 0));
-    if (!arguments)
-        return usage();
+    const bool outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) == -1;
+    brackwater::openStandardDescriptors();
     try {
-        return run(*arguments);
+        const CommandLine command = parseCommandLine(argc, argv);
+        int status = command.status;
+        if (!command.arguments && status == kWrongArguments)
+            complain(command.text);
+        else if (!command.arguments)
+            StandardOutput::write(command.text);
+        else
+            status = run(*command.arguments);
+        const bool usesOutput = !command.arguments || !command.arguments->page || *command.arguments->page == "-";
+        if (outputIsClosed && usesOutput && status != kWrongArguments)
+            throw std::runtime_error("standard output is closed");
+        StandardOutput::close();
+        return status;
     } catch (const std::exception& failure) {
-        fmt::print(stderr, "mppinspect: {}\n", failure.what());
+        complain(failure.what());
         return kFailed;
     }
 }

@@ -80,10 +80,14 @@ TEST_F(TaskRows, OfAnUnnamedFieldAreAComplaintNotAGuess) {
 }
 
 TEST_F(TaskRows, ThatAreTooShortForTheMapAreDropped) {
-    _file["TBkndTask"].row(ByteImage(27), ByteImage(8)).row(ByteImage(16), ByteImage(8));
+    _file["TBkndTask"].row(ByteImage(27).integer(2, 7), ByteImage(8)).row(ByteImage(16), ByteImage(8));
     add(1, 0xFFFFFFFF, 1);
+    _file["TBkndTask"].row(ByteImage(17).integer(2, 0).word(14, 4800), ByteImage(8)); // the project's own
     const inspect::ProjectFile project = _file.decoded();
-    EXPECT_EQ(project.tasks.size(), 1U);
+    ASSERT_EQ(project.tasks.size(), 2U);
+    EXPECT_EQ(project.tasks[1].uniqueId, 0U);
+    EXPECT_EQ(project.tasks[1].duration.tenths, 0);
+    EXPECT_TRUE(project.complaints.mention("what is missing counts as zero"));
     EXPECT_EQ(project.blankTaskRows, 1U);
     EXPECT_THAT(project.complaints.lines(),
                 Contains("TBkndTask: a row is shorter than the 28 bytes that the field map needs: readers drop it: row "
@@ -274,6 +278,52 @@ TEST_F(CalendarRows, HoldWeeksAndExceptions) {
     EXPECT_EQ(calendar.exceptions[0].name, "Fair");
     EXPECT_EQ(inspect::dayText(calendar.exceptions[0].firstDay), "2026-03-02");
     EXPECT_THAT(project.complaints.lines(), Not(Contains(HasSubstr("TBkndCal"))));
+}
+
+struct RecurringCase {
+    unsigned form, first, second, every, occurrences;
+    const char* text;
+    const char* days;
+};
+
+// All from Thursday, 2026-01-01, to the end of 2027.
+TEST_F(CalendarRows, HoldExceptionsThatRecur) {
+    const std::vector<RecurringCase> cases{
+        {1, 0x6E, 0, 0, 3, "", ""}, // every day; the rest is rubbish in real files
+        {7, 3, 0, 0x74, 3, "every 3 days", "2026-01-01 2026-01-04 2026-01-07"},
+        {6, 0x42, 0x58, 2, 3, "every 2 weeks on Mon, Sat", "2026-01-03 2026-01-12 2026-01-17"},
+        {5, 4, 8, 2, 2, "last Fri of every 2 months", "2026-01-30 2026-03-27"},
+        {5, 0, 3, 1, 2, "1st Sun of every month", "2026-01-04 2026-02-01"},
+        {4, 31, 0, 1, 2, "day 31 of every month", "2026-01-31 2026-03-31"},
+        {3, 2, 1, 5, 2, "2nd Tue of every Mar", "2026-03-10 2027-03-09"},
+        {2, 1, 28, 0, 9, "every Feb 28", "2026-02-28 2027-02-28"},
+        {6, 0, 0, 1, 9, "", ""}, // no weekday
+        {9, 0, 0, 1, 9, "", ""}, // an unknown form
+    };
+    add(1, 0xFFFFFFFF, 0xFFFFFFFF);
+    ByteImage hours(420);
+    hours.integer(420, cases.size());
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const RecurringCase& it = cases[i];
+        const std::size_t at = 424 + i * 92;
+        hours.word(at, 15'342).word(at + 2, 16'071).word(at + 4, it.occurrences).integer(at + 72, it.form);
+        hours.byte(at + 76, it.first).byte(at + 77, it.second).word(at + 78, it.every).integer(at + 88, 0);
+    }
+    _file["TBkndCal"].element(1, 1, text16("Base")).element(1, 8, hours.bytes());
+    const inspect::ProjectFile project = _file.decoded();
+    const auto& exceptions = project.calendars.at(0).exceptions;
+    ASSERT_EQ(exceptions.size(), cases.size());
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const auto& recurrence = exceptions[i].recurrence;
+        std::string days;
+        if (recurrence)
+            for (const auto day : daysOf(*recurrence, exceptions[i].firstDay, exceptions[i].lastDay))
+                days += (days.empty() ? "" : " ") + inspect::dayText(day);
+        EXPECT_EQ(recurrence ? textOf(*recurrence) : "", cases[i].text);
+        EXPECT_EQ(days, cases[i].days) << cases[i].text;
+    }
+    EXPECT_THAT(project.complaints.lines(), Contains("TBkndCal: how an exception recurs is not understood: it is "
+                                                     "taken for every day: calendar 1, calendar 1"));
 }
 
 TEST_F(CalendarRows, WithABlockThatEndsTooEarlyKeepWhatIsThere) {

@@ -59,8 +59,13 @@ TEST_P(ExportedFile, ShowsMilestonesTextsAndBaselinesOfATaskInsideAnother) {
     walls.milestone = true;
     walls.customFieldValues = {"north", "", "red"};
     for (int n = 0; n < 3; ++n)
-        walls.baselines.push_back(std::make_shared<MPPTaskBaseline>(
-            MPPTaskBaseline{(n + 1) * 8 * kHour, 9.5, 0, n + 1.0, kMonday.advancedBy(n * kDay), std::nullopt}));
+        walls.baselines.push_back(
+            std::make_shared<MPPTaskBaseline>(MPPTaskBaseline{.duration = (n + 1) * 8 * kHour,
+                                                              .cost = 9.5,
+                                                              .fixedCost = 0,
+                                                              .work = n + 1.0,
+                                                              .start = kMonday.advancedBy(n * kDay),
+                                                              .finish = std::nullopt}));
 
     const inspect::ProjectFile file = exported();
     ASSERT_EQ(file.tasks.size(), 4U);

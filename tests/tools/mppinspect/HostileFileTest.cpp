@@ -112,6 +112,37 @@ TEST(HostileFiles, WithAnOutlineAsDeepAsItIsLongAreReadQuickly) {
     EXPECT_TRUE(project.complaints.mention("a link from a task above"));
 }
 
+// A text of 100 kB for each of 3,000 rows would be 300 MB, and a table as wide as the text as much again.
+TEST(HostileFiles, WhoseRowsShareALongTextStaySmall) {
+    FileImage file = smallPlan();
+    auto& tasks = file["TBkndTask"];
+    const auto offset = static_cast<std::uint32_t>(tasks.var2Data.size());
+    tasks.element(4, 14, text16(std::string(100'000, 'x')));
+    for (std::uint32_t id = 4; id < 3000; ++id) {
+        tasks.row(ByteImage(12).integer(0, id).integer(4, 0), ByteImage(4));
+        if (id > 4)
+            tasks.element(id, 14, {});
+        const Bytes record = ByteImage(4).integer(0, offset).bytes();
+        std::copy(record.begin(), record.end(), tasks.varRecords.end() - 8);
+    }
+    const inspect::ProjectFile project = file.decoded();
+    EXPECT_TRUE(project.complaints.mention("elements are shared by so many rows"));
+    EXPECT_LT(report(project, Section::Tasks).size(), 4'000'000U);
+}
+
+TEST(HostileFiles, WhoseSummaryValuesShareALongTextStaySmall) {
+    ByteImage set(48);
+    set.word(0, 0xFFFE).integer(24, 1).integer(44, 48).integer(52, 5000);
+    for (std::size_t i = 0; i < 5000; ++i)
+        set.integer(56 + 8 * i, 2).integer(60 + 8 * i, 8 + 8 * 5000);
+    set.integer(56 + 8 * 5000, 30).integer(60 + 8 * 5000, 100'000).byte(64 + 8 * 5000 + 99'999, 0);
+    Bytes bytes = set.bytes();
+    std::fill(bytes.end() - 100'000, bytes.end(), 'x');
+    inspect::Complaints complaints;
+    EXPECT_LT(readPropertySet(bytes, "Summary", complaints).size(), 10U);
+    EXPECT_TRUE(complaints.mention("values share their bytes"));
+}
+
 TEST(HostileFiles, ThatAreNoProjectsSaySo) {
     const TempFolder folder;
     EXPECT_THROW((void)CompoundFile::open(folder.path("missing.mpp")), std::runtime_error);

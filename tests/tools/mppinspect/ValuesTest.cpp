@@ -178,7 +178,39 @@ TEST(Guids, HaveTheirFirstThreeGroupsWithTheLowestByteFirst) {
     EXPECT_EQ(textOf(guid), "03020100-0504-0706-0809-0A0B0C0D0E0F");
 }
 
-TEST(Tables, ShowControlCharactersAsEscapes) { EXPECT_EQ(printable("a\x1b[2J\nb\tc"), "a\\x1b[2J\\nb c"); }
+TEST(Tables, FitAWidthByCuttingTextsAndLeavingOutColumns) {
+    using enum TextTable::Side;
+    TextTable table({{"id", Right}, {"name", Tree}, {"type", Left, 2}, {"cost", Right, 1}});
+    table.add({"7", "Foundations and walls", "fixed duration", "1200"}, 2);
+    table.add({"8", "日本語の長い名前です", "fixed work", "1"});
+    const auto at = [&table](std::size_t width) {
+        std::string text;
+        table.appendTo(text, width);
+        return text;
+    };
+    EXPECT_EQ(at(30), "id  name                cost\n--  ------------------  ----\n 7    Foundations and…  1200\n"
+                      " 8  日本語の長い名前…      1\nNot shown for want of room: type\n");
+    EXPECT_EQ(at(12), "id  name\n--  --------\n 7    Found…\n 8  日本語…\nNot shown for want of room: type, cost\n");
+    std::string csv;
+    table.appendCsv(csv);
+    EXPECT_EQ(csv, "id,name,type,cost\r\n7,Foundations and walls,fixed duration,1200\r\n"
+                   "8,日本語の長い名前です,fixed work,1\r\n");
+}
+
+TEST(Tables, QuoteAndDefuseTextsInCommaSeparatedValues) {
+    TextTable table({{"lag", TextTable::Side::Right}, {"name", TextTable::Side::Left}});
+    table.add({"-2d", "=HYPERLINK(\"x\")"});
+    table.add({"1d", "two\nlines"});
+    std::string csv;
+    table.appendCsv(csv);
+    EXPECT_EQ(csv, "lag,name\r\n-2d,\"'=HYPERLINK(\"\"x\"\")\"\r\n1d,\"two\nlines\"\r\n");
+}
+
+TEST(Tables, ShowCharactersThatATerminalObeysAsEscapes) {
+    EXPECT_EQ(printable("a\x1b[2J\nb\tc"), "a\\x1b[2J\\nb c");
+    EXPECT_EQ(printable("\u009b2J \u202e \u2066 \u2028 \u200f é\xff"),
+              "\\u009b2J \\u202e \\u2066 \\u2028 \\u200f é\xEF\xBF\xBD");
+}
 
 } // namespace
 } // namespace brackwater::inspect

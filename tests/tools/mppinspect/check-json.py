@@ -1,14 +1,17 @@
-"""Compares the keys of mppinspect --json with docs/json.md, object by object, and looks at some values.
+"""Compares the keys of mppinspect --json with docs/json.md, object by object, holds what it writes against the JSON
+Schema, and looks at some values.
 
-check-json.py MPPINSPECT FILE.mpp docs/json.md
+check-json.py MPPINSPECT FILE.mpp docs
 """
 import json
+import jsonschema
 import re
 import subprocess
 import sys
 
-tool, path, documentation = sys.argv[1:]
+tool, path, docs = sys.argv[1:]
 
+CHECKED = 0  # the example has no error and no warning
 KINDS = {"documentSummary": "summary", "actualDuration": "duration", "remainingDuration": "duration",
          "lag": "duration", "delay": "duration",
          "completeWork": "phases", "plannedWork": "phases"}
@@ -18,7 +21,7 @@ FREE_KEYS = {"taskTextNames", "resourceTextNames", "texts"}
 
 def documented_keys():
     keys, section = {}, None
-    for line in open(documentation, encoding="utf-8"):
+    for line in open(docs + "/json.md", encoding="utf-8"):
         if line.startswith("# "):
             section = None  # of another document
         elif line.startswith("## "):
@@ -45,16 +48,25 @@ def reject(text):
     raise ValueError("no JSON number: " + text)
 
 
-def run():
-    return subprocess.run([tool, "--json", path], check=True, stdout=subprocess.PIPE).stdout
+def run(*options, status=0):
+    done = subprocess.run([tool, "--json", *options, path], stdout=subprocess.PIPE)
+    assert done.returncode == status, (options, done.returncode)
+    parsed = json.loads(done.stdout.decode("utf-8"), parse_constant=reject)
+    validator.validate(parsed)
+    return parsed
 
 
-output = run()
-assert output == run(), "two runs differ"
+validator = jsonschema.Draft202012Validator(json.load(open(docs + "/mppinspect.schema.json", encoding="utf-8")))
 documented, seen = documented_keys(), set()
-file = json.loads(output.decode("utf-8"), parse_constant=reject)
+file = run()
+assert file == run(), "two runs differ"
 walk(file, "file")
-missing = set(documented) - seen - {"workWeeks", "complaints"}  # the example has no such record
+assert run("--tasks", "--links").keys() == {"version", "taskTextNames", "blankTaskRows", "tasks", "links"}
+assert file["counts"]["tasks"] == len(file["tasks"])
+findings = run("--check", status=CHECKED)["findings"]
+for bad in ({"version": 2, "tasks": [{}]}, {"version": 1}, {"version": 2, "findings": [{"severity": "odd"}]}):
+    assert not validator.is_valid(bad), bad
+missing = set(documented) - seen - {"workWeeks", "complaints", "recurrence", "findings", "check"}  # the example has no such record
 assert not missing, ("documented, but in no object", missing)
 
 tasks = {task["title"]: task for task in file["tasks"]}
@@ -62,6 +74,8 @@ certificate = tasks["Energy certificate"]
 assert certificate["start"] == "2027-03-16T08:00:00", certificate
 assert certificate["duration"] == {"minutes": 1440, "percent": None, "unit": "d", "estimated": False}, certificate
 assert certificate["work"] == 24, certificate
+walk(findings, "findings")
+assert certificate["predecessors"] and not certificate["summary"] and file["tasks"][0]["summary"]
 assert file["tasks"][0]["parentId"] is None and certificate["parentId"] is not None
 assert [file["calendars"][0]["week"][day] for day in ("sunday", "monday")] == [
     [], [{"start": "08:00", "end": "12:00"}, {"start": "13:00", "end": "17:00"}]]
