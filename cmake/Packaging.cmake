@@ -14,8 +14,8 @@ install(FILES packaging/_brackwater packaging/_Brackwater packaging/_mppinspect 
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
 install(FILES LICENSE DESTINATION "${doc}" RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION "${doc}")
-install(FILES docs/fidelity.md docs/format.md docs/json.md docs/brackwater-report.schema.json
-        docs/loss-report.schema.json docs/mppinspect.schema.json
+install(FILES docs/fidelity.md docs/format.md docs/json.md docs/loss-report.schema.json
+        docs/mppinspect.schema.json
         DESTINATION "${doc}/docs")
 install(FILES docs/images/gantt.png DESTINATION "${doc}/docs/images")
 install(DIRECTORY examples/House.zelb DESTINATION "${doc}/examples")
