@@ -23,7 +23,7 @@ ByteView RowReader::bytes(std::uint16_t field) const {
 
 std::optional<Date> RowReader::date(std::uint16_t field) const {
     const auto raw = u32(field);
-    return raw ? dateFrom(*raw) : std::nullopt;
+    return raw && *raw != 0 ? dateFrom(*raw) : std::nullopt; // a zero stands in rows that were never filled in
 }
 
 std::optional<Duration> RowReader::duration(std::uint16_t field, std::uint16_t unitsField) const {

@@ -24,7 +24,7 @@ std::string oneOf(std::span<const std::string_view> names, std::uint16_t value) 
 } // namespace
 
 std::optional<Date> dateFrom(std::uint32_t raw) {
-    if (raw == kNoDate || raw == 0)
+    if (raw == kNoDate)
         return std::nullopt;
     return Date{static_cast<std::uint16_t>(raw >> 16), static_cast<std::uint16_t>(raw & 0xFFFF)};
 }

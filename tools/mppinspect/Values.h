@@ -11,7 +11,7 @@ struct Date {
     auto operator<=>(const Date&) const = default; // NOLINT(modernize-use-nullptr): a false alarm of clang-tidy 14
 };
 
-/// Nothing where all bits are set, or none, as in rows that were never filled in.
+/// Nothing where all bits are set: no date.
 [[nodiscard]] std::optional<Date> dateFrom(std::uint32_t raw);
 /// "2026-03-02 08:00"; seconds too where there are any.
 [[nodiscard]] std::string textOf(const Date& date);

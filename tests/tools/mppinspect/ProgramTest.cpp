@@ -84,11 +84,11 @@ TEST_F(Program, TellsHelpAndVersionOnStandardOutput) {
 TEST_F(Program, NamesAWrongArgumentInOneLine) {
     for (const auto& [arguments, named] :
          {std::pair{"", "FILE.mpp is required"}, std::pair{"a.mpp b.mpp", "b.mpp"},
-          std::pair{"--check --tasks x.mpp", "--check excludes --tasks"},
+          std::pair{"--check --tasks x.mpp", "--tasks excludes --check"},
           std::pair{"--json --csv --tasks x.mpp", "--csv excludes --json"}, std::pair{"--csv x.mpp", "names one table"},
           std::pair{"--gantt x.html", "FILE.mpp is required"}, std::pair{"--force x.mpp", "--force requires --gantt"},
           std::pair{"--gantt x.html --from 2027-02-30 x.mpp", "'2027-02-30' is no day"},
-          std::pair{"--gantt x.html --scale hours x.mpp", "hours"}, std::pair{"\"$(printf '\\033')\" b", "\\x1b"}}) {
+          std::pair{"--gantt x.html --scale hours x.mpp", "hours"}, std::pair{"b \"$(printf '\\033')\"", "\\x1b"}}) {
         EXPECT_EQ(failed(arguments), 2) << arguments;
         EXPECT_THAT(err, HasSubstr(named));
     }

@@ -188,7 +188,7 @@ TEST(Tables, FitAWidthByCuttingTextsAndLeavingOutColumns) {
         table.appendTo(text, width);
         return text;
     };
-    EXPECT_EQ(at(30), "id  name                cost\n--  ------------------  ----\n 7    Foundations and…  1200\n"
+    EXPECT_EQ(at(28), "id  name                cost\n--  ------------------  ----\n 7    Foundations and…  1200\n"
                       " 8  日本語の長い名前…      1\nNot shown for want of room: type\n");
     EXPECT_EQ(at(12), "id  name\n--  --------\n 7    Found…\n 8  日本語…\nNot shown for want of room: type, cost\n");
     std::string csv;
