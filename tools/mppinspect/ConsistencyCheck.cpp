@@ -215,7 +215,7 @@ void ConsistencyCheck::checkExceptions(const Storage& calendars) {
     for (const RawRow& row : calendars.rows()) {
         if (!holdsValues(row))
             continue;
-        const ByteView block = VarData::find(calendars.var().elementsOf(*row.first.u32(0)), kBlockType);
+        const ByteView block = calendars.var().find(calendars.var().elementsOf(*row.first.u32(0)), kBlockType);
         std::size_t offset = kCountAt + 4;
         for (std::uint32_t left = block.u32(kCountAt).value_or(0); left > 0 && block.has(offset, kRecordSize + 4);
              --left) {

@@ -31,9 +31,7 @@ DaySpan daysOf(const std::vector<Task>& tasks) {
 /// Counts the working time of a calendar, or of the usual hours.
 class WorkClock {
 public:
-    WorkClock(const Calendar* calendar, DaySpan days) : _first(days.first) {
-        if (calendar != nullptr)
-            _hours.add(*calendar);
+    WorkClock(const Calendar* calendar, DaySpan days) : _first(days.first), _hours(calendar) {
         _before.push_back(0);
         for (int day = days.first; day <= days.last; ++day)
             _before.push_back(_before.back() + worked(day, kTenthsPerDay));

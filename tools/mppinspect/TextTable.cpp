@@ -21,7 +21,7 @@ constexpr std::size_t kLeast = 4;
 // The size that characterSize tells is that of a sound character, which may be decoded without a look.
 std::uint32_t codePointOf(std::string_view character) { return g_utf8_get_char(character.data()); }
 
-std::size_t columnsOf(std::uint32_t codePoint) {
+std::size_t columnsOfCharacter(std::uint32_t codePoint) {
     if (g_unichar_iszerowidth(codePoint) != FALSE)
         return 0;
     return g_unichar_iswide(codePoint) != FALSE ? 2 : 1;
@@ -51,12 +51,12 @@ std::size_t lineWidth(const std::vector<std::size_t>& widths) {
 
 // At most so many columns of the text, the last one a sign that something follows.
 std::string cutTo(std::string_view text, std::size_t width) {
-    if (lengthOf(text) <= width)
+    if (columnsOf(text) <= width)
         return std::string(text);
     std::size_t used = 1, end = 0;
     while (end < text.size()) {
         const std::size_t size = std::max<std::size_t>(characterSize(text.substr(end)), 1);
-        const std::size_t columns = columnsOf(codePointOf(text.substr(end)));
+        const std::size_t columns = columnsOfCharacter(codePointOf(text.substr(end)));
         if (used + columns > width)
             break;
         used += columns;
@@ -82,15 +82,15 @@ std::string TextTable::shown(const Row& row, std::size_t column) const {
 }
 
 // 0 for a column without texts.
-std::vector<std::size_t> TextTable::naturalWidths() const {
+std::vector<std::size_t> TextTable::naturalWidths(Measure measure) const {
     std::vector<std::size_t> widths(_columns.size());
     for (const Row& row : _rows)
         for (std::size_t i = 0; i < widths.size(); ++i)
             if (widths[i] < kWidest)
-                widths[i] = std::max(widths[i], std::min(lengthOf(shown(row, i)), kWidest));
+                widths[i] = std::max(widths[i], std::min(measure(shown(row, i)), kWidest));
     for (std::size_t i = 0; i < widths.size(); ++i)
         if (widths[i] != 0)
-            widths[i] = std::max(widths[i], lengthOf(_columns[i].heading));
+            widths[i] = std::max(widths[i], measure(_columns[i].heading));
     return widths;
 }
 
@@ -129,7 +129,7 @@ std::size_t TextTable::columnToLeaveOut(const std::vector<std::size_t>& widths) 
 }
 
 void TextTable::appendTo(std::string& out, std::size_t width) const {
-    const std::vector<std::size_t> natural = naturalWidths();
+    const std::vector<std::size_t> natural = naturalWidths(width == 0 ? lengthOf : columnsOf);
     std::vector<std::size_t> widths = natural;
     if (width != 0)
         fit(widths, width);
@@ -159,7 +159,7 @@ void TextTable::appendLine(std::string& out, const std::vector<std::string>& cel
         if (widths[i] == 0)
             continue;
         const std::string cell = cut ? cutTo(cells[i], widths[i]) : cells[i];
-        const std::string filling(widths[i] - std::min(widths[i], lengthOf(cell)), ' ');
+        const std::string filling(widths[i] - std::min(widths[i], cut ? columnsOf(cell) : lengthOf(cell)), ' ');
         line += _columns[i].side == Side::Right ? filling + cell : cell + filling;
         line += kGap;
     }
@@ -208,13 +208,18 @@ std::string printable(std::string_view text) {
 }
 
 std::size_t lengthOf(std::string_view text) {
-    std::size_t length = 0;
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::size_t columnsOf(std::string_view text) {
+    std::size_t columns = 0;
     while (!text.empty()) {
         const std::size_t size = characterSize(text);
-        length += size == 0 ? 1 : columnsOf(codePointOf(text));
+        columns += size == 0 ? 1 : columnsOfCharacter(codePointOf(text));
         text.remove_prefix(std::max<std::size_t>(size, 1));
     }
-    return length;
+    return columns;
 }
 
 } // namespace brackwater::inspect
