@@ -58,7 +58,9 @@ class Output : public ToolTest {};
 TEST_F(Output, FullFileSystemOfAnySizeFailsUntilTheFileFits) {
     ASSERT_EQ(exportTo(_folder.path("out/Plan.mpp")).exitStatus, 0);
     const std::size_t needed = std::filesystem::file_size(_folder.path("out/Plan.mpp"));
-    for (std::size_t size = 4096; size < needed; size += std::max<std::size_t>(4096, needed / 16)) {
+    // The system rounds a size up to whole pages.
+    constexpr std::size_t kPage = 4096;
+    for (std::size_t size = kPage; size + kPage <= needed; size += std::max<std::size_t>(kPage, needed / 16)) {
         const SmallDisk disk(size);
         exportTo(disk.path("Plan.mpp"));
         expectFailedExport();
