@@ -112,11 +112,16 @@ private:
             unicode(number);
     }
 
-    // A character by its number, followed by one that stands for it where it cannot be shown.
+    // A character by its number, followed by one that stands for it where it cannot be shown. Characters beyond 16 bits
+    // come as two surrogates.
     void unicode(long number) {
         flush();
-        if (!hidden())
-            appendUtf8(_text, static_cast<std::uint32_t>(number < 0 ? number + 0x10000 : number));
+        const auto unit = static_cast<std::uint32_t>(number < 0 ? number + 0x10000 : number);
+        const bool isSecondHalf = unit >= 0xDC00 && unit <= 0xDFFF && _firstHalf != 0;
+        const std::uint32_t character = isSecondHalf ? 0x10000 + ((_firstHalf - 0xD800) << 10) + (unit - 0xDC00) : unit;
+        _firstHalf = unit >= 0xD800 && unit <= 0xDBFF ? unit : 0;
+        if (!hidden() && _firstHalf == 0)
+            appendUtf8(_text, character);
         if (_at < _rtf.size() && _rtf[_at] == '\\' && _rtf.substr(_at).starts_with("\\'"))
             _at = std::min(_at + 4, _rtf.size());
         else if (_at < _rtf.size() && _rtf[_at] == '?')
@@ -138,7 +143,8 @@ private:
     std::size_t _at = 0;
     std::vector<bool> _hidden{false}; ///< for each open group whether its text is left out
     unsigned _codePage = kUsualCodePage;
-    std::string _pending; ///< bytes in the code page
+    std::uint32_t _firstHalf = 0; ///< a surrogate that waits for its second half
+    std::string _pending;         ///< bytes in the code page
     std::string _text;
 };
 

@@ -72,6 +72,7 @@ TEST(Notes, LoseTheFrameOfTheirRtf) {
 TEST(Notes, OfBrokenRtfEndWithoutHarm) {
     EXPECT_EQ(textOfRtf(bytesOf("{\\rtf1 a\\")), "a");
     EXPECT_EQ(textOfRtf(bytesOf("{\\rtf1 a\\'g}}}} b")), "ag b");
+    EXPECT_EQ(textOfRtf(bytesOf("{\\rtf1 \\u-10179\\'3f\\u-8704\\'3f\\u-8704?}")), "\U0001F600\uFFFD");
     EXPECT_EQ(textOfRtf(bytesOf("{\\rtf1 a\\u-99999999999999999999 b")), "a\uFFFDb");
     EXPECT_EQ(textOfRtf(bytesOf("{\\rtf1 a" + std::string(100000, '{'))), "a");
 }
