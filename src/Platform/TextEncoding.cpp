@@ -24,7 +24,9 @@ constexpr std::array<std::uint16_t, 32> kCodePage1252 = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-std::optional<std::uint8_t> byteInCodePage1252(UChar32 character) {
+} // namespace
+
+std::optional<std::uint8_t> byteInCodePage1252(std::int32_t character) {
     if ((character >= 0 && character < 0x80) || (character >= 0xA0 && character <= 0xFF))
         return static_cast<std::uint8_t>(character);
     const auto* found =
@@ -33,8 +35,6 @@ std::optional<std::uint8_t> byteInCodePage1252(UChar32 character) {
         return std::nullopt;
     return static_cast<std::uint8_t>(0x80 + (found - kCodePage1252.begin()));
 }
-
-} // namespace
 
 bool appendAsASCII(std::vector<std::uint8_t>& bytes, std::string_view text) {
     if (!std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
@@ -84,6 +84,19 @@ bool appendAsUTF16LE(std::vector<std::uint8_t>& bytes, std::string_view text) {
     }
     bytes.resize(static_cast<std::size_t>(place - bytes.data()));
     return true;
+}
+
+std::size_t sizeOfPrefix(std::string_view text, std::size_t units) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::size_t size = 0;
+    for (std::size_t i = 0, used = 0; i < text.size(); size = i) {
+        UChar32 character = 0;
+        U8_NEXT(bytes, i, text.size(), character);
+        used += character < 0 ? 1 : U16_LENGTH(character);
+        if (used > units)
+            break;
+    }
+    return size;
 }
 
 } // namespace brackwater

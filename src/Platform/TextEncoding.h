@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -14,8 +16,14 @@ namespace brackwater {
 /// does not have a character or the text is not well-formed UTF-8.
 [[nodiscard]] bool appendAsCodePage1252(std::vector<std::uint8_t>& bytes, std::string_view text);
 
+/// The byte of a character in the Windows code page 1252; nothing where the page does not have it.
+[[nodiscard]] std::optional<std::uint8_t> byteInCodePage1252(std::int32_t character);
+
 /// Appends a UTF-8 text as UTF-16, little-endian, without byte-order mark. False, and nothing appended, when the text
 /// is not well-formed UTF-8.
 [[nodiscard]] bool appendAsUTF16LE(std::vector<std::uint8_t>& bytes, std::string_view text);
+
+/// Bytes of the longest beginning of a UTF-8 text that has at most so many units in UTF-16. No character is cut.
+[[nodiscard]] std::size_t sizeOfPrefix(std::string_view text, std::size_t units);
 
 } // namespace brackwater

@@ -122,6 +122,11 @@ void MPPData::writeRtfString(std::string_view text, MPPEncoding encoding) {
     write1ByteInteger(0);
 }
 
+void MPPData::writeRtf(std::string_view rtf) {
+    std::copy(rtf.begin(), rtf.end(), append(rtf.size()));
+    write1ByteInteger(0);
+}
+
 void MPPData::writeDuration(double seconds, int /*units*/) {
     writeInteger(static_cast<std::uint32_t>(saturatingCut<std::int32_t>(seconds / 6.0)));
 }

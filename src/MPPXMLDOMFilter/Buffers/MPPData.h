@@ -44,6 +44,8 @@ public:
     void writeString(std::string_view text, MPPEncoding encoding);
     /// The text in a fixed RTF frame, unescaped, closed by one zero byte.
     void writeRtfString(std::string_view text, MPPEncoding encoding);
+    /// RTF that is complete, closed by one zero byte.
+    void writeRtf(std::string_view rtf);
     /// Seconds in; 4 bytes in tenths of a minute. `units` is not consulted.
     void writeDuration(double seconds, int units);
     /// 4 bytes: tenths of a minute of the day, then days since 1983-12-31, of the wall clock of the system zone; all

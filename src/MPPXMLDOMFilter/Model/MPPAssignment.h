@@ -27,6 +27,28 @@ struct MPPAssignmentPhase {
     double workPerDay = 8.0;
 };
 
+/// Work done by a moment of an assignment's working time, and the rate of the stretch that ends there.
+struct MPPWorkPhase {
+    double work = 0;    ///< hours since the spread's begin
+    double units = 0;   ///< as the assignment's; 0 in a pause
+    double elapsed = 0; ///< seconds of working time since the spread's begin
+};
+
+/// How work is spread over working time.
+struct MPPWorkSpread {
+    double work = 0;    ///< hours
+    double units = 0;   ///< as the assignment's; 0 where there is no work
+    double elapsed = 0; ///< seconds of working time, pauses included
+    std::vector<MPPWorkPhase> phases;
+};
+
+/// The work that is done, from the assignment's start to where it stopped, and the rest, from where it resumes.
+struct MPPWorkOverTime {
+    MPPWorkSpread actual;
+    MPPWorkSpread planned; ///< without phases where the rest goes on evenly
+    bool isSplit = false;
+};
+
 /// A resource's work on a task. Work is in hours; 100 % of units is 10000.0.
 struct MPPAssignment {
     MPPAssignment() : _GUID(Guid::random()) {}
@@ -51,6 +73,7 @@ struct MPPAssignment {
     std::vector<std::shared_ptr<MPPAssignmentBaseline>> baselines;
     std::shared_ptr<MPPAssignmentBaseline> baseline0;
     std::vector<MPPAssignmentPhase> assignmentPhases;
+    std::unique_ptr<MPPWorkOverTime> workOverTime; ///< stands for `assignmentPhases`; null in an exact export
 
     // Meanings unknown: real files hold 0 in the first one for work without a resource, and have nothing of the second
     // in the marks of the baselines 1 to 10 of an assignment that has none.

@@ -8,6 +8,7 @@
 #include "MPPXMLDOMFilter/Model/MPPSummaryInformation.h"
 #include "MPPXMLDOMFilter/Model/MPPTask.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -24,12 +25,15 @@ struct MPPProject : MPPTask {
     MPPProject();
 
     std::vector<std::shared_ptr<MPPTask>> tasks; ///< all tasks except the project
+    MPPTask* topTask = nullptr; ///< the single top task that the project stands in for after preprocessing; not owned
     std::vector<std::shared_ptr<MPPResource>> resources;
     std::vector<std::shared_ptr<MPPAssignment>> assignments;
     std::vector<std::shared_ptr<MPPCalendar>> baseCalendars;
     std::vector<std::shared_ptr<MPPConstraint>> constraints;
     std::vector<std::string> customTaskFieldNames;     ///< aliases of task text fields, by position
     std::vector<std::string> customResourceFieldNames; ///< aliases of resource text fields, by position
+    std::size_t customFieldNameRoom = 104;             ///< bytes that an alias takes at least
+    bool rowTellsCalendar = true; ///< in the project's row, where a task has the calendar of its own
     std::shared_ptr<MPPCalendar> standardCalendar;
     std::uint64_t currencyDigits = 2;
     std::int32_t currencySymbolPosition = 0;

@@ -44,6 +44,7 @@ struct MPPResource {
     std::optional<std::string> code;
     std::optional<std::string> emailAddress;
     std::optional<std::string> notes;
+    bool notesAreRtf = false;                  ///< as a task's
     std::vector<std::string> customFieldsText; ///< by position, as a task's customFieldValues
     std::optional<Date> availableFromDate;
     std::optional<Date> availableToDate;

@@ -12,20 +12,6 @@
 
 namespace brackwater {
 
-/// A stretch of text of one look.
-struct MPPSourceRun {
-    std::string text;
-    bool bold = false;
-    bool italic = false;
-};
-
-struct MPPSourceParagraph {
-    std::vector<MPPSourceRun> runs;
-    bool isListItem = false;
-};
-
-using MPPSourceNote = std::vector<MPPSourceParagraph>;
-
 /// Keys of custom fields with their values, in the order of the document.
 using MPPSourceFields = std::vector<std::pair<std::string, std::string>>;
 
@@ -33,7 +19,8 @@ using MPPSourceFields = std::vector<std::pair<std::string, std::string>>;
 struct MPPSourceSegment {
     std::optional<Date> start;
     std::optional<Date> end;
-    double effort = 0; ///< seconds
+    double duration = 0; ///< seconds
+    double effort = 0;   ///< seconds
 };
 
 /// An assignment of the task's counterpart in the baseline document.
@@ -58,7 +45,6 @@ struct MPPTaskSource {
     bool isGroup = false;
     bool isEffortDriven = false;
     std::optional<Date> deadline; ///< a bound on the end that the task's one constraint does not tell
-    MPPSourceNote note;
     MPPSourceFields fields;
     std::vector<MPPSourceSegment> segments; ///< empty for a task that is not split
     std::optional<MPPSourceTaskBaseline> baseline;
@@ -71,7 +57,6 @@ struct MPPResourceSource {
     MPPResourceKind kind = MPPResourceKind::Staff;
     double baselineCostPerHour = 0; ///< of the resource in the baseline document, whole currency units
     double baselineCostPerUse = 0;  ///< likewise
-    MPPSourceNote note;
     MPPSourceFields fields;
 };
 

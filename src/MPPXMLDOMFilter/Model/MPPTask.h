@@ -65,6 +65,8 @@ struct MPPTask {
     bool isSummary = false; ///< told as a summary, not only seen from the parents of other tasks
     bool milestone = false;
     bool levelingCanSplit = true;
+    bool notesAreRtf = false; ///< `notes` is RTF; else a text that goes unescaped into a fixed frame
+    bool isSplit = false;     ///< worked in pieces with pauses between
     double work = 0;
     double remainingWork = 0;
     double actualWork = 0;
@@ -122,7 +124,7 @@ struct MPPTask {
     [[nodiscard]] std::uint16_t getFixedCostAccrual() const { return 3; }
     [[nodiscard]] bool getRecurring() const { return false; }
     [[nodiscard]] bool getMarked() const { return false; }
-    [[nodiscard]] virtual bool getSplits() const { return false; }
+    [[nodiscard]] virtual bool getSplits() const { return isSplit; }
     [[nodiscard]] bool getRollup() const { return false; }
     [[nodiscard]] bool getHideBar() const { return false; }
     [[nodiscard]] virtual bool getEffortDriven() const { return effortDriven; }

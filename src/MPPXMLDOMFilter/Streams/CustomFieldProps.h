@@ -11,13 +11,19 @@
 
 namespace brackwater {
 
-/// The aliases of text fields, one element a name, each of 104 bytes at least.
-[[nodiscard]] std::unique_ptr<MPPOffsetMarkedData> createFieldAliasesData(const std::vector<std::string>& names);
+/// The names of text fields by position, and the bytes that each takes at least.
+struct FieldAliases {
+    const std::vector<std::string>& names;
+    std::size_t room;
+};
 
-/// Appends to an open frame of "Props" the element that gives text fields their aliases: `names` by position.
-/// `descriptionEnding` is that of the storage's "VarMeta"; `typeForIndex` gives the type of the text field at a
-/// position counted from 1, and raises where there is none.
-void writeFieldAliasesElement(MPPProps& props, const std::vector<std::string>& names, std::uint16_t descriptionEnding,
+/// The aliases of text fields, one element a name.
+[[nodiscard]] std::unique_ptr<MPPOffsetMarkedData> createFieldAliasesData(const FieldAliases& aliases);
+
+/// Appends to an open frame of "Props" the element that gives text fields their aliases. `descriptionEnding` is that of
+/// the storage's "VarMeta"; `typeForIndex` gives the type of the text field at a position counted from 1, and raises
+/// where there is none.
+void writeFieldAliasesElement(MPPProps& props, const FieldAliases& aliases, std::uint16_t descriptionEnding,
                               std::uint16_t (*typeForIndex)(std::size_t));
 
 } // namespace brackwater

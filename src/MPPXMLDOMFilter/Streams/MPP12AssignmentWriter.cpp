@@ -53,8 +53,6 @@ MPPAssignmentBaseline firstBaselineOf(const MPPAssignment& assignment) {
     return assignment.baseline0 ? *assignment.baseline0 : MPPAssignmentBaseline{};
 }
 
-bool hasActualWork(const MPPAssignment& assignment) { return assignment.actualWork > 0; }
-
 const MPPTask& taskOf(const MPPAssignment& assignment) {
     const MPPTask* task = assignment.task.record();
     assertThat(task != nullptr, "Assignment {} has no task.", assignment.ID);
@@ -108,7 +106,7 @@ void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignm
     if (assignment.baselines.size() > kMaxBaselines)
         throw Exception(kTooManyBaselinesException, std::string(kTooManyBaselines));
     element([&] { writePlannedWork(data, assignment); });
-    if (hasActualWork(assignment))
+    if (hasCompleteWork(assignment))
         element([&] { writeCompleteWork(data, assignment); });
     if (hasText(assignment.notes))
         element([&] { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
@@ -127,7 +125,7 @@ namespace {
 void writeMetaForAssignment(MPP12VarMeta& varMeta, const MPPAssignment& assignment) {
     const auto record = [&](std::uint64_t type) { varMeta.writeNextElementMetaWithID(assignment.ID, type); };
     record(kPlannedWorkType);
-    if (hasActualWork(assignment))
+    if (hasCompleteWork(assignment))
         record(kCompleteWorkType);
     if (hasText(assignment.notes))
         record(kNotesType);
@@ -274,20 +272,25 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
 
 namespace {
 
+std::uint16_t stateFlags(const MPPAssignment& assignment) {
+    const bool isSplit = assignment.workOverTime && assignment.workOverTime->isSplit;
+    const bool actual = assignment.actualWork > 0;
+    const bool finished = actual && assignment.remainingWork == 0;
+    return static_cast<std::uint16_t>(0x3001 | (isSplit ? 0x10 : 0) | (actual ? 0x20 : 0) | (finished ? 0x40 : 0));
+}
+
 void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment) {
     constexpr std::size_t kElementsOfEach = 4;
     constexpr std::size_t kElementsOfBaseline = 3;
-    const bool actual = hasActualWork(assignment);
-    const bool finished = actual && assignment.remainingWork == 0;
+    const bool complete = hasCompleteWork(assignment);
     const bool notes = hasText(assignment.notes);
     const std::size_t elements =
-        kElementsOfEach + (actual ? 1 : 0) + (notes ? 1 : 0) + kElementsOfBaseline * assignment.baselines.size();
+        kElementsOfEach + (complete ? 1 : 0) + (notes ? 1 : 0) + kElementsOfBaseline * assignment.baselines.size();
     fixedMeta.writeNextElementStartWithInt(static_cast<std::uint32_t>(elements << 16));
     MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).word(
-        static_cast<std::uint16_t>((actual ? 0x3021 : 0x3001) | (finished ? 0x40 : 0) | (notes ? 0x8000 : 0)));
+    record.at(8).word(static_cast<std::uint16_t>(stateFlags(assignment) | (notes ? 0x8000 : 0)));
     record.at(10).integer(0x7FFFFFD0);
-    record.at(14).word(static_cast<std::uint16_t>((actual ? 0xA0 : 0x20) | (notes ? 0x10 : 0)));
+    record.at(14).word(static_cast<std::uint16_t>((complete ? 0xA0 : 0x20) | (notes ? 0x10 : 0)));
     record.at(16).zeroes(18);
     record.end(fixedMeta);
 }

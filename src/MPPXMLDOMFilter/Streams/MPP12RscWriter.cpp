@@ -136,7 +136,7 @@ void MPP12RscWriter::writeRscVar2Data(const MPPResource& resource) {
     if (resource.hasEmailAddress())
         text(kEmailAddressType, *resource.emailAddress);
     if (resource.hasNotes())
-        element(kNotesType, [&] { data.writeRtfString(*resource.notes, MPPEncoding::ASCII); });
+        element(kNotesType, [&] { writeNotes(data, resource); });
 }
 
 namespace {
@@ -399,7 +399,8 @@ void MPP12RscWriter::writeProps() {
     MPPProps props;
     StreamOutput stream(writer(), "Props", props);
     props.open();
-    writeFieldAliasesElement(props, project().customResourceFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
+    writeFieldAliasesElement(props, {project().customResourceFieldNames, project().customFieldNameRoom},
+                             kDescriptionEnding, getTextFieldTypeForIndex);
     props.close();
     stream.finish();
 }

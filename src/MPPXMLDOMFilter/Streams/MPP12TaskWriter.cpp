@@ -42,6 +42,7 @@ constexpr std::uint16_t kDays = 7;
 constexpr std::uint16_t kProjectUnits = 21;
 constexpr std::uint16_t kEstimated = 0x20;
 
+constexpr std::uint32_t kNoCalendarID = 0xFFFFFFFF;
 constexpr double kProjectSheetPosition = 1.0;
 
 std::size_t countOfTexts(const std::vector<std::string>& values) {
@@ -77,9 +78,7 @@ void MPP12TaskWriter::writeSteps() {
 
 void MPP12TaskWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    _var2Data->startNewElement();
-    _var2Data->writeString(textOf(project().title), MPPEncoding::Unicode);
-    _var2Data->closeCurrentElement();
+    writeTaskVar2Data(project());
     if (!project().tasks.empty()) {
         _var2Data->startNewElement();
         _var2Data->writeInteger(1);
@@ -99,7 +98,7 @@ void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
     };
     element([&] { data.writeString(textOf(task.title), MPPEncoding::Unicode); });
     if (hasText(task.notes))
-        element([&] { data.writeRtfString(*task.notes, MPPEncoding::ASCII); });
+        element([&] { writeNotes(data, task); });
     for (const std::string& value : task.customFieldValues)
         if (!value.empty())
             element([&] { data.writeString(value, MPPEncoding::Unicode); });
@@ -143,7 +142,7 @@ void MPP12TaskWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    varMeta.writeNextElementMetaWithID(kProjectOwnerID, kTitleType);
+    writeMetaForTask(varMeta, project(), kProjectOwnerID);
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
@@ -215,7 +214,7 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(148).date(earlyStart);
     row.at(152).date(lateFinish);
     row.at(156).date(_dates(task.getSummaryProgress()));
-    row.at(160).integer(task.calendarID());
+    row.at(160).integer(isProject(task) && !project().rowTellsCalendar ? kNoCalendarID : task.calendarID());
     row.at(164).date(_dates(task.getDeadline()));
     row.at(168).real(thousandthsOfMinute(task.work));
     row.at(176).real(thousandthsOfMinute(baseline.work));
@@ -251,9 +250,9 @@ std::uint32_t elementsOfTask(const MPPTask& task) {
     return static_cast<std::uint32_t>(elements);
 }
 
-// The second element is there only with tasks, but counted always where the file does not keep its numbers in step.
+// One more is there only with tasks, but counted always where the file does not keep its numbers in step.
 std::uint32_t elementsOfProject(const MPPProject& project) {
-    return project.bookkeeping && project.tasks.empty() ? 1 : 2;
+    return elementsOfTask(project) + (project.bookkeeping && project.tasks.empty() ? 0 : 1);
 }
 
 std::uint8_t flags1(const MPPTask& task, bool isProject) {
@@ -275,7 +274,7 @@ std::uint8_t flags4(const MPPTask& task) {
 }
 
 std::uint8_t flags5(const MPPTask& task) {
-    return static_cast<std::uint8_t>(0xC0 | (task.levelingCanSplit ? 0x02 : 0) |
+    return static_cast<std::uint8_t>(0xC0 | (task.isSplit ? 0x08 : 0) | (task.levelingCanSplit ? 0x02 : 0) |
                                      (task.getLevelAssignments() ? 0x04 : 0));
 }
 
@@ -305,7 +304,8 @@ std::array<std::uint8_t, 13> presenceOfTextFields(const MPPTask& task) {
 
 void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const {
     const bool isProjectRow = isProject(task);
-    fixedMeta.writeNextElementStartWithInt((isProjectRow ? elementsOfProject(project()) : elementsOfTask(task)) << 16);
+    const std::uint32_t elements = isProjectRow ? elementsOfProject(project()) : elementsOfTask(task);
+    fixedMeta.writeNextElementStartWithInt(elements << 16);
     MetaRecordBuilder<kFixedMetaSize> record;
     record.at(8).byte(task.milestone ? 0x63 : 0x43);
     record.at(9).byte(flags1(task, isProjectRow));
@@ -436,7 +436,8 @@ void MPP12TaskWriter::writeProps() {
     props.startNewElementForType(0x04400000, 2);
     props.write2ByteInteger(0);
     props.closeCurrentElement();
-    writeFieldAliasesElement(props, project().customTaskFieldNames, kDescriptionEnding, getTextFieldTypeForIndex);
+    writeFieldAliasesElement(props, {project().customTaskFieldNames, project().customFieldNameRoom}, kDescriptionEnding,
+                             getTextFieldTypeForIndex);
     props.close();
     stream.finish();
 }
@@ -462,6 +463,7 @@ std::shared_ptr<MPPTask> singleTopTask(const std::vector<std::shared_ptr<MPPTask
 void absorbRoot(MPPProject& project, const std::shared_ptr<MPPTask>& root) {
     project.tasks.erase(std::find(project.tasks.begin(), project.tasks.end(), root));
     project.keepRemovedRecord(root);
+    project.topTask = root.get();
     project.startDate = root->startDate;
     project.endDate = root->endDate;
     project.duration = root->duration;

@@ -78,9 +78,70 @@ void writeNoPhases(MPPData& data, const MPPAssignment& assignment, double remain
     }
 }
 
+// The blocks of a spread, as real files hold them. Fields without a name are zero or differ from file to file; meaning
+// unknown. A moment is told in eighths of a tenth of a minute of working time.
+
+constexpr double kPlannedUnitsScale = 16.0;
+
+std::uint32_t momentOf(double seconds) {
+    constexpr double kStepsOfMinute = 80.0;
+    return static_cast<std::uint32_t>(saturatingCut<std::int32_t>(seconds / 60.0 * kStepsOfMinute));
+}
+
+void writePlannedSpread(MPPData& data, const MPPWorkSpread& planned) {
+    RowBuilder<44> head;
+    head.at(0).lowWord(planned.phases.size());
+    head.at(2).word(0x20);
+    head.at(4).integer(0x2C);
+    head.at(8).real(planned.units * kPlannedUnitsScale);
+    head.at(16).real(thousandthsOfMinute(planned.work));
+    head.at(24).integer(momentOf(planned.elapsed));
+    head.at(28).integer(0); // contour: flat
+    head.at(32).integer(planned.phases.empty() && planned.work > 0 ? 1 : 0);
+    head.at(36).zeroes(8);
+    head.end(data);
+    for (const MPPWorkPhase& phase : planned.phases) {
+        RowBuilder<28> row;
+        row.at(0).real(thousandthsOfMinute(phase.work));
+        row.at(8).real(phase.units * kPlannedUnitsScale);
+        row.at(16).zeroes(8);
+        row.at(24).integer(momentOf(phase.elapsed));
+        row.end(data);
+    }
+    data.writeZeroesBlockOfSize(24);
+}
+
+void writeActualSpread(MPPData& data, const MPPWorkSpread& actual) {
+    RowBuilder<36> head;
+    head.at(0).lowWord(actual.phases.size());
+    head.at(2).word(0x18);
+    head.at(4).integer(0x24);
+    head.at(8).real(actual.units);
+    head.at(16).real(thousandthsOfMinute(actual.work));
+    head.at(24).integer(momentOf(actual.elapsed));
+    head.at(28).zeroes(8);
+    head.end(data);
+    for (const MPPWorkPhase& phase : actual.phases) {
+        RowBuilder<20> row;
+        row.at(0).real(thousandthsOfMinute(phase.work));
+        row.at(8).real(phase.units);
+        row.at(16).integer(momentOf(phase.elapsed));
+        row.end(data);
+    }
+    data.writeZeroesBlockOfSize(16);
+}
+
 } // namespace
 
+bool hasCompleteWork(const MPPAssignment& assignment) {
+    if (const auto& spread = assignment.workOverTime)
+        return !spread->actual.phases.empty() || !spread->planned.phases.empty();
+    return assignment.actualWork > 0;
+}
+
 void writePlannedWork(MPPData& data, const MPPAssignment& assignment) {
+    if (assignment.workOverTime)
+        return writePlannedSpread(data, assignment.workOverTime->planned);
     const double remaining = thousandthsOfMinute(assignment.remainingWork);
     const std::uint32_t share = shareOfWork(assignment.remainingWork, assignment.work);
     RowBuilder<32> head;
@@ -99,6 +160,8 @@ void writePlannedWork(MPPData& data, const MPPAssignment& assignment) {
 }
 
 void writeCompleteWork(MPPData& data, const MPPAssignment& assignment) {
+    if (assignment.workOverTime)
+        return writeActualSpread(data, assignment.workOverTime->actual);
     const double actual = thousandthsOfMinute(assignment.actualWork);
     const std::uint32_t share = shareOfWork(assignment.actualWork, assignment.work);
     RowBuilder<72> row;

@@ -5,6 +5,9 @@
 
 namespace brackwater {
 
+/// Whether an assignment has a block of complete work.
+[[nodiscard]] bool hasCompleteWork(const MPPAssignment& assignment);
+
 /// Append the two work blocks of an assignment's "Var2Data" elements: how the work that remains, and the work that is
 /// done, is spread over time.
 void writePlannedWork(MPPData& data, const MPPAssignment& assignment);

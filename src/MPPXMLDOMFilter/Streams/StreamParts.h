@@ -97,6 +97,15 @@ private:
 }
 [[nodiscard]] inline bool hasText(const std::optional<std::string>& text) { return text && !text->empty(); }
 
+/// The notes of a task or resource that has some.
+template <typename Record>
+void writeNotes(MPPData& data, const Record& record) {
+    if (record.notesAreRtf)
+        data.writeRtf(*record.notes);
+    else
+        data.writeRtfString(*record.notes, MPPEncoding::ASCII);
+}
+
 /// The format holds work in thousandths of a minute. Two products, not one by 60000: they differ in the last bit.
 [[nodiscard]] inline double thousandthsOfMinute(double hours) { return hours * 60.0 * 1000.0; }
 

@@ -83,6 +83,35 @@ TEST_F(AssignmentStreams, WorkThatIsDoneAddsABlockAndTwoGroups) {
     EXPECT_TRUE(sameBytes(fixedMeta(0), meta));
 }
 
+// As in files saved by Microsoft Project 2007: 40 hours, of which 4 are done, with a pause of 24 hours in the rest.
+TEST_F(AssignmentStreams, ASpreadTellsWorkAndPausesAsRealFilesHoldThem) {
+    MPPAssignment& assignment = addAssignment(&task, &resource);
+    assignment.actualWork = 4;
+    assignment.workOverTime = std::make_unique<MPPWorkOverTime>();
+    *assignment.workOverTime = {{4, 10000, 14400, {{4, 10000, 14400}}},
+                                {36, 10000, 216000, {{12, 10000, 43200}, {12, 0, 129600}, {36, 10000, 216000}}},
+                                true};
+    ASSERT_TRUE(writeAssignments()) << failureReason;
+    const auto records = varRecords();
+    ByteImage planned(44 + 3 * 28 + 24);
+    planned.word(0, 3).word(2, 0x20).integer(4, 0x2C).real(8, 160000).real(16, 2160000).integer(24, 288000);
+    planned.real(44, 720000).real(52, 160000).integer(68, 57600);
+    planned.real(72, 720000).integer(96, 172800);
+    planned.real(100, 2160000).real(108, 160000).integer(124, 288000);
+    EXPECT_TRUE(sameBytes(records.at(0).payload, planned));
+    ByteImage actual(36 + 20 + 16);
+    actual.word(0, 1).word(2, 0x18).integer(4, 0x24).real(8, 10000).real(16, 240000).integer(24, 19200);
+    actual.real(36, 240000).real(44, 10000).integer(52, 19200);
+    EXPECT_TRUE(sameBytes(records.at(1).payload, actual));
+    EXPECT_EQ(fixedMeta(0)[8], 0x31);
+
+    assignment.workOverTime->planned = {};
+    output = std::make_shared<MemoryOutput>();
+    ASSERT_TRUE(writeAssignments()) << failureReason;
+    EXPECT_TRUE(sameBytes(varRecords().at(0).payload, ByteImage(68).word(2, 0x20).integer(4, 0x2C)));
+    EXPECT_EQ(fixedMeta(0)[8], 0x71);
+}
+
 TEST_F(AssignmentStreams, PhasesAreConnectedButNotBehindTheLast) {
     MPPAssignment& assignment = addAssignment(&task, &resource);
     assignment.work = 2;

@@ -297,6 +297,25 @@ TEST_F(TaskStreams, AValuePastTheLastTextFieldFailsTheSameWay) {
                     [] { static_cast<void>(MPP12TaskWriter::getTextFieldTypeForIndex(0)); });
 }
 
+TEST_F(TaskStreams, TheProjectsRowKeepsNoteAndTexts) {
+    addTask("a").isSplit = true;
+    preprocess();
+    project.notes = "{}";
+    project.notesAreRtf = true;
+    project.customFieldValues = {"", "c"};
+    ASSERT_TRUE(writeTasks()) << failureReason;
+    const auto records = varRecords();
+    EXPECT_EQ(idsAndTypes(records), "0:14 0:15 0:54 0:1252 1:14");
+    EXPECT_EQ(records.at(1).payload, (Bytes{'{', '}', 0}));
+    const Bytes meta = fixedMeta(kProjectRow);
+    EXPECT_EQ(meta[2], 4);
+    EXPECT_EQ(meta[12], 0x11);
+    EXPECT_EQ(meta[22], 0x88);
+    EXPECT_EQ(meta[44], 0x01);
+    EXPECT_EQ(fixedMeta(kFirstTaskRow)[9], 0x02);
+    EXPECT_EQ(fixedMeta(kFirstTaskRow)[13], 0xCE);
+}
+
 TEST_F(TaskStreams, FieldNamesAreWrittenInsteadOfTheTemplatesProps) {
     project.customTaskFieldNames = {std::string(51, 'a'), std::string(52, 'b'), ""};
     preprocess();
@@ -318,6 +337,18 @@ TEST_F(TaskStreams, FieldNamesAreWrittenInsteadOfTheTemplatesProps) {
     for (const std::size_t i : std::initializer_list<std::size_t>{0, 1, 3, 4, 6, 7})
         expected.integer(kStart + 36 + kBlock + 4 * i, 8);
     EXPECT_TRUE(sameBytes(stream("Props"), expected));
+}
+
+TEST_F(TaskStreams, FieldNamesStandSideBySideWhereTheyNeedNoRoom) {
+    project.customTaskFieldNames = {"ab", "c"};
+    project.customFieldNameRoom = 0;
+    ASSERT_TRUE(writeTasks()) << failureReason;
+    constexpr std::uint32_t kSize = 8 + 16 + 6 + 4;
+    ByteImage expected(kSize + 4);
+    expected.integer(0, kSize).integer(4, kSize).integer(8, 2);
+    expected.word(12, 51).word(14, 0x0B40).integer(16, 24).word(20, 54).word(22, 0x0B40).integer(24, 30);
+    expected.text(28, "ab").text(34, "c");
+    EXPECT_TRUE(sameBytes(slice(stream("Props"), 42, kSize + 4), expected));
 }
 
 TEST_F(TaskStreams, MoreFieldNamesThanTextFieldsFail) {
