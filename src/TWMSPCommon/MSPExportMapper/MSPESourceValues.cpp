@@ -5,6 +5,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPEChildElements.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceLists.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskConstraint.h"
 
 #include <array>
@@ -63,6 +64,7 @@ std::unique_ptr<MPPResourceSource> sourceOfResource(const MSPEMapper& mapper, XM
     auto source = std::make_unique<MPPResourceSource>();
     source->id = zelbResource.attributeForName("id").value_or("");
     source->kind = kindFromText(Children(zelbResource, kChildNames).text(Child::Type));
+    source->fields = sourceFields(zelbResource);
     if (mapper.zelbBaselines().empty())
         return source;
     if (const auto inBaseline = mapper.zelbBaselines().front().getResourceById(source->id)) {

@@ -14,6 +14,7 @@
 #include "TWMSPCommon/MSPExportMapper/MSPENoteMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEProjectMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
+#include "TWMSPCommon/MSPExportMapper/MSPESourceLists.h"
 #include "TWMSPCommon/MSPExportMapper/MSPESourceValues.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskBaselineMapper.h"
 #include "TWMSPCommon/MSPExportMapper/MSPETaskConstraint.h"
@@ -256,6 +257,8 @@ private:
         auto source = sourceOfTask(*_info, _projectMapper.scheduleFromStart());
         source->isEffortDriven = _isEffortDriven;
         source->baseline = std::move(_sourceBaseline);
+        source->fields = sourceFields(_zelbTask);
+        source->segments = sourceSegments(_projectMapper, _zelbTask);
         _task->mppDomObject()->source = std::move(source);
     }
 
