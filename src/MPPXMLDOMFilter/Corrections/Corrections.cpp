@@ -10,16 +10,22 @@
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
 #include "MPPXMLDOMFilter/Corrections/GuidOrder.h"
 #include "MPPXMLDOMFilter/Corrections/Progress.h"
+#include "MPPXMLDOMFilter/Corrections/ResourceInitials.h"
+#include "MPPXMLDOMFilter/Corrections/RtfNotes.h"
 #include "MPPXMLDOMFilter/Corrections/SheetPositions.h"
 #include "MPPXMLDOMFilter/Corrections/StandardWeek.h"
 #include "MPPXMLDOMFilter/Corrections/SummaryTexts.h"
 #include "MPPXMLDOMFilter/Corrections/SummaryTotals.h"
 #include "MPPXMLDOMFilter/Corrections/TaskSettings.h"
+#include "MPPXMLDOMFilter/Corrections/TopTask.h"
 
 namespace brackwater {
 
 // The order counts where a pass reads what another one sets.
 void applyCorrections(MPPProject& project) {
+    keepTopTask(project);
+    composeNotes(project);
+    addResourceInitials(project);
     correctDefaultCalendarBase(project);
     nameBaseCalendars(project);
     correctCalendarHours(project);

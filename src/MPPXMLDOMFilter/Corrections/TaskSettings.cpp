@@ -17,7 +17,8 @@ void markAsSummary(MPPTask& task) {
 } // namespace
 
 void correctSummaryMarks(MPPProject& project) {
-    markAsSummary(project);
+    if (!project.tasks.empty())
+        markAsSummary(project);
     for (const auto& task : project.tasks)
         if (task->parent)
             markAsSummary(*task->parent);
