@@ -7,6 +7,7 @@
 #include "MPPXMLDOMFilter/Corrections/Bookkeeping.h"
 #include "MPPXMLDOMFilter/Corrections/CalendarHours.h"
 #include "MPPXMLDOMFilter/Corrections/Costs.h"
+#include "MPPXMLDOMFilter/Corrections/CustomFields.h"
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
 #include "MPPXMLDOMFilter/Corrections/GuidOrder.h"
 #include "MPPXMLDOMFilter/Corrections/Progress.h"
@@ -25,6 +26,7 @@ namespace brackwater {
 void applyCorrections(MPPProject& project) {
     keepTopTask(project);
     composeNotes(project);
+    numberCustomFields(project);
     addResourceInitials(project);
     correctDefaultCalendarBase(project);
     nameBaseCalendars(project);
