@@ -14,6 +14,7 @@
 #include "MPPXMLDOMFilter/Corrections/ResourceInitials.h"
 #include "MPPXMLDOMFilter/Corrections/RtfNotes.h"
 #include "MPPXMLDOMFilter/Corrections/SheetPositions.h"
+#include "MPPXMLDOMFilter/Corrections/SplitTasks.h"
 #include "MPPXMLDOMFilter/Corrections/StandardWeek.h"
 #include "MPPXMLDOMFilter/Corrections/SummaryTexts.h"
 #include "MPPXMLDOMFilter/Corrections/SummaryTotals.h"
@@ -33,11 +34,13 @@ void applyCorrections(MPPProject& project) {
     correctCalendarHours(project);
     correctMinutesPerDay(project);
     correctSheetPositions(project);
+    markSplitTasks(project);
     correctSummaryMarks(project);
     correctTaskSettings(project);
     const AssignmentIndex assignments(project);
     correctWork(project, assignments);
     correctProgress(project, assignments);
+    spreadWork(project);
     correctCosts(project, assignments);
     correctBaselines(project, assignments);
     correctSummaryTotals(project);
