@@ -109,7 +109,7 @@ TEST(CorrectedAmounts, AreWhatTheSourceTellsAndSumUp) {
 
     const inspect::ProjectFile file = exported(plan, baseline);
     EXPECT_EQ(allShown(file.tasks), R"(
-Plan 50% 77% 1d=0.5+0.5 41h=31.5+9.5 $719.188=566.104+153.083 actual 03-01 08:00 - stop 03-01 17:00 resume 03-02 08:00
+Plan 50% 77% 1d=0.5+0.5 41h=31.5+9.5 $719.188=566.104+153.083 actual 03-01 08:00 - stop 03-01 17:00 resume 03-02 08:00 baseline 34h $590
 Wall 67% 80% 4d=2.667+1.333 39.5h=31.5+8 $719.188=566.104+153.083 actual 03-01 08:00 - stop 03-01 17:00 resume 03-02 08:00 baseline 34h $590
 Half 50% 50% 2d=1+1 16h=8+8 $279.5=139.75+139.75 actual 03-01 08:00 - stop 03-01 17:00 resume 03-02 08:00 baseline 10h $185
 Done 100% 100% 1d=1+0 23.5h=23.5+0 $399.688=399.688+0 actual 03-03 08:00 03-03 17:00 stop 03-03 17:00 resume 03-03 17:00 baseline 24h $405

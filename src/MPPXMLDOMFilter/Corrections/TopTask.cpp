@@ -5,7 +5,7 @@
 namespace brackwater {
 
 void keepTopTask(MPPProject& project) {
-    project.rowTellsCalendar = false;
+    project.rowIsATasks = true;
     if (project.topTask == nullptr)
         return;
     MPPTask& top = *project.topTask;

@@ -33,7 +33,7 @@ struct MPPProject : MPPTask {
     std::vector<std::string> customTaskFieldNames;     ///< aliases of task text fields, by position
     std::vector<std::string> customResourceFieldNames; ///< aliases of resource text fields, by position
     std::size_t customFieldNameRoom = 104;             ///< bytes that an alias takes at least
-    bool rowTellsCalendar = true; ///< in the project's row, where a task has the calendar of its own
+    bool rowIsATasks = false; ///< the project's row has notes, texts and baselines as a task's, and no calendar
     std::shared_ptr<MPPCalendar> standardCalendar;
     std::uint64_t currencyDigits = 2;
     std::int32_t currencySymbolPosition = 0;

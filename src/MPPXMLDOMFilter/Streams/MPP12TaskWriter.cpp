@@ -97,6 +97,8 @@ void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
         data.closeCurrentElement();
     };
     element([&] { data.writeString(textOf(task.title), MPPEncoding::Unicode); });
+    if (hasTitleOnly(task))
+        return;
     if (hasText(task.notes))
         element([&] { writeNotes(data, task); });
     for (const std::string& value : task.customFieldValues)
@@ -123,8 +125,8 @@ void writeMetaForBaseline(MPP12VarMeta& varMeta, std::size_t index, std::uint64_
         varMeta.writeNextElementMetaWithID(taskID, std::uint64_t{kBaselineTypes[index - 1]} + distance);
 }
 
+// The elements behind the title.
 void writeMetaForTask(MPP12VarMeta& varMeta, const MPPTask& task, std::uint64_t taskID) {
-    varMeta.writeNextElementMetaWithID(taskID, kTitleType);
     if (hasText(task.notes))
         varMeta.writeNextElementMetaWithID(taskID, kNotesType);
     for (std::size_t i = 0; i < task.customFieldValues.size(); ++i)
@@ -142,12 +144,16 @@ void MPP12TaskWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    writeMetaForTask(varMeta, project(), kProjectOwnerID);
+    varMeta.writeNextElementMetaWithID(kProjectOwnerID, kTitleType);
+    if (!hasTitleOnly(project()))
+        writeMetaForTask(varMeta, project(), kProjectOwnerID);
     if (!project().tasks.empty())
         varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
-    stream.writeEach(RecordsInOrder(project().tasks),
-                     [&](const MPPTask& task) { writeMetaForTask(varMeta, task, ++taskID); });
+    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) {
+        varMeta.writeNextElementMetaWithID(++taskID, kTitleType);
+        writeMetaForTask(varMeta, task, taskID);
+    });
     stream.finish();
 }
 
@@ -214,7 +220,7 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(148).date(earlyStart);
     row.at(152).date(lateFinish);
     row.at(156).date(_dates(task.getSummaryProgress()));
-    row.at(160).integer(isProject(task) && !project().rowTellsCalendar ? kNoCalendarID : task.calendarID());
+    row.at(160).integer(isProject(task) && project().rowIsATasks ? kNoCalendarID : task.calendarID());
     row.at(164).date(_dates(task.getDeadline()));
     row.at(168).real(thousandthsOfMinute(task.work));
     row.at(176).real(thousandthsOfMinute(baseline.work));
@@ -252,7 +258,7 @@ std::uint32_t elementsOfTask(const MPPTask& task) {
 
 // One more is there only with tasks, but counted always where the file does not keep its numbers in step.
 std::uint32_t elementsOfProject(const MPPProject& project) {
-    return elementsOfTask(project) + (project.bookkeeping && project.tasks.empty() ? 0 : 1);
+    return (project.rowIsATasks ? elementsOfTask(project) : 1) + (project.bookkeeping && project.tasks.empty() ? 0 : 1);
 }
 
 std::uint8_t flags1(const MPPTask& task, bool isProject) {

@@ -46,6 +46,10 @@ private:
     void writeFixed2Row(const MPPTask& task);
     void writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const;
     [[nodiscard]] bool isProject(const MPPTask& task) const noexcept { return &task == &project(); }
+    /// Of the elements that a task may have the row has its title alone.
+    [[nodiscard]] bool hasTitleOnly(const MPPTask& task) const noexcept {
+        return isProject(task) && !project().rowIsATasks;
+    }
 
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();

@@ -87,6 +87,7 @@ TEST_F(AssignmentStreams, WorkThatIsDoneAddsABlockAndTwoGroups) {
 TEST_F(AssignmentStreams, ASpreadTellsWorkAndPausesAsRealFilesHoldThem) {
     MPPAssignment& assignment = addAssignment(&task, &resource);
     assignment.actualWork = 4;
+    assignment.remainingWork = 36;
     assignment.workOverTime = std::make_unique<MPPWorkOverTime>();
     *assignment.workOverTime = {{4, 10000, 14400, {{4, 10000, 14400}}},
                                 {36, 10000, 216000, {{12, 10000, 43200}, {12, 0, 129600}, {36, 10000, 216000}}},
@@ -105,6 +106,7 @@ TEST_F(AssignmentStreams, ASpreadTellsWorkAndPausesAsRealFilesHoldThem) {
     EXPECT_TRUE(sameBytes(records.at(1).payload, actual));
     EXPECT_EQ(fixedMeta(0)[8], 0x31);
 
+    assignment.remainingWork = 0;
     assignment.workOverTime->planned = {};
     output = std::make_shared<MemoryOutput>();
     ASSERT_TRUE(writeAssignments()) << failureReason;

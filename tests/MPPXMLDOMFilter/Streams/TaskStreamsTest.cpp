@@ -299,13 +299,15 @@ TEST_F(TaskStreams, AValuePastTheLastTextFieldFailsTheSameWay) {
 
 TEST_F(TaskStreams, TheProjectsRowKeepsNoteAndTexts) {
     addTask("a").isSplit = true;
+    addTask("b");
     preprocess();
     project.notes = "{}";
     project.notesAreRtf = true;
+    project.rowIsATasks = true;
     project.customFieldValues = {"", "c"};
     ASSERT_TRUE(writeTasks()) << failureReason;
     const auto records = varRecords();
-    EXPECT_EQ(idsAndTypes(records), "0:14 0:15 0:54 0:1252 1:14");
+    EXPECT_EQ(idsAndTypes(records), "0:14 0:15 0:54 0:1252 1:14 2:14");
     EXPECT_EQ(records.at(1).payload, (Bytes{'{', '}', 0}));
     const Bytes meta = fixedMeta(kProjectRow);
     EXPECT_EQ(meta[2], 4);
