@@ -21,8 +21,12 @@ public:
           _rows(comparison.match.assignmentsOf(pair.file->uniqueId)) {
         if (comparison.plan.baseline)
             _baselineTask = comparison.plan.baseline->task(_task.id);
-        if (_baselineTask != nullptr)
-            _baselineShares.emplace(*_baselineTask, *comparison.plan.baseline);
+        if (_baselineTask == nullptr)
+            return;
+        _baselineShares.emplace(*_baselineTask, *comparison.plan.baseline);
+        for (const SourceAssignment& assignment : _baselineTask->assignments)
+            if (_baselineShares->of(assignment))
+                _baselineAssignments.emplace(assignment.resource, &assignment);
     }
 
     void run() {
@@ -107,16 +111,18 @@ private:
             _comparison.number(subjectOf(_task), "whole cost", cost / 100, _file.cost, 100, Kind::CostOfWork);
     }
 
+    // A resource that is assigned twice has one baseline on the task; material has none.
     void compareBaseline(const Subject& subject, const SourceAssignment& source, const inspect::Assignment& row) {
-        if (!_baselineShares)
+        const auto [first, end] = _baselineAssignments.equal_range(source.resource);
+        if (first == end)
             return;
-        const auto assigned =
-            std::ranges::find(_baselineTask->assignments, source.resource, &SourceAssignment::resource);
-        if (assigned == _baselineTask->assignments.end() || !_baselineShares->of(*assigned))
-            return; // material has no baseline
         const auto found = row.baselines.find(0);
         const double inFile = found == row.baselines.end() ? 0 : found->second.work.value_or(0);
-        const double effort = *_baselineShares->nearest(*assigned, inFile * kSecondsOfWork);
+        double effort = 0;
+        for (auto one = first; one != end; ++one)
+            effort += std::next(first) == end ? *_baselineShares->nearest(*one->second, inFile * kSecondsOfWork)
+                                              : *_baselineShares->of(*one->second);
+        _baselineAssignments.erase(first, end);
         _comparison.baselineEfforts[source.resource] += effort;
         if (found == row.baselines.end())
             return _comparison.add(subject, Kind::BaselineAssignment, "baseline", hoursText(effort), "");
@@ -134,6 +140,7 @@ private:
     std::size_t _next = 0;
     const SourceTask* _baselineTask = nullptr;
     std::optional<EffortShares> _baselineShares;
+    std::unordered_multimap<std::string_view, const SourceAssignment*> _baselineAssignments; ///< not yet looked at
 };
 
 } // namespace

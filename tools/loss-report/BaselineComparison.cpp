@@ -38,17 +38,22 @@ private:
         _comparison.work(_subject, "work", _source.effort, inFile, kind);
     }
 
-    // The file has the whole cost as well, with that of the work; of a group with that of its tasks.
+    // The file has the whole cost, with that of the work, and mostly the fixed part as well.
     void compareCost() {
-        const double fixed = *_source.staticCost * 100, inFile = _baseline.fixedCost.value_or(0);
-        if (!isSameNumber(fixed, inFile))
-            return _comparison.number(_subject, "cost", fixed / 100, inFile, 100, Kind::BaselineCost);
-        double cost = fixed;
+        const double whole = _baseline.cost.value_or(0), work = costOfWork();
+        _comparison.number(_subject, "cost", *_source.staticCost, _baseline.fixedCost.value_or(whole - work), 100,
+                           Kind::BaselineCost);
+        if (_baseline.fixedCost.value_or(0) > 0 && !_source.isGroup())
+            _comparison.number(_subject, "whole cost", *_source.staticCost + work / 100, whole, 100,
+                               Kind::BaselineCost);
+    }
+
+    [[nodiscard]] double costOfWork() const {
+        double cost = 0;
         for (const inspect::Assignment* assignment : _comparison.match.assignmentsOf(_file.uniqueId))
             if (const auto found = assignment->baselines.find(0); found != assignment->baselines.end())
                 cost += found->second.cost.value_or(0);
-        if (!_source.isGroup())
-            _comparison.number(_subject, "cost", cost / 100, _baseline.cost.value_or(0), 100, Kind::BaselineCost);
+        return cost;
     }
 
     Comparison& _comparison;

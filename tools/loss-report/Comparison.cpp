@@ -11,7 +11,7 @@ namespace brackwater::lossreport {
 namespace {
 
 constexpr double kSecondsOfTenth = 6;
-constexpr std::int64_t kWholeTenth = 6;
+constexpr std::int64_t kWholeTenth = 6, kHour = 3600;
 // As far as digits of a double go astray in a calculation.
 constexpr double kRelativeError = 1e-9;
 
@@ -84,7 +84,8 @@ void Comparison::date(const Subject& subject, std::string_view fieldName, const 
         return told(otherwise);
     const std::int64_t lacking = expected->seconds - wallTimeOf(*inFile).seconds;
     if (lacking < 0 || lacking >= kWholeTenth)
-        return told(otherwise);
+        return told(expected->isDaylightTime && lacking >= kHour && lacking < kHour + kWholeTenth ? Kind::ZoneRule
+                                                                                                  : otherwise);
     if (lacking > 0)
         told(Kind::Seconds);
     if (expected->isRepeated)

@@ -10,6 +10,7 @@ enum class Kind {
     DateRange,
     Seconds,
     RepeatedHour,
+    ZoneRule,
     DurationRange,
     WholeHours,
     WholePercent,
@@ -67,10 +68,17 @@ enum class Kind {
     Unexplained,
 };
 
+/// Which exports have a kind of loss.
+enum class Occurs {
+    Always,         ///< the format has no place for the value, or no export writes it
+    InExactExports, ///< a corrected export carries the value
+};
+
 struct LossKind {
     Kind kind;
     std::string_view id;  ///< in reports and in docs/fidelity.md
     std::string_view why; ///< a sentence for the planner
+    Occurs occurs;
 };
 
 /// All kinds, in the order of the enumeration.

@@ -4,12 +4,17 @@
 
 #include "mppinspect/CompoundFile.h"
 
+#include <future>
+
 namespace brackwater::lossreport {
 
 LossReport findLosses(const std::string& bundlePath, const std::string& mppPath) {
     const SystemTimeZoneHold hold;
+    // Reading takes most of the time, and neither of the two needs the other.
+    auto decoded =
+        std::async(std::launch::async, [&mppPath] { return inspect::decode(inspect::CompoundFile::open(mppPath)); });
     const SourcePlan plan = readPlan(bundlePath);
-    const inspect::ProjectFile file = inspect::decode(inspect::CompoundFile::open(mppPath));
+    const inspect::ProjectFile file = decoded.get();
     Comparison comparison(plan, file);
     compareProject(comparison);
     compareTasks(comparison);

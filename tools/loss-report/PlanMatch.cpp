@@ -23,6 +23,14 @@ std::vector<const Record*> sortedBy(const std::vector<Record>& records, const Ke
     return sorted;
 }
 
+std::uint32_t taskOf(const inspect::Assignment* assignment) { return assignment->taskId; }
+
+/// Those of a sorted list that have the key.
+template <typename Record, typename Value, typename Key>
+std::span<const Record* const> withKey(const std::vector<const Record*>& sorted, const Value& value, const Key& key) {
+    return {std::ranges::lower_bound(sorted, value, {}, key), std::ranges::upper_bound(sorted, value, {}, key)};
+}
+
 /// Goes over two lists in step. Where they differ in length, a record of the document whose successor bears the row's
 /// name is one that the file lacks.
 template <typename Pairs, typename Rows, typename Name, typename RowName>
@@ -65,8 +73,7 @@ void walk(Pairs& pairs, Places& places, std::string_view top, const Find& find, 
 } // namespace
 
 PlanMatch::PlanMatch(const SourcePlan& plan, const inspect::ProjectFile& file)
-    : _assignments(sortedBy(file.assignments, [](const inspect::Assignment* a) { return a->taskId; })),
-      _links(sortedBy(file.links, keyOf)) {
+    : _assignments(sortedBy(file.assignments, taskOf)), _links(sortedBy(file.links, keyOf)) {
     for (const inspect::Calendar& calendar : file.calendars)
         _calendars.try_emplace(calendar.id, &calendar);
     for (const inspect::Resource& resource : file.resources)
@@ -141,14 +148,11 @@ const ResourcePair* PlanMatch::resource(std::string_view id) const {
 }
 
 std::span<const inspect::Assignment* const> PlanMatch::assignmentsOf(std::uint32_t task) const {
-    const auto found =
-        std::ranges::equal_range(_assignments, task, {}, [](const inspect::Assignment* a) { return a->taskId; });
-    return {found.begin(), found.end()};
+    return withKey(_assignments, task, taskOf);
 }
 
 std::span<const inspect::Link* const> PlanMatch::links(std::uint32_t predecessor, std::uint32_t successor) const {
-    const auto found = std::ranges::equal_range(_links, linkKey(predecessor, successor), {}, keyOf);
-    return {found.begin(), found.end()};
+    return withKey(_links, linkKey(predecessor, successor), keyOf);
 }
 
 const inspect::Calendar* PlanMatch::calendar(std::uint32_t id) const {

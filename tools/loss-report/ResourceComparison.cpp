@@ -94,7 +94,7 @@ private:
         for (auto place = pair.parent; place;) {
             const ResourcePair& group = _comparison.match.resources()[*place];
             if (!group.source->name.empty())
-                path = std::string(group.source->name) + (path.empty() ? "" : "/" + path);
+                path.insert(0, path.empty() ? "" : "/").insert(0, group.source->name);
             else
                 hasNameless = hasNameless || group.parent;
             place = group.parent;

@@ -90,7 +90,7 @@ std::string WallTime::text() const {
 }
 
 WallTime wallTimeOf(const inspect::Date& date) {
-    return {std::int64_t{date.days} * kDay + std::int64_t{date.tenths} * 6, false};
+    return {std::int64_t{date.days} * kDay + std::int64_t{date.tenths} * 6};
 }
 
 std::optional<WallTime> WallClock::read(std::string_view text) const {
@@ -101,12 +101,13 @@ std::optional<WallTime> WallClock::read(std::string_view text) const {
         return std::nullopt;
     const auto offset = offsetOf(scanner);
     if (!offset)
-        return WallTime{*wall - kFirstDay, false};
+        return WallTime{*wall - kFirstDay};
     const std::int64_t instant = *wall - *offset;
-    const std::int64_t local = instant + _zone.secondsFromGMT(Date{static_cast<double>(instant)});
+    const Date date{static_cast<double>(instant)};
+    const std::int64_t local = instant + _zone.secondsFromGMT(date);
     // Of the two instants that a clock shows alike, the zone reads the first from the clock.
     const bool isSecond = local - _zone.secondsFromGMTAtWallTime(local) != instant;
-    return WallTime{local - kFirstDay, isSecond};
+    return WallTime{local - kFirstDay, isSecond, _zone.isDaylightSavingTime(date)};
 }
 
 } // namespace brackwater::lossreport

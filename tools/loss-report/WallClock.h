@@ -14,6 +14,7 @@ namespace brackwater::lossreport {
 struct WallTime {
     std::int64_t seconds = 0;
     bool isRepeated = false; ///< the clock shows it twice, since it was set back
+    bool isDaylightTime = false;
 
     [[nodiscard]] std::int64_t day() const noexcept;
     [[nodiscard]] std::int64_t secondOfDay() const noexcept;
