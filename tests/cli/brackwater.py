@@ -4,6 +4,7 @@
   brackwater.py COMMAND RUNNER TEMPLATE SOURCE_FOLDER
 """
 import difflib
+import fcntl
 import json
 import os
 import pathlib
@@ -194,6 +195,7 @@ def nothing_is_forged():
         lines = (out + err).splitlines()
         check(status == 1 and not [line for line in lines if line.startswith("###")], "no line of its own", *lines)
         check(not re.search("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028\u2029\u202e]", out + err), "no control is shown", *lines)
+        check((place.path / "r.json").read_text().isascii(), "nor in the report")
         check(json.loads((place.path / "r.json").read_text())["bundles"][0]["bundle"] == evil, "the report has the name")
 
 
@@ -228,7 +230,27 @@ def interrupted():
             check({one["status"] for one in report["bundles"]} == {"exported", "interrupted"}, "the report tells", err)
 
 
-for test in (rows, lists, names_of_outputs, log_and_report, nothing_is_forged, outputs_that_cannot_be_written, interrupted):
+def a_reader_that_does_not_read():
+    with Place() as place:
+        (place.path / "out").mkdir()
+        run = place.start("-o", "out", *["a.zelb"] * 300)
+        fcntl.fcntl(run.stdout, fcntl.F_SETPIPE_SZ, 4096)
+        before = -1
+        while len(place.names("out")) != before:  # until it waits for the reader
+            before = len(place.names("out"))
+            time.sleep(0.5)
+        run.send_signal(signal.SIGTERM)
+        try:
+            run.wait(15)
+        except subprocess.TimeoutExpired:
+            run.kill()
+        check(run.returncode == 143 and 0 < before < 300, "a signal ends it", run.returncode, before)
+        check(not [name for name in place.names("out") if name.startswith(".")], "it left nothing", place.names("out")[:3])
+        run.communicate()
+
+
+for test in (rows, lists, names_of_outputs, log_and_report, nothing_is_forged, outputs_that_cannot_be_written, interrupted,
+             a_reader_that_does_not_read):
     test()
 print("all as expected" if failures == 0 else f"{failures} failed")
 sys.exit(failures > 0)

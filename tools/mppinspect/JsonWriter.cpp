@@ -3,14 +3,31 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <iterator>
 
 namespace brackwater::inspect {
 
 namespace {
 
-void appendQuoted(std::string& out, std::string_view text) {
+/// The code of a character of two or three bytes that a terminal would obey or that turns the direction of what
+/// follows; 0 for any other.
+unsigned codeOfHidden(std::string_view character) {
+    const auto byteAt = [character](std::size_t i) {
+        return static_cast<unsigned>(static_cast<unsigned char>(character[i]));
+    };
+    unsigned code = 0;
+    if (character.size() == 2)
+        code = (byteAt(0) & 0x1F) << 6 | (byteAt(1) & 0x3F);
+    else if (character.size() == 3)
+        code = (byteAt(0) & 0x0F) << 12 | (byteAt(1) & 0x3F) << 6 | (byteAt(2) & 0x3F);
+    const auto isBetween = [code](unsigned first, unsigned last) { return code >= first && code <= last; };
+    const bool isHidden = isBetween(0x80, 0x9F) || code == 0x061C || code == 0x200E || code == 0x200F ||
+                          isBetween(0x2028, 0x202E) || isBetween(0x2066, 0x2069) || code == 0xFEFF;
+    return isHidden ? code : 0;
+}
+
+void appendPiece(std::string& out, std::string_view text) {
     std::string escape;
-    out += '"';
     appendReplacing(out, text, [&escape](char c) -> std::string_view {
         if (c == '"')
             return "\\\"";
@@ -23,6 +40,22 @@ void appendQuoted(std::string& out, std::string_view text) {
         escape = fmt::format("\\u{:04x}", static_cast<unsigned>(static_cast<unsigned char>(c)));
         return escape;
     });
+}
+
+void appendQuoted(std::string& out, std::string_view text) {
+    out += '"';
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t size = characterSize(text.substr(at));
+        const unsigned hidden = codeOfHidden(text.substr(at, size));
+        if (hidden != 0) {
+            appendPiece(out, text.substr(begin, at - begin));
+            fmt::format_to(std::back_inserter(out), "\\u{:04x}", hidden);
+            begin = at + size;
+        }
+        at += size == 0 ? 1 : size;
+    }
+    appendPiece(out, text.substr(begin));
     out += '"';
 }
 

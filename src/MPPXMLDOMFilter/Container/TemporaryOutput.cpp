@@ -1,5 +1,6 @@
 #include "MPPXMLDOMFilter/Container/TemporaryOutput.h"
 
+#include "Platform/FileMove.h"
 #include "Platform/PathText.h"
 
 #include <fmt/format.h>
@@ -16,43 +17,6 @@ namespace brackwater {
 namespace {
 
 constexpr int kReadableAndWritable = 0666; // what the user's mask leaves of it
-
-enum class Move { Done, Taken, Failed };
-
-Move resultOf(int answer) {
-    if (answer == 0)
-        return Move::Done;
-    return errno == EEXIST ? Move::Taken : Move::Failed;
-}
-
-bool fileSystemLacksIt() { return errno == EINVAL || errno == ENOSYS || errno == EPERM || errno == EOPNOTSUPP; }
-
-// For file systems that know neither a move that spares the destination nor a second name: an empty file of our own
-// takes the name first, and is replaced.
-Move moveOntoReservation(const char* from, const char* to) {
-    const int reservation = open(to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadableAndWritable);
-    if (reservation < 0)
-        return resultOf(-1);
-    close(reservation);
-    if (rename(from, to) == 0)
-        return Move::Done;
-    const int fault = errno;
-    unlink(to);
-    errno = fault;
-    return Move::Failed;
-}
-
-Move moveWithoutReplacing(const char* from, const char* to) {
-    Move move = resultOf(renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE));
-    if (move != Move::Failed || !fileSystemLacksIt())
-        return move;
-    move = resultOf(link(from, to));
-    if (move == Move::Done)
-        unlink(from);
-    if (move != Move::Failed || !fileSystemLacksIt())
-        return move;
-    return moveOntoReservation(from, to);
-}
 
 } // namespace
 
@@ -89,13 +53,13 @@ std::FILE* TemporaryOutput::openStream(std::string& fault) {
 }
 
 bool TemporaryOutput::moveTo(NumberedPath& destination, std::string& fault) {
-    Move move = moveWithoutReplacing(_file->path().c_str(), destination.path().c_str());
-    while (move == Move::Taken) {
+    FileMove move = moveWithoutReplacing(_file->path(), destination.path());
+    while (move == FileMove::Taken) {
         destination.next();
         destination.findFree();
-        move = moveWithoutReplacing(_file->path().c_str(), destination.path().c_str());
+        move = moveWithoutReplacing(_file->path(), destination.path());
     }
-    _moved = move == Move::Done;
+    _moved = move == FileMove::Done;
     if (!_moved)
         fault = std::strerror(errno);
     return _moved;

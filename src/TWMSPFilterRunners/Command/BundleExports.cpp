@@ -6,13 +6,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <system_error>
 #include <unistd.h>
 
@@ -24,26 +20,16 @@ constexpr auto kTimeToEnd = std::chrono::seconds(1);
 constexpr int kProgressPause = 100; // milliseconds
 constexpr int kSignalStatus = 128;
 
-/// Where an output is made: a folder beside its place, so that whatever a worker leaves there is removed with it.
-std::string makeWorkFolder(const std::string& outputFolder) {
-    std::string path = outputFolder + "/.brackwater-XXXXXX";
-    if (mkdtemp(path.data()) == nullptr)
-        throw std::system_error(errno, std::generic_category(),
-                                fmt::format("nothing can be made in '{}'", outputFolder));
-    return path;
-}
-
-void removeWorkFolder(const std::string& path) {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-}
-
 /// In a worker: what is written to standard error goes to the log, and nothing to standard output.
 void redirectOutputs(int log) {
     const FileDescriptor nowhere(open("/dev/null", O_RDWR | O_CLOEXEC));
     dup2(nowhere.get(), STDIN_FILENO);
     dup2(nowhere.get(), STDOUT_FILENO);
     dup2(log >= 0 ? log : nowhere.get(), STDERR_FILENO);
+}
+
+std::size_t workersFor(const CommandOptions& options, const ExportPlan& plan) {
+    return std::min<std::size_t>(options.jobs, std::max<std::size_t>(plan.jobs.size(), 1));
 }
 
 } // namespace
@@ -53,13 +39,12 @@ BundleExports::BundleExports(const CommandOptions& options)
       _plan(planExports(options)), _settings{_plan.templatePath,
                                              options.exact ? ExportMode::Exact : ExportMode::Corrected,
                                              options.replacesOutputs, options.log.has_value()},
-      _board(std::min<std::size_t>(options.jobs, std::max<std::size_t>(_plan.jobs.size(), 1))),
-      _pool(std::min<std::size_t>(options.jobs, std::max<std::size_t>(_plan.jobs.size(), 1))),
-      _progress(!options.quiet), _begun(_pool.size()) {
+      _output(_stopRequests.descriptor()), _slots(WorkerPool::sizeFor(workersFor(options, _plan))),
+      _board(_slots.size()), _pool(workersFor(options, _plan)), _progress(!options.quiet) {
     if (options.log)
-        _log.emplace(*options.log);
+        _log.emplace(*options.log, _stopRequests.descriptor());
     if (options.report)
-        _report.emplace(*options.report, _plan.templatePath);
+        _report.emplace(*options.report, _plan.templatePath, _stopRequests.descriptor());
 }
 
 int BundleExports::run() {
@@ -92,43 +77,42 @@ void BundleExports::beginJobs() {
 }
 
 /// False where it has to wait for the end of another.
-bool BundleExports::beginJob(std::size_t number) {
-    const ExportJob& job = _plan.jobs[number];
+bool BundleExports::beginJob(std::size_t job) {
     const std::size_t slot = _pool.idleSlot();
     try {
         tellInOrder(); // so that its log is written to the file at once where all before it are done
-        Begun begun{number, makeWorkFolder(job.outputFolder)};
-        const int log = _log ? _log->beginJob(number) : -1;
+        _slots[slot].job = job;
+        _slots[slot].folder.makeIn(_plan.jobs[job].outputFolder);
+        const int log = _log ? _log->beginJob(job) : -1;
         _board.slot(slot).phase = 0;
         _board.slot(slot).percent = 0;
-        if (_pool.start(slot, number, [&] { return workInProcess(job, begun.workFolder, log, slot); })) {
-            _begun[slot] = std::move(begun);
+        if (_pool.start(slot, job, [&](const auto& isComputed) { return workInProcess(slot, log, isComputed); }))
             return true;
-        }
         const int fault = errno;
-        removeWorkFolder(begun.workFolder);
         if (!_pool.isIdle())
             return false;
         throw std::system_error(fault, std::generic_category(), "no process can be started");
     } catch (const std::system_error& failure) {
-        setFailure(number, failure.what());
+        setFailure(job, failure.what());
         return true;
     }
 }
 
-std::string BundleExports::workInProcess(const ExportJob& job, const std::string& workFolder, int log,
-                                         std::size_t slot) const {
+std::string BundleExports::workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const {
     redirectOutputs(log);
     _stopRequests.releaseInWorker();
-    const ExportResult result = runWorker(job, _settings, workFolder, _board.slot(slot));
+    const ExportResult result =
+        runWorker(_plan.jobs[_slots[slot].job], _settings, _slots[slot].folder.path(), _board.slot(slot), isComputed);
     flushLog();
     return packedResult(result);
 }
 
 void BundleExports::endJob(const EndedWorker& worker) {
-    removeWorkFolder(_begun[worker.slot].workFolder);
-    _begun[worker.slot] = {};
-    if (auto result = unpackedResult(worker.answer); result && worker.death.empty())
+    auto result = worker.death.empty() ? unpackedResult(worker.answer) : std::nullopt;
+    // Only a folder that was left empty serves the next job.
+    if (!result || !result->exported)
+        _slots[worker.slot].folder.remove();
+    if (result)
         _results.emplace(worker.job, std::move(*result));
     else if (_stopSignal == 0)
         setFailure(worker.job, worker.death.empty() ? "its process gave no answer" : worker.death);
@@ -151,8 +135,11 @@ void BundleExports::tellInOrder() {
         _summary.add(job, result);
         if (!result.exported || !_options.quiet) {
             _progress.clear();
-            fmt::print(result.exported ? stdout : stderr, "{}{}\n",
-                       result.exported ? "" : "brackwater: ", lineOfResult(job, result));
+            const std::string line = lineOfResult(job, result) + "\n";
+            if (result.exported)
+                _output.print(line);
+            else
+                _output.printError("brackwater: " + line);
         }
         _results.erase(next);
         ++_told;
@@ -160,13 +147,15 @@ void BundleExports::tellInOrder() {
 }
 
 void BundleExports::showProgress() {
-    std::size_t slot = _begun.size();
-    for (std::size_t i = 0; i < _begun.size(); ++i)
-        if (!_begun[i].workFolder.empty() && (slot == _begun.size() || _begun[i].job < _begun[slot].job))
-            slot = i;
-    if (slot < _begun.size())
-        _progress.show(_told + _results.size(), _plan.jobs.size(), _plan.jobs[_begun[slot].job].bundle,
-                       _board.slot(slot));
+    if (!_progress.isShown())
+        return;
+    std::size_t first = _slots.size();
+    for (std::size_t slot = 0; slot < _slots.size(); ++slot)
+        if (_pool.isComputing(slot) && (first == _slots.size() || _slots[slot].job < _slots[first].job))
+            first = slot;
+    if (first < _slots.size())
+        _progress.show(_told + _results.size(), _plan.jobs.size(), _plan.jobs[_slots[first].job].bundle,
+                       _board.slot(first));
 }
 
 /// Ends the workers: in order, so that they clean up, but a second request or a second's time ends them at once.
@@ -198,7 +187,7 @@ void BundleExports::tellRest() {
             _report->addInterrupted(_plan.jobs[_told]);
     }
     if (interrupted > 0)
-        fmt::print(stderr, "brackwater: interrupted; bundles that were not exported: {}\n", interrupted);
+        _output.printError(fmt::format("brackwater: interrupted; bundles that were not exported: {}\n", interrupted));
 }
 
 int BundleExports::status() const {
@@ -214,17 +203,18 @@ int BundleExports::finish() {
     _progress.clear();
     tellRest();
     if (!_options.quiet)
-        fmt::print("{}", _summary.text());
+        _output.print(_summary.text());
     int status = this->status();
-    const auto checkWritten = [&status](bool isWritten, std::string_view what) {
+    const auto checkWritten = [&](bool isWritten, std::string_view what) {
         if (isWritten)
             return;
-        fmt::print(stderr, "brackwater: the {} could not be written\n", what);
+        _output.printError(fmt::format("brackwater: {} cannot be written\n", what));
         if (status == static_cast<int>(CommandStatus::Exported) || status == static_cast<int>(CommandStatus::Losses))
             status = static_cast<int>(CommandStatus::SomeFailed);
     };
-    checkWritten(!_log || _log->close(), "log");
-    checkWritten(!_report || _report->finish(status), "report");
+    checkWritten(_output.isWhole(), "standard output");
+    checkWritten(!_log || _log->close(), "the log");
+    checkWritten(!_report || _report->finish(status), "the report");
     return status;
 }
 

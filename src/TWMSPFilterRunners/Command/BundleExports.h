@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TWMSPFilterRunners/Command/CommandOptions.h"
+#include "TWMSPFilterRunners/Command/CommandOutput.h"
 #include "TWMSPFilterRunners/Command/ExportPlan.h"
 #include "TWMSPFilterRunners/Command/ExportResult.h"
 #include "TWMSPFilterRunners/Command/LogFile.h"
@@ -9,6 +10,7 @@
 #include "TWMSPFilterRunners/Command/ReportFile.h"
 #include "TWMSPFilterRunners/Command/StopRequests.h"
 #include "TWMSPFilterRunners/Command/Summary.h"
+#include "TWMSPFilterRunners/Command/WorkFolder.h"
 #include "TWMSPFilterRunners/Command/Worker.h"
 #include "TWMSPFilterRunners/Command/WorkerPool.h"
 
@@ -29,16 +31,15 @@ public:
     [[nodiscard]] int run();
 
 private:
-    /// A job that a worker has in hand.
-    struct Begun {
+    /// What belongs to a worker.
+    struct Slot {
         std::size_t job = 0;
-        std::string workFolder;
+        WorkFolder folder;
     };
 
     void beginJobs();
     [[nodiscard]] bool beginJob(std::size_t job);
-    [[nodiscard]] std::string workInProcess(const ExportJob& job, const std::string& workFolder, int log,
-                                            std::size_t slot) const;
+    [[nodiscard]] std::string workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const;
     void endJob(const EndedWorker& worker);
     void setFailure(std::size_t job, std::string fault);
     void tellInOrder();
@@ -50,15 +51,16 @@ private:
 
     const CommandOptions& _options;
     ExportPlan _plan;
-    std::optional<LogFile> _log;
-    std::optional<ReportFile> _report;
     WorkerSettings _settings;
     StopRequests _stopRequests;
+    CommandOutput _output;
+    std::optional<LogFile> _log;
+    std::optional<ReportFile> _report;
+    std::vector<Slot> _slots; ///< outlive the workers
     ProgressBoard _board;
     WorkerPool _pool;
     ProgressLine _progress;
     Summary _summary;
-    std::vector<Begun> _begun;                    ///< by slot
     std::size_t _nextJob = 0;                     ///< that no worker has had
     std::map<std::size_t, ExportResult> _results; ///< that wait for those in front of them
     std::size_t _told = 0;

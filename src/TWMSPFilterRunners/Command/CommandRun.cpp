@@ -3,6 +3,7 @@
 #include "Platform/VisibleText.h"
 #include "TWMSPFilterRunners/Command/BundleExports.h"
 #include "TWMSPFilterRunners/Command/CommandLine.h"
+#include "TWMSPFilterRunners/Command/CommandOutput.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 
 #include <fmt/format.h>
@@ -18,8 +19,13 @@ namespace {
 void tell(std::string_view fault) { fmt::print(stderr, "brackwater: {}\n", visibleText(fault)); }
 
 int answer(const CommandAnswer& answer) {
-    std::fwrite(answer.text.data(), 1, answer.text.size(), stdout);
-    return static_cast<int>(CommandStatus::Exported);
+    constexpr int noStopRequests = -1; // they end the process here
+    CommandOutput output(noStopRequests);
+    output.print(answer.text);
+    if (output.isWhole())
+        return static_cast<int>(CommandStatus::Exported);
+    tell("standard output cannot be written");
+    return static_cast<int>(CommandStatus::SomeFailed);
 }
 
 int run(std::span<const std::string> arguments) {
@@ -43,11 +49,7 @@ int runCommand(std::span<const std::string> arguments) {
     // Readers that go away and limits on file sizes show as failed writes.
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
-    const int status = run(arguments);
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
-        return status;
-    tell("standard output cannot be written");
-    return status == static_cast<int>(CommandStatus::Exported) ? static_cast<int>(CommandStatus::SomeFailed) : status;
+    return run(arguments);
 }
 
 } // namespace brackwater

@@ -96,7 +96,7 @@ std::string defaultTemplatePath() {
 }
 
 std::string checkedTemplate(const std::optional<std::string>& named) {
-    const std::string path = named ? absolutePath(*named) : defaultTemplatePath();
+    std::string path = named ? absolutePath(*named) : defaultTemplatePath();
     const auto refuse = [&](std::string_view fault) {
         throw UsageError(fmt::format("the template '{}' {}", named.value_or(path), fault));
     };

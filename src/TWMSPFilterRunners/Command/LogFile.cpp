@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/LogFile.h"
 
-#include "Platform/PathText.h"
+#include "TWMSPFilterRunners/Command/StoppableWrite.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 
 #include <fmt/format.h>
@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
-#include <string_view>
 #include <system_error>
 #include <unistd.h>
 
@@ -26,20 +25,12 @@ FileDescriptor namelessFile() {
     return file;
 }
 
-bool writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
-            return false;
-        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 } // namespace
 
-LogFile::LogFile(const std::string& path)
-    : _path(path), _file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NOCTTY, 0666)) {
+// A pipe without a reader must not hold the opening up.
+LogFile::LogFile(const std::string& path, int stopDescriptor)
+    : _file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
+      _stopDescriptor(stopDescriptor) {
     if (!_file)
         throw UsageError(
             fmt::format("the log '{}' cannot be written: {}", path, std::generic_category().message(errno)));
@@ -63,7 +54,7 @@ void LogFile::append(const FileDescriptor& lines) {
     std::array<char, 65536> piece;
     ssize_t got = lseek(lines.get(), 0, SEEK_SET);
     while (got >= 0 && (got = read(lines.get(), piece.data(), piece.size())) > 0)
-        if (!writeAll(_file.get(), {piece.data(), static_cast<std::size_t>(got)}))
+        if (!writeUnlessStopped(_file.get(), {piece.data(), static_cast<std::size_t>(got)}, _stopDescriptor))
             break;
     _isWhole = _isWhole && got == 0;
 }

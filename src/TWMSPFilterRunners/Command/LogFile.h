@@ -11,8 +11,9 @@ namespace brackwater {
 /// overlap.
 class LogFile {
 public:
-    /// Empties the file. Raises UsageError where it cannot be written.
-    explicit LogFile(const std::string& path);
+    /// Empties the file. Raises UsageError where it cannot be written. A request that can be read from the descriptor
+    /// ends the wait for the reader of a pipe.
+    LogFile(const std::string& path, int stopDescriptor);
 
     /// Where a job's lines go, for its worker: into the file where it is the job's turn, otherwise into a file without
     /// a name until then. -1 where there is none.
@@ -25,8 +26,8 @@ public:
 private:
     void append(const FileDescriptor& lines);
 
-    std::string _path;
     FileDescriptor _file;
+    int _stopDescriptor;
     std::size_t _turn = 0;
     std::map<std::size_t, FileDescriptor> _waiting; ///< lines of the jobs whose turn has not come
     bool _isWhole = true;

@@ -1,5 +1,6 @@
 #include "TWMSPFilterRunners/Command/OutputFile.h"
 
+#include "Platform/FileMove.h"
 #include "Platform/PathText.h"
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
 #include "TWMSPFilterRunners/Command/OutputNames.h"
@@ -27,23 +28,6 @@ void sync(const std::string& path, int flags) {
         fail("cannot be put on the disk:", path);
 }
 
-/// False where the path is taken.
-bool moveWithoutReplacing(const std::string& from, const std::string& to) {
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
-        return true;
-    if (errno == EEXIST)
-        return false;
-    if (errno != EINVAL && errno != ENOSYS)
-        fail("cannot be moved into place:", to);
-    // A file system without that call: the name is taken first, and only what was taken is replaced.
-    const FileDescriptor taken(open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (!taken && errno == EEXIST)
-        return false;
-    if (!taken || rename(from.c_str(), to.c_str()) != 0)
-        fail("cannot be moved into place:", to);
-    return true;
-}
-
 void moveReplacing(const std::string& from, const std::string& to) {
     struct stat replaced {};
     constexpr mode_t permissions = 0777;
@@ -56,8 +40,11 @@ void moveReplacing(const std::string& from, const std::string& to) {
 
 std::string moveToFreeName(const std::string& from, const std::string& to) {
     std::uint64_t number = 0;
-    while (!moveWithoutReplacing(from, numberedPath(to, number)))
-        ++number;
+    FileMove move = moveWithoutReplacing(from, to);
+    while (move == FileMove::Taken)
+        move = moveWithoutReplacing(from, numberedPath(to, ++number));
+    if (move == FileMove::Failed)
+        fail("cannot be moved into place:", to);
     return numberedPath(to, number);
 }
 

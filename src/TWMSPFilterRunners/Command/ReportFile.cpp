@@ -1,6 +1,7 @@
 #include "TWMSPFilterRunners/Command/ReportFile.h"
 
 #include "Platform/PathText.h"
+#include "TWMSPFilterRunners/Command/StoppableWrite.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 
 #include <fmt/format.h>
@@ -25,11 +26,11 @@ std::string outputPathOf(const ExportJob& job, const ExportResult& result) {
 
 } // namespace
 
-ReportFile::ReportFile(const std::string& path, const std::string& templatePath)
-    : _path(path), _json([this](std::string_view text) { write(text); }) {
+ReportFile::ReportFile(const std::string& path, const std::string& templatePath, int stopDescriptor)
+    : _path(path), _stopDescriptor(stopDescriptor), _json([this](std::string_view text) { write(text); }) {
     struct stat status {};
     if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        _file = FileDescriptor(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+        _file = FileDescriptor(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     } else {
         _temporaryPath = path + ".XXXXXX";
         _file = FileDescriptor(mkostemp(_temporaryPath.data(), O_CLOEXEC));
@@ -117,11 +118,7 @@ bool ReportFile::finish(int status) {
 }
 
 void ReportFile::write(std::string_view text) {
-    while (_isWhole && !text.empty()) {
-        const ssize_t written = ::write(_file.get(), text.data(), text.size());
-        _isWhole = written >= 0 || errno == EINTR;
-        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
+    _isWhole = _isWhole && writeUnlessStopped(_file.get(), text, _stopDescriptor);
 }
 
 } // namespace brackwater

@@ -13,8 +13,9 @@ namespace brackwater {
 /// whole, and replaces an earlier one then. What is no regular file, a pipe or a terminal, is written to at once.
 class ReportFile {
 public:
-    /// Raises UsageError where the file cannot be written.
-    ReportFile(const std::string& path, const std::string& templatePath);
+    /// Raises UsageError where the file cannot be written. A request that can be read from the descriptor ends the wait
+    /// for the reader of a pipe.
+    ReportFile(const std::string& path, const std::string& templatePath, int stopDescriptor);
     /// Leaves no file behind that is not whole.
     ~ReportFile();
     ReportFile(const ReportFile&) = delete;
@@ -34,6 +35,7 @@ private:
     std::string _path;
     std::string _temporaryPath; ///< empty where the file is written to at once
     FileDescriptor _file;
+    int _stopDescriptor;
     bool _isWhole = true;
     inspect::JsonWriter _json;
 };

@@ -16,12 +16,23 @@ namespace brackwater {
 
 namespace {
 
+/// Says what of the document is not in the finished file. Reads both anew, without a word in the log.
+void compare(const std::string& bundlePath, const std::string& mppPath, ExportResult& result) {
+    const UnreadLog log;
+    try {
+        result.losses = lossreport::findLosses(bundlePath, mppPath);
+    } catch (const std::exception& failure) {
+        result.comparisonFault = failure.what();
+    }
+}
+
 /// The runner of the fixed command line, so that its log is the same here. It exports into the work folder, and the
 /// finished file is then moved into place.
 class WorkerRunner : public BrackwaterRunner {
 public:
-    WorkerRunner(const ExportJob& job, const WorkerSettings& settings, ProgressTeller& progress)
-        : _job(job), _settings(settings), _progress(progress) {}
+    WorkerRunner(const ExportJob& job, const WorkerSettings& settings, ProgressTeller& progress,
+                 const std::function<void()>& isComputed)
+        : _job(job), _settings(settings), _progress(progress), _isComputed(isComputed) {}
 
     [[nodiscard]] ExportResult& result() noexcept { return _result; }
 
@@ -35,6 +46,9 @@ protected:
             return false;
         }
         _result.tasks = exporter.numberOfTasks();
+        _progress.advance(ExportPhase::Comparing, 0, 0);
+        compare(_job.bundlePath, mppUrl.path(), _result);
+        _isComputed();
         try {
             const std::string output =
                 stringByAppendingPathComponent(_job.outputFolder, lastPathComponent(_job.output));
@@ -52,6 +66,7 @@ private:
     const ExportJob& _job;
     const WorkerSettings& _settings;
     ProgressTeller& _progress;
+    const std::function<void()>& _isComputed;
     ExportResult _result;
 };
 
@@ -62,26 +77,11 @@ void prepareForWorkers(const WorkerSettings& settings) {
     static_cast<void>(settings);
 }
 
-namespace {
-
-/// Says what of the document is not in the finished file. Reads both anew, without a word in the log.
-void compare(const ExportJob& job, ExportResult& result) {
-    const UnreadLog log;
-    try {
-        result.losses =
-            lossreport::findLosses(job.bundlePath, stringByAppendingPathComponent(job.outputFolder, result.outputName));
-    } catch (const std::exception& failure) {
-        result.comparisonFault = failure.what();
-    }
-}
-
-} // namespace
-
 ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, const std::string& workFolder,
-                       ProgressSlot& progress) {
+                       ProgressSlot& progress, const std::function<void()>& isComputed) {
     ExportLog log(settings.isLogRead, lastPathComponent(workFolder));
     ProgressTeller teller(progress);
-    WorkerRunner runner(job, settings, teller);
+    WorkerRunner runner(job, settings, teller, isComputed);
     const std::string name = stringByDeletingPathExtension(lastPathComponent(job.output));
     const std::vector<std::string> arguments = {
         "Brackwater", "--template-path", settings.templatePath, job.bundlePath,
@@ -93,10 +93,6 @@ ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, con
     result.warnings = log.warnings();
     // The reason of a failure may have been logged as a warning; it is told once.
     std::erase_if(result.warnings, [&](const WarningCount& warning) { return warning.text == result.fault; });
-    if (result.exported) {
-        teller.advance(ExportPhase::Comparing, 0, 0);
-        compare(job, result);
-    }
     return std::move(result);
 }
 

@@ -5,6 +5,7 @@
 #include "TWMSPFilterRunners/Command/ExportResult.h"
 #include "TWMSPFilterRunners/Command/ProgressBoard.h"
 
+#include <functional>
 #include <string>
 
 namespace brackwater {
@@ -21,8 +22,10 @@ struct WorkerSettings {
 void prepareForWorkers(const WorkerSettings& settings);
 
 /// Exports one bundle, in a process of its own: counters, log and memory are the process's. `workFolder` is an empty
-/// folder beside the output, in which the file is made. Lets no failure escape.
+/// folder beside the output, in which the file is made; `isComputed` is called once only the disk has to be waited for.
+/// Lets no failure escape.
 [[nodiscard]] ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings,
-                                     const std::string& workFolder, ProgressSlot& progress);
+                                     const std::string& workFolder, ProgressSlot& progress,
+                                     const std::function<void()>& isComputed);
 
 } // namespace brackwater

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -12,12 +13,14 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace brackwater {
 
 namespace {
 
 constexpr int kDoneInOrder = 0;
+constexpr std::string_view kComputedMark = "."; // stands in front of an answer
 
 void writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -33,7 +36,13 @@ void writeAll(int descriptor, std::string_view bytes) {
     // A worker does not outlive the command.
     if (prctl(PR_SET_PDEATHSIG, SIGTERM) != 0 || getppid() != command)
         _exit(1);
-    const std::string answer = work();
+    bool isMarked = false;
+    const auto mark = [&] {
+        if (!std::exchange(isMarked, true))
+            writeAll(answers, kComputedMark);
+    };
+    const std::string answer = work(mark);
+    mark();
     writeAll(answers, answer);
     _exit(kDoneInOrder);
 }
@@ -56,13 +65,12 @@ WorkerPool::~WorkerPool() {
 }
 
 bool WorkerPool::isIdle() const {
-    for (const Running& running : _workers)
-        if (running.process > 0)
-            return false;
-    return true;
+    return std::ranges::none_of(_workers, [](const Running& running) { return running.process > 0; });
 }
 
 std::size_t WorkerPool::idleSlot() const {
+    if (static_cast<std::size_t>(std::ranges::count(_workers, true, &Running::isComputing)) >= _most)
+        return _workers.size();
     std::size_t slot = 0;
     while (slot < _workers.size() && _workers[slot].process > 0)
         ++slot;
@@ -81,7 +89,7 @@ bool WorkerPool::start(std::size_t slot, std::size_t job, const Work& work_) {
         return false;
     if (process == 0)
         work(work_, workersEnd.get(), command);
-    _workers[slot] = Running{process, job, std::move(answers), {}};
+    _workers[slot] = Running{process, job, std::move(answers), {}, true};
     return true;
 }
 
@@ -106,10 +114,13 @@ std::vector<EndedWorker> WorkerPool::wait(int otherDescriptor, int milliseconds)
 void WorkerPool::readAnswer(std::size_t slot, std::vector<EndedWorker>& ended) {
     std::array<char, 65536> piece;
     const ssize_t got = read(_workers[slot].answers.get(), piece.data(), piece.size());
-    if (got > 0)
-        _workers[slot].answer.append(piece.data(), static_cast<std::size_t>(got));
-    else if (got == 0 || errno != EINTR)
+    if (got > 0) {
+        const std::string_view bytes(piece.data(), static_cast<std::size_t>(got));
+        const bool isFirst = std::exchange(_workers[slot].isComputing, false);
+        _workers[slot].answer.append(isFirst ? bytes.substr(kComputedMark.size()) : bytes);
+    } else if (got == 0 || errno != EINTR) {
         ended.push_back(collect(slot));
+    }
 }
 
 EndedWorker WorkerPool::collect(std::size_t slot) {
