@@ -6,6 +6,7 @@
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <string_view>
 #include <unordered_map>
@@ -32,6 +33,7 @@ struct Amount {
     const MPPResource* resource = nullptr; ///< null for one that the plan does not have any more
     double hours = 0;
     double cost = 0;
+    std::ptrdiff_t taken = 0; ///< of the first amount of a resource: how many of its amounts have their assignment
 };
 
 class BaselinePass {
@@ -50,8 +52,9 @@ public:
             baseline.work += amount.hours;
             baseline.cost += amount.cost;
         }
-        std::sort(_amounts.begin(), _amounts.end(),
-                  [](const Amount& left, const Amount& right) { return std::less<>()(left.resource, right.resource); });
+        std::stable_sort(_amounts.begin(), _amounts.end(), [](const Amount& left, const Amount& right) {
+            return std::less<>()(left.resource, right.resource);
+        });
         for (const MPPAssignment* assignment : assignments)
             correctAssignment(*assignment, baseline);
     }
@@ -66,7 +69,7 @@ private:
             if (resource && resource->source->kind == MPPResourceKind::Material)
                 continue;
             _shares.push_back({resource ? resource->source->kind : MPPResourceKind::Staff, assignment.units});
-            _amounts.push_back({resource});
+            _amounts.push_back({resource, 0, 0, 0});
         }
         const std::vector<double> work = sharedWork(_shares, source.effort, source.duration);
         for (std::size_t i = 0; i < work.size(); ++i) {
@@ -80,15 +83,20 @@ private:
         }
     }
 
-    void correctAssignment(const MPPAssignment& assignment, const MPPTaskBaseline& ofTask) const {
+    // A resource that is assigned several times has an amount for each, in the order of the document.
+    void correctAssignment(const MPPAssignment& assignment, const MPPTaskBaseline& ofTask) {
         const MPPResource* resource = assignment.resource.record();
         if (!resource || !assignment.baseline0)
             return;
-        const auto found = std::lower_bound(
+        const auto first = std::lower_bound(
             _amounts.begin(), _amounts.end(), resource,
             [](const Amount& amount, const MPPResource* sought) { return std::less<>()(amount.resource, sought); });
+        if (first == _amounts.end() || first->resource != resource)
+            return;
+        const auto found = first + first->taken;
         if (found == _amounts.end() || found->resource != resource)
             return;
+        ++first->taken;
         assignment.baseline0->start = ofTask.start;
         assignment.baseline0->finish = ofTask.finish;
         assignment.baseline0->work = found->hours;
