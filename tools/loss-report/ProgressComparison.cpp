@@ -27,7 +27,8 @@ class ProgressComparison {
 public:
     ProgressComparison(Comparison& comparison, const TaskPair& pair)
         : _comparison(comparison), _source(*pair.source), _file(*pair.file), _subject(subjectOf(_source)),
-          _shares(_source, comparison.plan.main), _progress(_source.progress()) {}
+          _shares(_source, comparison.plan.main), _progress(_source.progress()),
+          _duration(durationWithoutPauses(comparison, pair)) {}
 
     void run() {
         compareWork();
@@ -56,7 +57,7 @@ private:
         if (!isSameWork(_file.work * (1 - _progress), _file.remainingWork))
             _comparison.add(_subject, Kind::Progress, "remaining work", hoursText(_source.effort * (1 - _progress)),
                             hoursOfWork(_file.remainingWork));
-        const double rest = _source.duration * (1 - _progress), inFile = 6.0 * _file.remainingDuration.tenths;
+        const double rest = _duration * (1 - _progress), inFile = 6.0 * _file.remainingDuration.tenths;
         if (std::abs(rest - inFile) > 6)
             _comparison.add(_subject, Kind::Progress, "remaining duration", hoursText(rest), hoursText(inFile));
     }
@@ -66,7 +67,7 @@ private:
             _comparison.add(_subject, Kind::Progress, "work done", hoursText(_source.effort * _progress),
                             hoursOfWork(_file.actualWork));
         if (!hasDurationDone())
-            _comparison.add(_subject, Kind::Progress, "duration done", hoursText(_source.duration * _progress),
+            _comparison.add(_subject, Kind::Progress, "duration done", hoursText(_duration * _progress),
                             hoursText(6.0 * _file.actualDuration.tenths));
         if (!_file.actualStart)
             _comparison.add(_subject, Kind::Progress, "actual start", textOf(_comparison.wallTime(_source.start)),
@@ -78,14 +79,14 @@ private:
 
     [[nodiscard]] bool hasWorkDone() const { return isSameWork(_file.work * _progress, _file.actualWork); }
     [[nodiscard]] bool hasDurationDone() const {
-        return std::abs(_source.duration * _progress - 6.0 * _file.actualDuration.tenths) <= 6;
+        return std::abs(_duration * _progress - 6.0 * _file.actualDuration.tenths) <= 6;
     }
 
     // A share between two percents is no loss where work or duration tell it.
     void comparePercent() {
         const double percent = _progress * 100;
         const double difference = std::abs(percent - _file.percentComplete);
-        const bool isTold = (_file.work > 0 && hasWorkDone()) || (_source.duration > 0 && hasDurationDone());
+        const bool isTold = (_file.work > 0 && hasWorkDone()) || (_duration > 0 && hasDurationDone());
         if (difference >= 1)
             _comparison.add(_subject, Kind::Unexplained, "progress", percentText(_progress),
                             fmt::format("{} %", _file.percentComplete));
@@ -100,6 +101,7 @@ private:
     Subject _subject;
     EffortShares _shares;
     double _progress;
+    double _duration; ///< seconds
 };
 
 void compareGroup(Comparison& comparison, const TaskPair& pair) {

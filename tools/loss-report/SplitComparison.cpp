@@ -61,6 +61,15 @@ void tellOfSegment(Comparison& comparison, const SourceTask& segment) {
 
 } // namespace
 
+double durationWithoutPauses(const Comparison& comparison, const TaskPair& pair) {
+    double duration = 0;
+    if (pair.source->isSplit && !pair.file->pieces.empty())
+        for (const std::string_view id : pair.source->children)
+            if (const SourceTask* segment = comparison.plan.main.task(id))
+                duration += segment->duration;
+    return duration > 0 ? duration : pair.source->duration;
+}
+
 void compareSegments(Comparison& comparison, const TaskPair& pair) {
     const SourceTask& task = *pair.source;
     if (!task.isSplit)

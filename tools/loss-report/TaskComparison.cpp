@@ -70,7 +70,7 @@ private:
     void compareTimes(const Subject& subject, const TaskPair& pair) {
         _comparison.date(subject, "start", pair.source->start, pair.file->start);
         _comparison.date(subject, "finish", pair.source->end, pair.file->finish);
-        _comparison.duration(subject, "duration", pair.source->duration, pair.file->duration);
+        _comparison.duration(subject, "duration", durationWithoutPauses(_comparison, pair), pair.file->duration);
     }
 
     void compareData(const Subject& subject, const TaskPair& pair) {

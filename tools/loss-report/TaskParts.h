@@ -15,6 +15,8 @@ void compareConstraint(Comparison& comparison, const TaskPair& pair);
 void compareProgress(Comparison& comparison, const TaskPair& pair);
 void compareTaskBaseline(Comparison& comparison, const TaskPair& pair);
 void compareAssignments(Comparison& comparison, const TaskPair& pair);
+/// In seconds; of a split task that the file shows in pieces without the time between them.
+[[nodiscard]] double durationWithoutPauses(const Comparison& comparison, const TaskPair& pair);
 void compareSegments(Comparison& comparison, const TaskPair& pair);
 void compareLinks(Comparison& comparison, const TaskPair& pair);
 

@@ -80,10 +80,11 @@ void addTasks(ScenarioBuilder& scenario) {
         .task("t4", at("type=hammock completion-percentage=0.333 locked-start-date=2027-03-05T08:00:00Z "
                        "locked-end-date=2027-03-05T17:00:00Z after=t3:SS:50% after=t2:FF:5 recalculate=units"))
         .task("t5",
-              "start-date=2027-03-01T08:00:00Z end-date=2027-03-05T17:00:00Z duration=57600 effort=57600 assign=r3",
+              "start-date=2027-03-01T08:00:00Z end-date=2027-03-03T12:00:00Z duration=57600 effort=57600 assign=r3",
               "<split/><child-task idref='t6'/><child-task idref='t7'/>")
-        .task("t6", "start-date=2027-03-01T08:00:00Z end-date=2027-03-01T17:00:00Z effort=28800", title("First coat"))
-        .task("t7", "start-date=2027-03-05T08:00:00Z end-date=2027-03-05T17:00:00Z effort=28800", kNote)
+        .task("t6", "start-date=2027-03-01T08:00:00Z end-date=2027-03-01T12:00:00Z duration=14400 effort=28800",
+              title("First coat"))
+        .task("t7", "start-date=2027-03-03T08:00:00Z end-date=2027-03-03T12:00:00Z duration=14400 effort=28800", kNote)
         .task("t8", at("leveled-start=2027-03-05T08:00:00Z effort=28800 assign=r2 assign=r3 after=t5:SF:-7200"))
         .task("t9", at("start-constraint-date=2027-03-05T08:00:00Z schedule-type=asap"),
               "<prerequisite-task idref='t2' external='x' kind='FS'><is-resource-dependency>yes"
