@@ -18,6 +18,8 @@ constexpr std::int64_t kWeekdayOfDayZero = 4; // 1970-01-01 is a Thursday, count
 
 // Calendars derive from a base at most; a longer chain comes from a damaged document, and may be a ring.
 constexpr std::size_t kLongestChain = 16;
+constexpr std::int64_t kSecondsOfMinute = 60;
+constexpr std::int64_t kSecondsOfHour = 3600;
 
 std::int64_t wallSecondInZone(Date date, const TimeZone& zone) {
     const auto second =
@@ -25,7 +27,9 @@ std::int64_t wallSecondInZone(Date date, const TimeZone& zone) {
     return std::clamp(second + zone.secondsFromGMT(date), -kLastWallSecond, kLastWallSecond);
 }
 
-std::int64_t secondOf(const MPPCalendarTime& time) { return std::int64_t{time.hours()} * 3600 + time.minutes() * 60; }
+std::int64_t secondOf(const MPPCalendarTime& time) {
+    return time.hours() * kSecondsOfHour + time.minutes() * kSecondsOfMinute;
+}
 
 // Joins what overlaps: no second is worked twice. An end of 00:00 is the midnight that ends the day.
 WorkingTimeline::Hours hoursOf(const MPPRangeList& ranges) {
@@ -130,7 +134,8 @@ private:
         for (const MPPCalendar* calendar : _chain)
             takeMissingDays(_usual, calendar->defaultWorkWeek.get());
         const std::size_t free = addHours({});
-        const std::size_t worked = addHours({{8 * 3600, 12 * 3600}, {13 * 3600, 17 * 3600}});
+        const std::size_t worked =
+            addHours({{8 * kSecondsOfHour, 12 * kSecondsOfHour}, {13 * kSecondsOfHour, 17 * kSecondsOfHour}});
         for (std::size_t i = 0; i < kDaysOfWeek; ++i)
             if (!_usual[i])
                 _usual[i] = i == 0 || i == kDaysOfWeek - 1 ? free : worked;

@@ -1,4 +1,6 @@
 // What memory is asked for: each request fails in turn, and their number grows with the input and no faster.
+#include "MemoryRequests.h"
+
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/Log.h"
 #include "support/CompoundFile.h"
@@ -8,29 +10,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <limits>
-#include <new>
 #include <optional>
-
-namespace {
-
-std::size_t requests = 0;
-std::size_t failingRequest = std::numeric_limits<std::size_t>::max();
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    if (requests++ == failingRequest)
-        throw std::bad_alloc();
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace brackwater::test {
 namespace {
@@ -54,11 +37,10 @@ protected:
         _folder.makeFolder("out");
         _failureTold = false;
         FailureInLog log;
-        requests = 0;
-        failingRequest = failing;
+        memoryRequests = {0, failing};
         const bool done = MSPEMPPExporter({}).exportZelbBundle(_bundle, _output, _template);
-        failingRequest = std::numeric_limits<std::size_t>::max();
-        _requests = requests;
+        memoryRequests.failing = std::numeric_limits<std::size_t>::max();
+        _requests = memoryRequests.count;
         _failureTold = log.told;
         return done;
     }

@@ -1,0 +1,22 @@
+#include "MemoryRequests.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace brackwater::test {
+
+MemoryRequests memoryRequests;
+
+} // namespace brackwater::test
+
+using brackwater::test::memoryRequests;
+
+void* operator new(std::size_t size) {
+    if (memoryRequests.count++ == memoryRequests.failing)
+        throw std::bad_alloc();
+    if (void* memory = std::malloc(size == 0 ? 1 : size))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
