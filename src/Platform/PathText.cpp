@@ -130,11 +130,10 @@ std::string stringByStandardizingPath(std::string_view path) {
     for (const std::string_view component : componentsOf(expanded)) {
         if (component == ".")
             continue;
-        if (component != "..")
-            kept.push_back(component);
-        else if (!kept.empty() && kept.back() != "..")
+        const bool goesUp = component == "..";
+        if (goesUp && !kept.empty() && kept.back() != "..")
             kept.pop_back();
-        else if (!absolute)
+        else if (!goesUp || !absolute)
             kept.push_back(component);
     }
     std::string text(absolute ? "/" : "");
