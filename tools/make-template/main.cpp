@@ -9,24 +9,22 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
 constexpr int kDone = 0, kFailed = 1, kWrongArguments = 2;
 
 int showHelp(const std::string& text) {
-    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fclose(stdout) == 0;
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0 &&
+                         close(STDOUT_FILENO) == 0;
     if (!written)
         fmt::print(stderr, "make-template: cannot write the whole of the output\n");
     return written ? kDone : kFailed;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    brackwater::openStandardDescriptors();
+int run(int argc, char** argv) {
     using brackwater::layout::VersionFolder;
-    brackwater::openStandardDescriptors();
     CLI::App app("Lays out a template with an empty project. The folder decides the form of calendars and links.",
                  "make-template");
     std::string folder = "112", output;
@@ -38,9 +36,6 @@ int main(int argc, char** argv) {
     app.add_option("OUT.mpp", output, "the file to write; an existing one is replaced")->required();
     try {
         app.parse(argc, argv);
-        brackwater::layout::writeCompoundFile(
-            output, brackwater::layout::templateTree(folder == "112" ? VersionFolder::Project2007
-                                                                     : VersionFolder::Project2010));
     } catch (const CLI::CallForHelp&) {
         return showHelp(app.help());
     } catch (const CLI::CallForVersion& version) {
@@ -48,9 +43,20 @@ int main(int argc, char** argv) {
     } catch (const CLI::Error& error) {
         fmt::print(stderr, "make-template: {}; see make-template --help\n", error.what());
         return kWrongArguments;
+    }
+    const VersionFolder version = folder == "112" ? VersionFolder::Project2007 : VersionFolder::Project2010;
+    brackwater::layout::writeCompoundFile(output, brackwater::layout::templateTree(version));
+    return kDone;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    brackwater::openStandardDescriptors();
+    try {
+        return run(argc, argv);
     } catch (const std::exception& failure) {
         fmt::print(stderr, "make-template: {}\n", failure.what());
         return kFailed;
     }
-    return kDone;
 }

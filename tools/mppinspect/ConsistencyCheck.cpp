@@ -210,7 +210,7 @@ void ConsistencyCheck::checkCalendarsOfResources(const Storage& resources) {
 // A calendar's block: seven days, the number of exceptions, then the exceptions, each with its name behind it.
 void ConsistencyCheck::checkExceptions(const Storage& calendars) {
     constexpr std::uint16_t kBlockType = 8;
-    constexpr std::size_t kCountAt = 7 * 60, kRecordSize = 88;
+    constexpr std::size_t kCountAt = std::size_t{7} * 60, kRecordSize = 88;
     std::set<std::uint32_t> numbers;
     for (const RawRow& row : calendars.rows()) {
         if (!holdsValues(row))

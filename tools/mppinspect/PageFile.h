@@ -23,8 +23,9 @@ public:
     void publish();
 
 private:
+    /// Of a page that is given up; `publish` closes the whole one and looks whether that went well.
     struct Close {
-        void operator()(std::FILE* file) const { std::fclose(file); }
+        void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); } // NOLINT(*-owning-memory)
     };
     [[noreturn]] void fail(int error) const;
     void moveIntoPlace();

@@ -46,6 +46,7 @@ Recurrence read(unsigned form, ByteView entry) {
         recurrence.ordinal = second + 1;
         recurrence.weekdays = weekdayBit(*entry.u8(kEveryAt));
         break;
+    case kYearlyByDay:
     default:
         recurrence.kind = Kind::YearlyByDay;
         recurrence.month = first + 1;

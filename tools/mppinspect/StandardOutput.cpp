@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
+#include <unistd.h>
 
 namespace brackwater::inspect {
 
@@ -20,7 +21,7 @@ void StandardOutput::write(std::string_view text) {
 }
 
 void StandardOutput::close() {
-    if (std::fflush(stdout) != 0 || std::fclose(stdout) != 0)
+    if (std::fflush(stdout) != 0 || ::close(STDOUT_FILENO) != 0)
         fail();
 }
 
