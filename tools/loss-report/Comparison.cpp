@@ -98,9 +98,11 @@ void Comparison::duration(const Subject& subject, std::string_view fieldName, do
     if (lacking == 0)
         return;
     const double most = std::numeric_limits<std::int32_t>::max();
-    const Kind kind = std::abs(lacking) < kSecondsOfTenth ? Kind::Seconds
-                      : seconds > most                    ? Kind::DurationRange
-                                                          : otherwise;
+    Kind kind = otherwise;
+    if (std::abs(lacking) < kSecondsOfTenth)
+        kind = Kind::Seconds;
+    else if (seconds > most)
+        kind = Kind::DurationRange;
     add(subject, kind, fieldName, hoursText(seconds), hoursText(kSecondsOfTenth * inFile.tenths));
 }
 

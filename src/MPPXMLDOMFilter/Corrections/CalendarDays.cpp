@@ -56,7 +56,9 @@ const MinuteRanges* CalendarDays::exceptionOn(std::int64_t day) const {
 const MinuteRanges& CalendarDays::weekHoursOn(std::size_t weekday) const {
     if (_week[weekday])
         return *_week[weekday];
-    return _base ? _base->weekHoursOn(weekday) : defaultHours(weekday);
+    if (_base)
+        return _base->weekHoursOn(weekday);
+    return defaultHours(weekday);
 }
 
 } // namespace brackwater

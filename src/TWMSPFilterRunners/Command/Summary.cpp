@@ -100,17 +100,16 @@ void Summary::appendLosses(std::string& text) const {
 std::string Summary::text() const {
     const std::size_t bundles = _exported + _failed;
     std::string text;
-    const auto out = std::back_inserter(text);
     appendWarnings(text);
     appendLosses(text);
     if (bundles > 1 && _failed > 0) {
         text += "Failed:\n";
         for (const std::string& failure : _failures)
-            fmt::format_to(out, "  {}\n", failure);
+            text += fmt::format("  {}\n", failure);
         appendRest(text, _failed);
     }
     if (bundles > 1)
-        fmt::format_to(out, "{}: {} exported, {} failed.\n", counted(bundles, "bundle"), _exported, _failed);
+        text += fmt::format("{}: {} exported, {} failed.\n", counted(bundles, "bundle"), _exported, _failed);
     return text;
 }
 

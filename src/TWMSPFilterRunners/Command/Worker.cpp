@@ -34,7 +34,7 @@ public:
                  const std::function<void()>& isComputed)
         : _job(job), _settings(settings), _progress(progress), _isComputed(isComputed) {}
 
-    [[nodiscard]] ExportResult& result() noexcept { return _result; }
+    [[nodiscard]] ExportResult takeResult() noexcept { return std::move(_result); }
 
 protected:
     bool exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
@@ -87,13 +87,13 @@ ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, con
         "Brackwater", "--template-path", settings.templatePath, job.bundlePath,
         stringByAppendingPathComponent(workFolder, stringByAppendingPathExtension(name, "mpp"))};
     runner.run(arguments);
-    ExportResult& result = runner.result();
+    ExportResult result = runner.takeResult();
     if (!result.exported)
         result.fault = log.withoutWorkFolder(result.fault.empty() ? log.fault() : result.fault);
     result.warnings = log.warnings();
     // The reason of a failure may have been logged as a warning; it is told once.
     std::erase_if(result.warnings, [&](const WarningCount& warning) { return warning.text == result.fault; });
-    return std::move(result);
+    return result;
 }
 
 } // namespace brackwater
