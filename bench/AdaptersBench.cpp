@@ -3,7 +3,7 @@
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskAdapter.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 
 #include <benchmark/benchmark.h>
 

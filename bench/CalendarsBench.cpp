@@ -2,11 +2,11 @@
 // groups to twenty levels, a third of all with schedules. Ten times the input is to take ten times the time and a
 // little.
 
-#include "Platform/Log.h"
-#include "Platform/XMLDocument.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEBaseline.h"
-#include "TWMSPCommon/MSPExportMapper/MSPECalendarExceptions.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Xml/XMLDocument.h"
+#include "TWMSPCommon/MSPExportMapper/Baselines/MSPEBaseline.h"
+#include "TWMSPCommon/MSPExportMapper/Calendars/MSPECalendarExceptions.h"
+#include "TWMSPCommon/MSPExportMapper/Coordinator/MSPEMapper.h"
 #include "support/ScenarioBuilder.h"
 
 #include <benchmark/benchmark.h>

@@ -2,7 +2,7 @@
 // Each is to cost 1 microsecond at most, and at most three times one computation of an icu::Calendar's fields, which is
 // measured in the same run; nothing is to be allocated but the texts that are handed out.
 
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 #include <benchmark/benchmark.h>

@@ -3,11 +3,11 @@
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ConstraintWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
-#include "Platform/Log.h"
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
+#include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
+#include "Platform/Log/Log.h"
 #include "support/MemoryTemplate.h"
 
 #include <benchmark/benchmark.h>

@@ -1,8 +1,8 @@
 // The passes over a scenario before any task is mapped: the parsed form of every task, their index, and a walk over the
 // tree that looks each child up by its id. Compared with the parsing of the same document by libxml2 alone, in turn.
-#include "Platform/XMLDocument.h"
+#include "Platform/Xml/XMLDocument.h"
 #include "TWMSPCommon/MSPCExtensions.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEScheduledTaskInfo.h"
+#include "TWMSPCommon/MSPExportMapper/Tasks/MSPEScheduledTaskInfo.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
@@ -63,13 +63,12 @@ double parse(const std::string& text) {
 std::size_t walk(XMLElement scenario, XMLElement task) {
     std::size_t met = 0;
     std::vector<XMLElement> open{task};
-    std::string buffer;
     while (!open.empty()) {
         const XMLElement element = open.back();
         open.pop_back();
         ++met;
         for (const XMLElement reference : element.objectsForXQuery("child-task")) {
-            const auto id = reference.attributeView("idref", buffer).value_or("");
+            const auto id = reference.attributeView("idref").value_or("");
             if (const auto child = singleObjectForXQuery(scenario, XMLQuery::childWithValue("task", "id", id)))
                 open.push_back(*child);
         }

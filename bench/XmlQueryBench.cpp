@@ -1,7 +1,7 @@
 // What a mapper asks of a source document: questions by id, which must cost the same in a document of any size,
 // look-ups of the children of a task, and the reading of the document itself, against which all of it is to be held.
 
-#include "Platform/XMLDocument.h"
+#include "Platform/Xml/XMLDocument.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>

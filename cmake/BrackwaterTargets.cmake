@@ -60,12 +60,23 @@ if(BRACKWATER_MIMALLOC)
   target_link_libraries(brackwater_allocator INTERFACE stdc++ -Wl,--push-state,--no-as-needed mimalloc -Wl,--pop-state)
 endif()
 
-# brackwater_library(NAME LINKS target...): the sources of the current folder (not of folders below it) as a library.
-# A folder links only what it may use, so that a dependency in the wrong direction does not build.
+# Files of the current folder and of the named ones below it.
+function(brackwater_glob result pattern)
+  set(patterns "${CMAKE_CURRENT_SOURCE_DIR}/${pattern}")
+  foreach(folder ${ARGN})
+    list(APPEND patterns "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/${pattern}")
+  endforeach()
+  file(GLOB files CONFIGURE_DEPENDS ${patterns})
+  set(${result} ${files} PARENT_SCOPE)
+endfunction()
+
+# brackwater_library(NAME [FOLDERS folder...] LINKS target...): the sources of the current folder, and of the folders
+# below it that are named, as a library. A folder links only what it may use, so that a dependency in the wrong
+# direction does not build.
 function(brackwater_library name)
-  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  cmake_parse_arguments(ARG "" "" "FOLDERS;LINKS" ${ARGN})
+  brackwater_glob(sources "*.cpp" ${ARG_FOLDERS})
+  brackwater_glob(headers "*.h" ${ARG_FOLDERS})
   if(sources)
     add_library(${name} STATIC ${sources} ${headers})
     target_link_libraries(${name} PUBLIC brackwater_settings ${ARG_LINKS})
@@ -75,10 +86,10 @@ function(brackwater_library name)
   endif()
 endfunction()
 
-# brackwater_tests(NAME LINKS target...): the sources of the current folder as one GoogleTest program.
+# brackwater_tests(NAME [FOLDERS folder...] LINKS target...): the same sources as one GoogleTest program.
 function(brackwater_tests name)
-  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  cmake_parse_arguments(ARG "" "" "FOLDERS;LINKS" ${ARGN})
+  brackwater_glob(sources "*.cpp" ${ARG_FOLDERS})
   if(NOT sources)
     return()
   endif()

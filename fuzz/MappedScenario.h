@@ -6,9 +6,9 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
-#include "Platform/Exception.h"
-#include "Platform/XMLDocument.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Xml/XMLDocument.h"
+#include "TWMSPCommon/MSPExportMapper/Coordinator/MSPEMapper.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 // Arbitrary texts as dates and durations, through every conversion.
 #include "FuzzSupport.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 #include <string_view>

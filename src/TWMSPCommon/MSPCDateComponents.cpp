@@ -1,7 +1,7 @@
 #include "TWMSPCommon/MSPCDateComponents.h"
 
-#include "Platform/GregorianCalendar.h"
-#include "Platform/Saturating.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Values/Saturating.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/DateComponents.h"
+#include "Platform/Time/DateComponents.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,11 +1,11 @@
 #include "TWMSPCommon/MSPCDateTimeConverter.h"
 
-#include "Platform/DateFormatter.h"
-#include "Platform/Exception.h"
-#include "Platform/Log.h"
-#include "Platform/RegularExpression.h"
-#include "Platform/TimeZone.h"
-#include "Platform/WhiteSpace.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Text/RegularExpression.h"
+#include "Platform/Text/WhiteSpace.h"
+#include "Platform/Time/DateFormatter.h"
+#include "Platform/Time/TimeZone.h"
+#include "Platform/Values/Exception.h"
 
 #include <algorithm>
 

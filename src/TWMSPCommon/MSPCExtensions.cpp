@@ -1,7 +1,7 @@
 #include "TWMSPCommon/MSPCExtensions.h"
 
-#include "Platform/Exception.h"
-#include "Platform/TextReadings.h"
+#include "Platform/Text/TextReadings.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 
@@ -130,8 +130,7 @@ bool boolValueForXQuery(XMLElement element, const XMLQuery& query, Error* error)
 }
 
 bool boolAttributeForName(XMLElement element, std::string_view name, Error* error) {
-    std::string storage;
-    if (const auto text = element.attributeView(name, storage))
+    if (const auto text = element.attributeView(name))
         return MSPCBoolValueFromString(*text, error);
     if (error != nullptr)
         put(error, kXQueryErrorDomain, kXQueryMissingAttributeError,

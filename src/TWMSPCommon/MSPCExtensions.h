@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/Error.h"
-#include "Platform/XMLElement.h"
-#include "Platform/XMLQuery.h"
+#include "Platform/Values/Error.h"
+#include "Platform/Xml/XMLElement.h"
+#include "Platform/Xml/XMLQuery.h"
 
 #include <cstdint>
 #include <optional>

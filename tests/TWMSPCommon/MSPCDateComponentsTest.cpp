@@ -1,6 +1,6 @@
 #include "TWMSPCommon/MSPCDateComponents.h"
 
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "support/ScopedTimeZone.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "TWMSPCommon/MSPCDateTimeConverter.h"
 
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"
 #include "support/ScopedTimeZone.h"

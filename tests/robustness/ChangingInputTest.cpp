@@ -1,7 +1,7 @@
 // Files that change or vanish between two looks at them. The log's lines tell where an export stands, so the change
 // comes exactly there.
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 #include "support/CompoundFile.h"
 #include "support/PlanBundle.h"
 #include "support/TempFolder.h"

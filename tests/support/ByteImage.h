@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Guid.h"
+#include "Platform/Values/Guid.h"
 #include "support/MemoryWriter.h"
 
 #include <gtest/gtest.h>

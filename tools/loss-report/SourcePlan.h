@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/XMLDocument.h"
+#include "Platform/Xml/XMLDocument.h"
 
 #include <array>
 #include <cstdint>

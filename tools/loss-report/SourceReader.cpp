@@ -1,7 +1,7 @@
 #include "loss-report/SourcePlan.h"
 
-#include "Platform/Log.h"
-#include "Platform/TextReadings.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Text/TextReadings.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "loss-report/WallClock.h"
 
-#include "Platform/CivilTime.h"
+#include "Platform/Time/CivilTime.h"
 
 #include <fmt/format.h>
 

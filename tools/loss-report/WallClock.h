@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/TimeZone.h"
+#include "Platform/Time/TimeZone.h"
 #include "mppinspect/Values.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "CompoundFileOutput.h"
 #include "TemplateTree.h"
 
-#include "Platform/StandardDescriptors.h"
+#include "Platform/Files/StandardDescriptors.h"
 
 #include <fmt/format.h>
 

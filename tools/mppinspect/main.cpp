@@ -7,7 +7,7 @@
 #include "TextReport.h"
 #include "TextTable.h"
 
-#include "Platform/StandardDescriptors.h"
+#include "Platform/Files/StandardDescriptors.h"
 
 #include <fmt/format.h>
 

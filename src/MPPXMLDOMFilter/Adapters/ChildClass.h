@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAdapter.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 

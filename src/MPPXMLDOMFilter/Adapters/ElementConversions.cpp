@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 
-#include "Platform/TextReadings.h"
+#include "Platform/Text/TextReadings.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 namespace brackwater::conversions {

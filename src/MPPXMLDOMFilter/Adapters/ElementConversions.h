@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAdapter.h"
-#include "Platform/Date.h"
+#include "Platform/Time/Date.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 
 #include <fmt/compile.h>
 

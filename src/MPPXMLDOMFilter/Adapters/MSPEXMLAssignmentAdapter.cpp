@@ -4,7 +4,7 @@
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementLog.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLAssignmentBaselineAdapter.h"
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLBaselineAdapters.h"
 
 namespace brackwater {
 

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
 
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 

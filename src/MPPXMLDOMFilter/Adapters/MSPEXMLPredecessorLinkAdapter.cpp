@@ -2,7 +2,7 @@
 
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 

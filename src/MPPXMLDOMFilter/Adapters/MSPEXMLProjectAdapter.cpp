@@ -3,7 +3,7 @@
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 
 namespace brackwater {

@@ -2,7 +2,7 @@
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAdapter.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/Error.h"
+#include "Platform/Values/Error.h"
 
 #include <memory>
 #include <string_view>

@@ -3,10 +3,10 @@
 #include "MPPXMLDOMFilter/Adapters/ChildClass.h"
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLBaselineAdapters.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLExtendedAttributeAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceBaselineAdapter.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 

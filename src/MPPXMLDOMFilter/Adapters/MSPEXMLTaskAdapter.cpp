@@ -4,10 +4,10 @@
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementLog.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLBaselineAdapters.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLExtendedAttributeAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLPredecessorLinkAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskBaselineAdapter.h"
 
 namespace brackwater {
 

@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <utility>
 

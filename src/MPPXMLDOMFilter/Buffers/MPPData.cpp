@@ -1,9 +1,9 @@
 #include "MPPXMLDOMFilter/Buffers/MPPData.h"
 
-#include "Platform/Exception.h"
-#include "Platform/GregorianCalendar.h"
-#include "Platform/Saturating.h"
-#include "Platform/TextEncoding.h"
+#include "Platform/Text/TextEncoding.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Values/Saturating.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Date.h"
-#include "Platform/Guid.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Values/Guid.h"
 
 #include <cstddef>
 #include <cstdint>

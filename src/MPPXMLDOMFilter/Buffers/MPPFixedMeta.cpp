@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPOffsetMarkedData.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 

@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 

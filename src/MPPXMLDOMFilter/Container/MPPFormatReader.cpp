@@ -3,7 +3,7 @@
 #include "MPPXMLDOMFilter/Container/DirectoryBound.h"
 #include "MPPXMLDOMFilter/Container/GObjectPointer.h"
 #include "MPPXMLDOMFilter/Container/TemplateInput.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 
 #include <gsf/gsf-infile-msole.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/FileURL.h"
+#include "Platform/Files/FileURL.h"
 
 #include <cstdint>
 #include <memory>

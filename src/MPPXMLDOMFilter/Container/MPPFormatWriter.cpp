@@ -2,8 +2,8 @@
 
 #include "MPPXMLDOMFilter/Container/GObjectPointer.h"
 #include "MPPXMLDOMFilter/Container/TemporaryOutput.h"
-#include "Platform/Exception.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Values/Exception.h"
 
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-output-stdio.h>

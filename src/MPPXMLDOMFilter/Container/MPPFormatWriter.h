@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FileURL.h"
-#include "Platform/NumberedPath.h"
+#include "Platform/Files/FileURL.h"
+#include "Platform/Files/NumberedPath.h"
 
 #include <cstdint>
 #include <memory>

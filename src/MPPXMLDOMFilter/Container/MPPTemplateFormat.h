@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/FileURL.h"
+#include "Platform/Files/FileURL.h"
 
 namespace brackwater {
 

@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Container/MPPWriter.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/core.h>
 

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Container/TemporaryOutput.h"
 
-#include "Platform/FileMove.h"
-#include "Platform/PathText.h"
+#include "Platform/Files/FileMove.h"
+#include "Platform/Files/PathText.h"
 
 #include <fmt/format.h>
 #include <glib.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FatalSignals.h"
-#include "Platform/NumberedPath.h"
+#include "Platform/Files/NumberedPath.h"
+#include "Platform/Log/FatalSignals.h"
 
 #include <cstdio>
 #include <memory>

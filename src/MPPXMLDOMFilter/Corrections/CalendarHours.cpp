@@ -2,8 +2,8 @@
 
 #include "MPPXMLDOMFilter/Corrections/EventDays.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/Saturating.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/TimeZone.h"
+#include "Platform/Values/Saturating.h"
 
 #include <algorithm>
 #include <array>

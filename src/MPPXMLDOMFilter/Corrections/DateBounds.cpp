@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/TimeZone.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Model/MPPCalendarTimeRange.h"
+#include "MPPXMLDOMFilter/Model/MPPCalendar.h"
 
 #include <cstdint>
 #include <map>

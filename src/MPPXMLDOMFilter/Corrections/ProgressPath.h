@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/MPPTask.h"
-#include "Platform/Date.h"
+#include "Platform/Time/Date.h"
 
 #include <vector>
 

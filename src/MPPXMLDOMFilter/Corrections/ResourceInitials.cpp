@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Corrections/ResourceInitials.h"
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/TextEncoding.h"
+#include "Platform/Text/TextEncoding.h"
 
 namespace brackwater {
 

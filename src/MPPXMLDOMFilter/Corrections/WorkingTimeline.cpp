@@ -1,8 +1,8 @@
 #include "MPPXMLDOMFilter/Corrections/WorkingTimeline.h"
 
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
-#include "Platform/CivilTime.h"
-#include "Platform/Saturating.h"
+#include "Platform/Time/CivilTime.h"
+#include "Platform/Values/Saturating.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Date.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Time/TimeZone.h"
 
 #include <array>
 #include <cstdint>

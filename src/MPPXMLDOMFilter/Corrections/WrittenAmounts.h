@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Saturating.h"
+#include "Platform/Values/Saturating.h"
 
 #include <algorithm>
 #include <cmath>

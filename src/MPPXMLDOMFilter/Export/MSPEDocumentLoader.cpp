@@ -1,9 +1,9 @@
 #include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
 
-#include "MPPXMLDOMFilter/Streams/StreamParts.h"
-#include "Platform/Exception.h"
-#include "Platform/Log.h"
-#include "Platform/XMLDescription.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Xml/XMLDescription.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 
 #include <fmt/format.h>

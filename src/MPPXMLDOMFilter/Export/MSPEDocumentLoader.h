@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FileURL.h"
-#include "Platform/XMLDocument.h"
+#include "Platform/Files/FileURL.h"
+#include "Platform/Xml/XMLDocument.h"
 
 #include <memory>
 #include <optional>

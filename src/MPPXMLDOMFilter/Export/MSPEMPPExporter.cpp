@@ -6,11 +6,11 @@
 #include "MPPXMLDOMFilter/Export/MappedProject.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
-#include "Platform/Exception.h"
-#include "Platform/Log.h"
-#include "Platform/NumberedPath.h"
-#include "Platform/PathText.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Files/NumberedPath.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Time/TimeZone.h"
+#include "Platform/Values/Exception.h"
 
 #include <memory>
 #include <vector>

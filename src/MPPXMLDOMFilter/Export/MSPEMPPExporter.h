@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Export/ExportMode.h"
-#include "Platform/ExportProgress.h"
-#include "Platform/FileURL.h"
+#include "Platform/Files/FileURL.h"
+#include "Platform/Values/ExportProgress.h"
 
 #include <map>
 #include <optional>

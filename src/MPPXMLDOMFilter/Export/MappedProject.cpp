@@ -2,7 +2,7 @@
 
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLDocumentAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
-#include "TWMSPCommon/MSPExportMapper/MSPEMapper.h"
+#include "TWMSPCommon/MSPExportMapper/Coordinator/MSPEMapper.h"
 
 #include <fmt/core.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
-#include "Platform/Date.h"
-#include "Platform/Guid.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Values/Guid.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
-#include "Platform/Guid.h"
+#include "Platform/Values/Guid.h"
 
 #include <cstdint>
 #include <string>

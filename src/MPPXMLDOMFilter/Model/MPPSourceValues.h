@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Date.h"
+#include "Platform/Time/Date.h"
 
 #include <optional>
 #include <string>

@@ -4,8 +4,8 @@
 #include "MPPXMLDOMFilter/Model/MPPExtendedAttribute.h"
 #include "MPPXMLDOMFilter/Model/MPPSourceValues.h"
 #include "MPPXMLDOMFilter/Model/RecordReference.h"
-#include "Platform/Date.h"
-#include "Platform/Guid.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Values/Guid.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <memory>
 #include <string>

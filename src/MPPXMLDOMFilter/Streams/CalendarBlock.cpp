@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
 
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <array>
 #include <string>

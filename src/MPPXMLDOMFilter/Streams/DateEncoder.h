@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Buffers/MPPData.h"
-#include "Platform/Date.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Time/TimeZone.h"
 
 #include <cstdint>
 #include <optional>

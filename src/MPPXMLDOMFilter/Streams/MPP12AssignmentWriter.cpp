@@ -1,10 +1,11 @@
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
 
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
+#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
-#include "MPPXMLDOMFilter/Streams/StreamParts.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 
 #include <algorithm>
 #include <array>

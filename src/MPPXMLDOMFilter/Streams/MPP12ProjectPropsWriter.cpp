@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Streams/MPP12ProjectPropsWriter.h"
 
-#include "MPPXMLDOMFilter/Streams/StreamParts.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
 
 #include <array>
 

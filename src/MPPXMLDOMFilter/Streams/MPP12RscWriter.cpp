@@ -2,9 +2,10 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
-#include "MPPXMLDOMFilter/Streams/StreamParts.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/MPP12SequentialPropsReader.h"
 
 #include "MPPXMLDOMFilter/Container/MPPWriter.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 

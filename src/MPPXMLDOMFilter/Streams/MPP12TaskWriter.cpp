@@ -2,10 +2,12 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
-#include "MPPXMLDOMFilter/Streams/PercentOverTime.h"
+#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/PlannedWork.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
+#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
-#include "MPPXMLDOMFilter/Streams/StreamParts.h"
 
 #include <algorithm>
 #include <array>

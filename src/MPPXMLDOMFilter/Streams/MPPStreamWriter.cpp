@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
 
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <exception>
 

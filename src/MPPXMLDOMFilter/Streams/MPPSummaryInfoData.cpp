@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Streams/MPPSummaryInfoData.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 

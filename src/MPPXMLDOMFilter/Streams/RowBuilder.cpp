@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 

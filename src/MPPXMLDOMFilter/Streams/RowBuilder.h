@@ -2,8 +2,8 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPOffsetMarkedData.h"
 #include "MPPXMLDOMFilter/Streams/DateEncoder.h"
-#include "Platform/Guid.h"
-#include "Platform/Saturating.h"
+#include "Platform/Values/Guid.h"
+#include "Platform/Values/Saturating.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 
 #include "MPPXMLDOMFilter/Container/MPPWriter.h"
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 #include <fmt/format.h>
 

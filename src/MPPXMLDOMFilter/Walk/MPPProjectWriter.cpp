@@ -2,13 +2,12 @@
 
 #include "MPPXMLDOMFilter/Container/MPPTemplateFormat.h"
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
-#include "MPPXMLDOMFilter/Walk/EntryTable.h"
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
 #include "MPPXMLDOMFilter/Walk/TemplateWalk.h"
-#include "Platform/Log.h"
-#include "Platform/PathText.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Log/Log.h"
 
 #include <fmt/core.h>
 

@@ -1,9 +1,19 @@
 #pragma once
 
+#include "MPPXMLDOMFilter/Container/MPPWriter.h"
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
-#include "Platform/ExportProgress.h"
+#include "Platform/Values/ExportProgress.h"
+
+#include <memory>
+#include <string_view>
 
 namespace brackwater {
+
+/// The writer that the entry table names for an entry of this name in a folder of this name: a stream writer, or the
+/// copier for an entry that none claims.
+[[nodiscard]] std::unique_ptr<MPPWriter> newWriterForEntry(std::string_view name, std::string_view parentName,
+                                                           std::shared_ptr<MPPFormatWriter> writer,
+                                                           std::shared_ptr<MPPFormatReader> reader);
 
 /// One pass over the two outer levels of a template. Each entry is finished and closed before the next one is begun;
 /// the first failure ends the walk.

@@ -1,8 +1,8 @@
 // The conversions of durations, and of times of day into seconds.
 
-#include "Platform/Exception.h"
-#include "Platform/Saturating.h"
-#include "Platform/TextReadings.h"
+#include "Platform/Text/TextReadings.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Values/Saturating.h"
 #include "TWMSPCommon/MSPImportMapper/IsoScanner.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 

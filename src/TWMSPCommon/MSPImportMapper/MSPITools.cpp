@@ -1,10 +1,10 @@
 // Working time on texts, the descriptor's printing and comparing, and the debug dump.
 
-#include "Platform/Exception.h"
-#include "Platform/FileURL.h"
-#include "Platform/PathText.h"
-#include "Platform/TextReadings.h"
-#include "Platform/XMLDocument.h"
+#include "Platform/Files/FileURL.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Text/TextReadings.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Xml/XMLDocument.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 #include "TWMSPCommon/WorkingTime/WorkingTimeDates.h"
 

@@ -1,7 +1,7 @@
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
-#include "Platform/Exception.h"
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/MSPImportMapper/IsoPrinter.h"
 #include "TWMSPCommon/MSPImportMapper/IsoScanner.h"
 #include "TWMSPCommon/MSPImportMapper/UsualDates.h"

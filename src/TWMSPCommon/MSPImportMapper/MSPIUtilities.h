@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Date.h"
+#include "Platform/Time/Date.h"
 #include "TWMSPCommon/MSPCDateComponents.h"
 #include "TWMSPCommon/MSPImportMapper/MPPDataStreamParams.h"
 

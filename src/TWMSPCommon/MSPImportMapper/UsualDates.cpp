@@ -1,6 +1,6 @@
 #include "TWMSPCommon/MSPImportMapper/UsualDates.h"
 
-#include "Platform/Saturating.h"
+#include "Platform/Values/Saturating.h"
 #include "TWMSPCommon/MSPCDateComponents.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/CivilTime.h"
-#include "Platform/Date.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/CivilTime.h"
+#include "Platform/Time/Date.h"
+#include "Platform/Time/TimeZone.h"
 
 #include <cstdint>
 #include <optional>

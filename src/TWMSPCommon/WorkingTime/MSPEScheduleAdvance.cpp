@@ -1,8 +1,8 @@
 // Moving a date by working time.
 
-#include "Platform/CivilTime.h"
-#include "Platform/Exception.h"
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/CivilTime.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 
 #include <cmath>

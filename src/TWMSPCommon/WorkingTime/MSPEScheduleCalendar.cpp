@@ -1,10 +1,10 @@
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 
-#include "Platform/Exception.h"
-#include "Platform/GregorianCalendar.h"
-#include "Platform/Saturating.h"
-#include "Platform/TextReadings.h"
-#include "Platform/XMLElement.h"
+#include "Platform/Text/TextReadings.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Values/Exception.h"
+#include "Platform/Values/Saturating.h"
+#include "Platform/Xml/XMLElement.h"
 #include "TWMSPCommon/WorkingTime/MSPEScheduleIterator.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #include "TWMSPCommon/WorkingTime/MSPEScheduleIterator.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 
 namespace brackwater {
 namespace {

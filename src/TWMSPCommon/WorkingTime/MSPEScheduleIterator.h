@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 
 #include <cstdint>

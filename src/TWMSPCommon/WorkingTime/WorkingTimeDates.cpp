@@ -1,6 +1,6 @@
 #include "TWMSPCommon/WorkingTime/WorkingTimeDates.h"
 
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 
 namespace brackwater {

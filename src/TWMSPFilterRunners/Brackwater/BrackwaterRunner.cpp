@@ -1,10 +1,10 @@
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 
-#include "Platform/Exception.h"
-#include "Platform/Log.h"
-#include "Platform/PathText.h"
-#include "Platform/Preferences.h"
-#include "Platform/TextFile.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Files/Preferences.h"
+#include "Platform/Files/TextFile.h"
+#include "Platform/Log/Log.h"
+#include "Platform/Values/Exception.h"
 
 #include <filesystem>
 #include <system_error>

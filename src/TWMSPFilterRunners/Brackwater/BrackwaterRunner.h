@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
-#include "Platform/FileURL.h"
+#include "Platform/Files/FileURL.h"
 
 #include <optional>
 #include <span>

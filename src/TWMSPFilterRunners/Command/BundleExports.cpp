@@ -1,7 +1,7 @@
 #include "TWMSPFilterRunners/Command/BundleExports.h"
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 
 #include <fmt/format.h>
 

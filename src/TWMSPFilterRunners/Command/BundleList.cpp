@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/BundleList.h"
 
-#include "Platform/TextFile.h"
+#include "Platform/Files/TextFile.h"
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 

@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/CommandRun.h"
 
-#include "Platform/VisibleText.h"
+#include "Platform/Text/VisibleText.h"
 #include "TWMSPFilterRunners/Command/BundleExports.h"
 #include "TWMSPFilterRunners/Command/CommandLine.h"
 #include "TWMSPFilterRunners/Command/CommandOutput.h"

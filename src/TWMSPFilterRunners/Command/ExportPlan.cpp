@@ -2,7 +2,7 @@
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Walk/MPPProjectWriter.h"
-#include "Platform/PathText.h"
+#include "Platform/Files/PathText.h"
 #include "TWMSPFilterRunners/Command/BundleList.h"
 #include "TWMSPFilterRunners/Command/OutputNames.h"
 #include "TWMSPFilterRunners/Command/UnreadLog.h"

@@ -1,7 +1,7 @@
 #include "TWMSPFilterRunners/Command/OutputFile.h"
 
-#include "Platform/FileMove.h"
-#include "Platform/PathText.h"
+#include "Platform/Files/FileMove.h"
+#include "Platform/Files/PathText.h"
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
 #include "TWMSPFilterRunners/Command/OutputNames.h"
 

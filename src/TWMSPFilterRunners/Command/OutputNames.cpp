@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/OutputNames.h"
 
-#include "Platform/PathText.h"
+#include "Platform/Files/PathText.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/ExportProgress.h"
+#include "Platform/Values/ExportProgress.h"
 
 #include <atomic>
 #include <cstdint>

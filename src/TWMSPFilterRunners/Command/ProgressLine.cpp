@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/ProgressLine.h"
 
-#include "Platform/VisibleText.h"
+#include "Platform/Text/VisibleText.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "TWMSPFilterRunners/Command/ReportFile.h"
 
-#include "Platform/PathText.h"
+#include "Platform/Files/PathText.h"
 #include "TWMSPFilterRunners/Command/StoppableWrite.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 

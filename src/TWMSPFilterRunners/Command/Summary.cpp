@@ -1,7 +1,7 @@
 #include "TWMSPFilterRunners/Command/Summary.h"
 
-#include "Platform/PathText.h"
-#include "Platform/VisibleText.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Text/VisibleText.h"
 
 #include <fmt/format.h>
 

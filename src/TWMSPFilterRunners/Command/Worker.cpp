@@ -2,8 +2,8 @@
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
-#include "Platform/PathText.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Files/PathText.h"
+#include "Platform/Time/TimeZone.h"
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 #include "TWMSPFilterRunners/Command/ExportLog.h"
 #include "TWMSPFilterRunners/Command/OutputFile.h"

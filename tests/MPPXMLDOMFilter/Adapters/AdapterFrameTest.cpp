@@ -1,10 +1,10 @@
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLCalendarAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLCollectionAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLExtendedAttributeAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTimephasedDataAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLWorkWeekAdapter.h"
 #include "support/ExpectException.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLAssignmentAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLAssignmentBaselineAdapter.h"
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLBaselineAdapters.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceAdapter.h"
 #include "support/ExpectException.h"

@@ -1,8 +1,7 @@
+#include "MPPXMLDOMFilter/Adapters/MSPEXMLBaselineAdapters.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLNotesAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLPredecessorLinkAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceBaselineAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskAdapter.h"
-#include "MPPXMLDOMFilter/Adapters/MSPEXMLTaskBaselineAdapter.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"
 

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Corrections/SplitTasks.h"
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "support/ScopedTimeZone.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 #include "MPPXMLDOMFilter/Corrections/WorkingTimeline.h"
 
 #include "MPPXMLDOMFilter/Model/MPPCalendar.h"
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "support/ScopedTimeZone.h"
 
 #include <gtest/gtest.h>

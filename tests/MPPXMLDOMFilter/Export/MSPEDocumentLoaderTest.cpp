@@ -1,6 +1,6 @@
 #include "MPPXMLDOMFilter/Export/MSPEDocumentLoader.h"
 
-#include "Platform/Exception.h"
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"

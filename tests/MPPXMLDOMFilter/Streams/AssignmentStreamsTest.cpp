@@ -1,7 +1,7 @@
 #include "StreamsTest.h"
 
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "Platform/TimeZone.h"
+#include "Platform/Time/TimeZone.h"
 #include "support/LogCapture.h"
 
 #include <fmt/format.h>

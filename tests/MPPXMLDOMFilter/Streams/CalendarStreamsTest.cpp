@@ -1,7 +1,6 @@
 #include "StreamsTest.h"
 
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP14CalendarWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
 
 namespace brackwater::test {
 namespace {

@@ -1,7 +1,6 @@
 #include "StreamsTest.h"
 
-#include "MPPXMLDOMFilter/Streams/MPP12ConstraintWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP14ConstraintWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
 
 #include <limits>
 

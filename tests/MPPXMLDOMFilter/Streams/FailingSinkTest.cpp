@@ -1,18 +1,13 @@
 #include "StreamsTest.h"
 
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CEdlWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CTableWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CViewWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ConstraintWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ProjectDocSInfoWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12ProjectPropsWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ProjectSInfoWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP14CalendarWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP14ConstraintWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
+#include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
+#include "MPPXMLDOMFilter/Streams/MPPSummaryInfoWriters.h"
+#include "MPPXMLDOMFilter/Streams/MPPViewStorageWriters.h"
 #include "support/LogCapture.h"
 
 #include <algorithm>

@@ -1,10 +1,7 @@
 #include "StreamsTest.h"
 
-#include "MPPXMLDOMFilter/Streams/MPP12CEdlWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CTableWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CViewWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ProjectDocSInfoWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12ProjectSInfoWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPSummaryInfoWriters.h"
+#include "MPPXMLDOMFilter/Streams/MPPViewStorageWriters.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #include "StreamsTest.h"
 
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
-#include "MPPXMLDOMFilter/Streams/MPP12CalendarWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12RscWriter.h"
 #include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/Date.h"
+#include "Platform/Time/Date.h"
 #include "support/ByteImage.h"
 #include "support/MemoryTemplate.h"
 #include "support/MemoryWriter.h"

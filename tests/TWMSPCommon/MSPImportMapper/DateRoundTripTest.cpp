@@ -1,4 +1,4 @@
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 #include "support/ScopedTimeZone.h"
 

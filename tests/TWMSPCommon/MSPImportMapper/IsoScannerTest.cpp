@@ -1,6 +1,6 @@
 #include "TWMSPCommon/MSPImportMapper/IsoScanner.h"
 
-#include "Platform/PosixPattern.h"
+#include "Platform/Text/PosixPattern.h"
 
 #include <gtest/gtest.h>
 

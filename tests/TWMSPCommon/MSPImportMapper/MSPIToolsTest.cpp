@@ -1,5 +1,5 @@
-#include "Platform/FileURL.h"
-#include "Platform/XMLDocument.h"
+#include "Platform/Files/FileURL.h"
+#include "Platform/Xml/XMLDocument.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 #include "support/ExpectException.h"

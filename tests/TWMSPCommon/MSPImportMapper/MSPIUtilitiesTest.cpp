@@ -1,6 +1,6 @@
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
-#include "Platform/GregorianCalendar.h"
+#include "Platform/Time/GregorianCalendar.h"
 #include "support/ExpectException.h"
 #include "support/ScopedTimeZone.h"
 

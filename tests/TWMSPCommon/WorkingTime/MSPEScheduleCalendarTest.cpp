@@ -1,7 +1,7 @@
 #include "TWMSPCommon/WorkingTime/MSPEScheduleCalendar.h"
 
-#include "Platform/GregorianCalendar.h"
-#include "Platform/XMLDocument.h"
+#include "Platform/Time/GregorianCalendar.h"
+#include "Platform/Xml/XMLDocument.h"
 #include "TWMSPCommon/WorkingTime/WorkingTimeDates.h"
 #include "support/ExpectException.h"
 #include "support/LogCapture.h"

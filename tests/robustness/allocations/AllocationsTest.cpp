@@ -2,7 +2,7 @@
 #include "MemoryRequests.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
-#include "Platform/Log.h"
+#include "Platform/Log/Log.h"
 #include "support/CompoundFile.h"
 #include "support/PlanBundle.h"
 #include "support/ScenarioBuilder.h"

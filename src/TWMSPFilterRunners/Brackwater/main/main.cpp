@@ -1,5 +1,5 @@
-#include "Platform/Log.h"
-#include "Platform/StandardDescriptors.h"
+#include "Platform/Files/StandardDescriptors.h"
+#include "Platform/Log/Log.h"
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 
 #include <csignal>

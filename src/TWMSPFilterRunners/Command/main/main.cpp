@@ -1,4 +1,4 @@
-#include "Platform/StandardDescriptors.h"
+#include "Platform/Files/StandardDescriptors.h"
 #include "TWMSPFilterRunners/Command/CommandRun.h"
 
 #include <string>

@@ -1,0 +1,292 @@
+#include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
+
+#include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
+#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/RecordValues.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+#include "Platform/Values/Exception.h"
+
+#include <algorithm>
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::uint16_t kDescriptionEnding = 3392; // 0x0D40
+constexpr std::size_t kFixedRowSize = 12;
+constexpr std::size_t kFixedMetaSize = 10;
+constexpr std::size_t kFixed2RowSize = 48;
+constexpr std::size_t kFixed2MetaSize = 9;
+constexpr std::uint64_t kNameType = 1;
+constexpr std::uint64_t kBlockType = 8;
+constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+// A record that preprocessing leaves behind; a project that was not preprocessed may lack it.
+const MPPCalendar& present(const MPPCalendar* calendar) {
+    assertThat(calendar != nullptr, "A calendar of the project is missing.");
+    return *calendar;
+}
+
+const MPPCalendar& standardCalendar(const MPPProject& project) { return present(project.standardCalendar.get()); }
+const MPPCalendar& calendarOf(const MPPResource& resource) { return present(resource.calendar.record()); }
+
+std::uint64_t baseCalendarID(const MPPCalendar& calendar) {
+    const MPPCalendar* base = calendar.baseCalendar.record();
+    return base ? base->ID : 0;
+}
+
+Guid baseCalendarGuid(const MPPCalendar& calendar) {
+    const MPPCalendar* base = calendar.baseCalendar.record();
+    return base ? base->GUID() : Guid();
+}
+
+} // namespace
+
+bool MPPCalendarStreamWriter::definesAnything(const MPPCalendar& calendar) {
+    return (calendar.defaultWorkWeek && calendar.defaultWorkWeek->definesAnyDay()) || !calendar.exceptions.empty() ||
+           !calendar.workWeeks.empty();
+}
+
+void MPPCalendarStreamWriter::writeSteps() {
+    writeVar2Data();
+    writeVarMeta();
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+    noteRows(MPPRowKind::Calendar, *_fixedData, _var2Data.get());
+}
+
+// "Var2Data" and its index. The default resource's calendar has no elements.
+
+void MPPCalendarStreamWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+    writeCalendarVar2Data(standardCalendar(project()));
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) { writeCalendarVar2Data(calendar); });
+    stream.writeEach(project().resources,
+                     [&](const MPPResource& resource) { writeCalendarVar2Data(calendarOf(resource)); });
+    stream.finish();
+}
+
+void MPPCalendarStreamWriter::writeCalendarVar2Data(const MPPCalendar& calendar) {
+    if (hasText(calendar.name)) {
+        _var2Data->startNewElementWithType(kNameType, calendar.ID);
+        _var2Data->writeString(*calendar.name, MPPEncoding::Unicode);
+        _var2Data->closeCurrentElement();
+    }
+    if (hasBlock(calendar)) {
+        _var2Data->startNewElementWithType(kBlockType, calendar.ID);
+        writeCalendarBlock(*_var2Data, calendar, workWeekCounter());
+        _var2Data->closeCurrentElement();
+    }
+}
+
+void MPPCalendarStreamWriter::writeVarMeta() {
+    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
+    StreamOutput stream(writer(), "VarMeta", varMeta);
+    varMeta.writeMetaHeader();
+    writeCalendarVarMeta(varMeta, standardCalendar(project()));
+    for (const auto& calendar : project().baseCalendars)
+        writeCalendarVarMeta(varMeta, *calendar);
+    for (const auto& resource : project().resources)
+        writeCalendarVarMeta(varMeta, calendarOf(*resource));
+    stream.finish();
+}
+
+void MPPCalendarStreamWriter::writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const {
+    if (hasText(calendar.name))
+        varMeta.writeNextElementMetaWithID(calendar.ID, kNameType);
+    if (hasBlock(calendar))
+        varMeta.writeNextElementMetaWithID(calendar.ID, kBlockType);
+}
+
+// "FixedData" and its index.
+
+namespace {
+
+void writeCalendarFixedData(MPPFixedData& fixedData, std::uint64_t id, std::uint64_t baseID, std::uint64_t resourceID) {
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(id);
+    row.at(4).lowInteger(baseID);
+    row.at(8).lowInteger(resourceID);
+    row.endElement(fixedData);
+}
+
+void writeResourceCalendarFixedData(MPPFixedData& fixedData, const MPPResource& resource) {
+    const MPPCalendar& calendar = calendarOf(resource);
+    writeCalendarFixedData(fixedData, calendar.ID, baseCalendarID(calendar), resource.ID);
+}
+
+} // namespace
+
+void MPPCalendarStreamWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
+    writeFixedDataHeaderRows(*_fixedData, kCalendarHeaderRows);
+    writeCalendarFixedData(*_fixedData, standardCalendar(project()).ID, kNone, kNone);
+    writeResourceCalendarFixedData(*_fixedData, *project().defaultResource());
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
+        writeCalendarFixedData(*_fixedData, calendar.ID, kNone, kNone);
+    });
+    stream.writeEach(project().resources,
+                     [&](const MPPResource& resource) { writeResourceCalendarFixedData(*_fixedData, resource); });
+    stream.finish();
+}
+
+namespace {
+
+// A row's record of 10 bytes.
+void writeCalendarFixedMeta(MPPFixedMeta& fixedMeta, std::uint32_t start, std::uint16_t flags) {
+    fixedMeta.writeNextElementStartWithInt(start);
+    MetaRecordBuilder<kFixedMetaSize> record;
+    record.at(8).word(flags);
+    record.end(fixedMeta);
+}
+
+std::uint32_t startOfNamedRow(std::uint64_t number) { return static_cast<std::uint32_t>(number << 16); }
+
+} // namespace
+
+// The upper half is the number of the calendar's elements where the file keeps its numbers in step, else `usual`.
+std::uint32_t MPPCalendarStreamWriter::startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const {
+    if (!project().bookkeeping)
+        return usual;
+    return static_cast<std::uint32_t>(_var2Data->numberOfElementsForID(calendar.ID)) << 16;
+}
+
+void MPPCalendarStreamWriter::writeFixedMeta() {
+    MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
+    fixedMeta.writeMetaHeader();
+    writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
+    const MPPCalendar& standard = standardCalendar(project());
+    writeCalendarFixedMeta(fixedMeta, startValueOf(standard, startOfNamedRow(standard.ID)),
+                           flagsOfStandardRow(standard));
+    writeCalendarFixedMeta(fixedMeta, 0, 7);
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
+        writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startOfNamedRow(calendar.ID - 1)),
+                               hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock);
+    });
+    for (const auto& resource : project().resources) {
+        const MPPCalendar& calendar = calendarOf(*resource);
+        if (hasBlock(calendar))
+            writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startValueOfResourceBlock()), 263);
+        else
+            writeCalendarFixedMeta(fixedMeta, 0, 7);
+        stream.flush();
+    }
+    stream.finish();
+}
+
+// "Fixed2Data" and its index.
+
+namespace {
+
+void writeCalendarFixed2Data(MPPFixedData& fixed2Data, const Guid& first, const Guid& second, const Guid& third) {
+    RowBuilder<kFixed2RowSize> row;
+    row.at(0).guid(first);
+    row.at(16).guid(second);
+    row.at(32).guid(third);
+    row.endElement(fixed2Data);
+}
+
+} // namespace
+
+void MPPCalendarStreamWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+    writeZeroHeaderRows(*_fixed2Data, kCalendarHeaderRows, kFixed2RowSize);
+    writeCalendarFixed2Data(*_fixed2Data, standardCalendar(project()).GUID(), Guid(), Guid());
+    const MPPCalendar& defaultCalendar = calendarOf(*project().defaultResource());
+    writeCalendarFixed2Data(*_fixed2Data, defaultCalendar.GUID(), defaultCalendar.GUID(),
+                            baseCalendarGuid(defaultCalendar));
+    for (const auto& calendar : project().baseCalendars)
+        writeCalendarFixed2Data(*_fixed2Data, calendar->GUID(), Guid(), Guid());
+    // Here it is the resource's GUID, not its calendar's.
+    for (const auto& resource : project().resources)
+        writeCalendarFixed2Data(*_fixed2Data, resource->GUID(), resource->GUID(),
+                                baseCalendarGuid(calendarOf(*resource)));
+    stream.finish();
+}
+
+void MPPCalendarStreamWriter::writeFixed2Meta() {
+    constexpr std::uint8_t kStandardRow = 23;
+    constexpr std::uint8_t kOtherRow = 7;
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
+    fixed2Meta.writeMetaHeader();
+    writeMetaHeaderRows(fixed2Meta, kCalendarHeaderRows, kFixed2MetaSize, 0, 0);
+    const auto record = [&](std::uint8_t flags) {
+        fixed2Meta.writeNextElementStartWithInt(0);
+        fixed2Meta.write1ByteInteger(flags);
+    };
+    record(kStandardRow);
+    record(kOtherRow);
+    for (std::size_t i = 0; i < project().baseCalendars.size() + project().resources.size(); ++i)
+        record(kOtherRow);
+    stream.finish();
+}
+
+namespace {
+
+constexpr std::uint64_t kStandardID = 1;
+constexpr std::uint64_t kDefaultID = 2;
+constexpr std::uint64_t kFirstFreeID = 3;
+
+} // namespace
+
+bool MPP12CalendarWriter::calendarDataShouldBeWritten(const MPPCalendar& calendar) {
+    if (!calendar.baseCalendar.record() && calendar.ID != kStandardID && calendar.ID != kDefaultID)
+        return true;
+    return calendar.ID != kDefaultID && definesAnything(calendar);
+}
+
+void MPP12CalendarWriter::writeSteps() {
+    MPPCalendarStreamWriter::writeSteps();
+    copyChildFromTemplate("Props");
+}
+
+std::uint32_t& MPP12CalendarWriter::workWeekCounter() const {
+    static std::uint32_t counter = 21; // not reset between exports
+    return counter;
+}
+
+void MPP12CalendarWriter::preprocessProject(MPPProject& project) {
+    assertThat(project.standardCalendar != nullptr, "The project has no standard calendar.");
+    project.standardCalendar->name = "Standard";
+    project.standardCalendar->ID = kStandardID;
+    if (MPPCalendar* calendar = project.defaultResource()->calendar.record())
+        calendar->ID = kDefaultID;
+    if (!project.calendar.record())
+        project.calendar.setRecord(project.standardCalendar);
+
+    auto& baseCalendars = project.baseCalendars;
+    baseCalendars.erase(std::remove(baseCalendars.begin(), baseCalendars.end(), project.standardCalendar),
+                        baseCalendars.end());
+    std::uint64_t nextID = kFirstFreeID;
+    for (const auto& calendar : baseCalendars)
+        calendar->ID = nextID++;
+
+    for (const auto& resource : project.resources) {
+        if (!resource->calendar.record()) {
+            auto calendar = std::make_shared<MPPCalendar>();
+            calendar->baseCalendar.setRecord(project.calendar.pointer());
+            resource->calendar.setRecord(std::move(calendar));
+        }
+        MPPCalendar* calendar = resource->calendar.record();
+        calendar->ID = nextID++;
+        calendar->name.reset();
+    }
+}
+
+bool MPP14CalendarWriter::calendarDataShouldBeWritten(const MPPCalendar& calendar) {
+    if (calendar.ID == 1 || calendar.ID == 2)
+        return false;
+    return !calendar.baseCalendar.record() || definesAnything(calendar);
+}
+
+std::uint32_t& MPP14CalendarWriter::workWeekCounter() const {
+    static std::uint32_t counter = 21; // apart from that of the 2007 layout; not reset between exports
+    return counter;
+}
+
+} // namespace brackwater

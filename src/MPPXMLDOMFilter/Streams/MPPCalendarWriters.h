@@ -1,0 +1,100 @@
+#pragma once
+
+#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
+#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
+#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
+#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace brackwater {
+
+/// What the 2007 and the 2010 layout of "TBkndCal" share: every calendar of the project in one order (standard, the
+/// default resource's, base, of resources) in six streams.
+class MPPCalendarStreamWriter : public MPPStreamWriter {
+public:
+    using MPPStreamWriter::MPPStreamWriter;
+
+protected:
+    /// The six streams.
+    void writeSteps() override;
+
+    /// Whether the calendar has a block of its own beside its name.
+    [[nodiscard]] virtual bool hasBlock(const MPPCalendar& calendar) const = 0;
+    /// Flags in "FixedMeta" of the standard calendar's row.
+    [[nodiscard]] virtual std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const = 0;
+    /// Start value in "FixedMeta" of a resource's calendar that has a block.
+    [[nodiscard]] virtual std::uint32_t startValueOfResourceBlock() const = 0;
+    /// The number that the next dated work week gets; outlives the writer.
+    [[nodiscard]] virtual std::uint32_t& workWeekCounter() const = 0;
+
+    /// Flags in "FixedMeta" of a calendar with or without a block.
+    static constexpr std::uint16_t kFlagsWithBlock = 335;
+    static constexpr std::uint16_t kFlagsWithoutBlock = 79;
+
+    /// True when the calendar has hours, exceptions or dated weeks of its own.
+    [[nodiscard]] static bool definesAnything(const MPPCalendar& calendar);
+
+private:
+    void writeVar2Data();
+    void writeVarMeta();
+    void writeFixedData();
+    void writeFixedMeta();
+    void writeFixed2Data();
+    void writeFixed2Meta();
+
+    void writeCalendarVar2Data(const MPPCalendar& calendar);
+    void writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const;
+    [[nodiscard]] std::uint32_t startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const;
+
+    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
+    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
+    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
+};
+
+/// Writes "TBkndCal" of the 2007 layout, the folder "   112".
+class MPP12CalendarWriter : public MPPCalendarStreamWriter {
+public:
+    using MPPCalendarStreamWriter::MPPCalendarStreamWriter;
+
+    /// Runs once for both layouts, last of its kind, before any stream is written: gives all calendars their IDs, and a
+    /// calendar to the project and to every resource that has none.
+    static void preprocessProject(MPPProject& project);
+    [[nodiscard]] static bool calendarDataShouldBeWritten(const MPPCalendar& calendar);
+
+protected:
+    /// The six streams and the template's "Props".
+    void writeSteps() override;
+    [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
+        return calendarDataShouldBeWritten(calendar);
+    }
+    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const override {
+        return hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock;
+    }
+    [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0x00010000; }
+    [[nodiscard]] std::uint32_t& workWeekCounter() const override;
+};
+
+/// Writes "TBkndCal" of the 2010 layout, the folder "   114". The standard calendar's own hours do not reach this
+/// layout, and the storage has no "Props".
+class MPP14CalendarWriter : public MPPCalendarStreamWriter {
+public:
+    using MPPCalendarStreamWriter::MPPCalendarStreamWriter;
+
+    [[nodiscard]] static bool calendarDataShouldBeWritten(const MPPCalendar& calendar);
+
+protected:
+    [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
+        return calendarDataShouldBeWritten(calendar);
+    }
+    /// The same whatever the standard calendar has: one that is a resource's too has a block, as that resource's.
+    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& /*calendar*/) const override {
+        return kFlagsWithoutBlock;
+    }
+    [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0; }
+    [[nodiscard]] std::uint32_t& workWeekCounter() const override;
+};
+
+} // namespace brackwater

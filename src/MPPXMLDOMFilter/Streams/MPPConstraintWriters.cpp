@@ -1,0 +1,104 @@
+#include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
+
+#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
+#include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
+
+namespace brackwater {
+
+namespace {
+
+constexpr std::size_t kFixedRowSize = 20;
+constexpr std::size_t kFixedMetaSize = 10;
+constexpr std::size_t kFixed2RowSize = 48;
+constexpr std::size_t kFixed2MetaSize = 9;
+
+// Units of a lag.
+constexpr std::uint16_t kDays = 7;
+constexpr std::uint16_t kPercent = 19;
+
+// A link whose task was never found shows ID 0 and no GUID.
+std::uint64_t idOf(const TaskReference& task) { return task.record() ? task.record()->ID : 0; }
+Guid guidOf(const TaskReference& task) { return task.record() ? task.record()->GUID() : Guid(); }
+
+} // namespace
+
+void MPPConstraintStreamWriter::writeSteps() {
+    copyChildFromTemplate("VarMeta");
+    writeFixedData();
+    writeFixedMeta();
+    writeFixed2Data();
+    writeFixed2Meta();
+    noteRows(MPPRowKind::Link, *_fixedData, nullptr);
+}
+
+void MPPConstraintStreamWriter::writeFixedData() {
+    StreamOutput stream(writer(), "FixedData", *_fixedData);
+    stream.writeEach(RecordsInOrder(project().constraints),
+                     [&](const MPPConstraint& constraint) { writeConstraintFixedData(constraint); });
+    stream.finish();
+}
+
+void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& constraint) {
+    RowBuilder<kFixedRowSize> row;
+    row.at(0).lowInteger(constraint.ID);
+    row.at(4).lowInteger(idOf(constraint.task1));
+    row.at(8).lowInteger(idOf(constraint.task2));
+    row.at(12).lowWord(static_cast<std::uint32_t>(constraint.constraintType));
+    row.at(14).word(constraint.isPercentage ? kPercent : kDays);
+    row.at(16);
+    if (constraint.isPercentage)
+        row.integer(static_cast<std::uint32_t>(saturatingCut<std::int32_t>(constraint.lag)));
+    else
+        row.duration(lagInSeconds(constraint.lag));
+    row.endElement(*_fixedData);
+}
+
+void MPPConstraintStreamWriter::writeFixedMeta() {
+    MPPFixedMeta fixedMeta(_fixedData);
+    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
+    fixedMeta.writeMetaHeader();
+    for (std::size_t i = 0; i < project().constraints.size(); ++i) {
+        fixedMeta.writeNextElementStartWithInt(0);
+        MetaRecordBuilder<kFixedMetaSize> record;
+        record.at(8).word(249);
+        record.end(fixedMeta);
+        stream.flush();
+    }
+    stream.finish();
+}
+
+void MPPConstraintStreamWriter::writeFixed2Data() {
+    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+    for (const auto& constraint : RecordsInOrder(project().constraints)) {
+        RowBuilder<kFixed2RowSize> row;
+        row.at(0).guid(constraint->GUID());
+        row.at(16).guid(guidOf(constraint->task1));
+        row.at(32).guid(guidOf(constraint->task2));
+        row.endElement(*_fixed2Data);
+        stream.flush();
+    }
+    stream.finish();
+}
+
+void MPPConstraintStreamWriter::writeFixed2Meta() {
+    MPPFixedMeta fixed2Meta(_fixed2Data);
+    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
+    fixed2Meta.writeMetaHeader();
+    for (std::size_t i = 0; i < project().constraints.size(); ++i) {
+        fixed2Meta.writeNextElementStartWithInt(0);
+        MetaRecordBuilder<kFixed2MetaSize> record;
+        record.at(8).byte(7);
+        record.end(fixed2Meta);
+        stream.flush();
+    }
+    stream.finish();
+}
+
+void MPP12ConstraintWriter::writeSteps() {
+    MPPConstraintStreamWriter::writeSteps();
+    copyChildFromTemplate("Props");
+}
+
+} // namespace brackwater

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Platform/Time/Date.h"
+
+namespace brackwater {
+
+// The day of an instant and its time of day, in the system zone.
+
+/// 00:00:00 of the day.
+[[nodiscard]] Date beginOfDay(Date date);
+/// 23:59:59 of the day.
+[[nodiscard]] Date endOfDay(Date date);
+/// What the wall clock shows, in seconds; on a day of a clock change that differs from the time passed.
+[[nodiscard]] double secondsSinceMidnight(Date date);
+
+} // namespace brackwater

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Platform/Time/Date.h"
+#include "TWMSPCommon/MSPExportMapper/Calendars/MSPECalendarEvents.h"
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <queue>
+#include <vector>
+
+namespace brackwater {
+
+/// Cuts overlapping events into pieces that do not overlap. A cursor moves through time; wherever an event begins or
+/// ends, a piece ends, and each piece gets the times of day of all events that are active in it. The next piece begins
+/// one second after the end of the last.
+///
+/// The cost is that of sorting the events plus that of the pieces.
+class MSPEEventSweep {
+public:
+    /// `events` are sorted by `fromDate` and outlive the sweep.
+    explicit MSPEEventSweep(const std::vector<MSPEZelbEventInfo>& events);
+
+    [[nodiscard]] std::vector<MSPEExceptionInfo> pieces();
+
+private:
+    /// Brings the active events in step with the cursor.
+    void beginEvents();
+    void endEvents();
+    [[nodiscard]] bool hasUpcoming() const noexcept { return _upcoming < _events.size(); }
+    /// The last second before an active event ends or an upcoming one begins.
+    [[nodiscard]] Date endOfPiece() const;
+    [[nodiscard]] MSPEWorkingTimes activeWorkingTimes();
+
+    const std::vector<MSPEZelbEventInfo>& _events;
+    Date _cursor;
+    Date _rangeEnd;
+    std::size_t _upcoming = 0; ///< the first event that begins after the cursor
+    /// The ends of the active events, the nearest on top.
+    std::priority_queue<Date, std::vector<Date>, std::greater<>> _activeEnds;
+    /// Active events with times of day, by their start and then in the order of the list. An event that ended leaves
+    /// when a piece next looks at it.
+    std::multimap<double, const MSPEZelbEventInfo*> _activeWithTimes;
+};
+
+/// Joins neighbours with equal working times that touch: the later one begins one second after the earlier one ends.
+[[nodiscard]] std::vector<MSPEExceptionInfo> joinTouchingExceptions(std::vector<MSPEExceptionInfo> exceptions);
+
+} // namespace brackwater

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "Platform/Text/TextReadings.h"
+#include "Platform/Xml/XMLElement.h"
+#include "TWMSPCommon/MSPCExtensions.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brackwater {
+
+/// The names of the children that a reader asks for, in the order of an enumeration of its own.
+template <std::size_t Count>
+class MSPEChildNames {
+public:
+    consteval explicit MSPEChildNames(const std::array<std::string_view, Count>& names) : _names(names) {
+        for (std::size_t i = 0; i < Count; ++i)
+            _sorted[i] = i;
+        std::sort(_sorted.begin(), _sorted.end(),
+                  [&](std::size_t a, std::size_t b) { return less(names[a], names[b]); });
+    }
+
+    [[nodiscard]] constexpr std::size_t size() const noexcept { return Count; }
+    [[nodiscard]] constexpr std::string_view operator[](std::size_t index) const noexcept { return _names[index]; }
+
+    /// The name's place in the order; `Count` for any other name.
+    [[nodiscard]] std::size_t find(std::string_view name) const noexcept {
+        const auto place = std::lower_bound(_sorted.begin(), _sorted.end(), name,
+                                            [this](std::size_t i, std::string_view n) { return less(_names[i], n); });
+        return place != _sorted.end() && _names[*place] == name ? *place : Count;
+    }
+
+private:
+    static constexpr bool less(std::string_view a, std::string_view b) noexcept {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    }
+
+    std::array<std::string_view, Count> _names;
+    std::array<std::size_t, Count> _sorted{};
+};
+
+/// The children of a source element by name, found in one pass. They answer what the queries for each name would: the
+/// last of several, and "only" for readers to whom several are as good as none.
+template <typename Name, std::size_t Count>
+class MSPEChildElements {
+public:
+    /// `names` must outlive the object.
+    MSPEChildElements(XMLElement element, const MSPEChildNames<Count>& names) : _element(element), _names(names) {
+        for (auto child = element.firstChildElement(); child; child = child->nextSiblingElement()) {
+            if (const std::size_t index = names.find(child->name()); index < Count) {
+                _found[index].last = child;
+                ++_found[index].count;
+            }
+        }
+    }
+
+    [[nodiscard]] std::size_t count(Name name) const noexcept { return found(name).count; }
+    [[nodiscard]] bool has(Name name) const noexcept { return found(name).last.has_value(); }
+    [[nodiscard]] std::optional<XMLElement> last(Name name) const noexcept { return found(name).last; }
+
+    /// The last element's text, as a view that holds until the next reading.
+    [[nodiscard]] std::optional<std::string_view> text(Name name) const {
+        const auto& element = found(name).last;
+        return element ? std::optional(element->textView(_buffer)) : std::nullopt;
+    }
+    [[nodiscard]] std::optional<std::string_view> onlyText(Name name) const {
+        return isOnly(name) ? text(name) : std::nullopt;
+    }
+
+    /// The last element's number, where there is an element. Raises where its text does not begin with a number.
+    [[nodiscard]] std::optional<std::int64_t> integer(Name name) const {
+        const auto read = text(name);
+        if (!read)
+            return std::nullopt;
+        if (const auto scanned = scanInteger(*read))
+            return scanned->value;
+        return intValueForXQuery(_element, query(name));
+    }
+    [[nodiscard]] std::optional<double> number(Name name) const {
+        const auto read = text(name);
+        if (!read)
+            return std::nullopt;
+        if (const auto scanned = scanDouble(*read))
+            return scanned->value;
+        return floatValueForXQuery(_element, query(name));
+    }
+    /// The number of the only element; nothing where there are several. The last of several is read all the same, so
+    /// that a text that is no number fails.
+    [[nodiscard]] std::optional<std::int64_t> onlyInteger(Name name) const {
+        const auto value = integer(name);
+        return isOnly(name) ? value : std::nullopt;
+    }
+    [[nodiscard]] std::optional<double> onlyNumber(Name name) const {
+        const auto value = number(name);
+        return isOnly(name) ? value : std::nullopt;
+    }
+
+private:
+    struct Found {
+        std::optional<XMLElement> last;
+        std::size_t count = 0;
+    };
+
+    [[nodiscard]] const Found& found(Name name) const noexcept { return _found[static_cast<std::size_t>(name)]; }
+    [[nodiscard]] bool isOnly(Name name) const noexcept { return count(name) == 1; }
+    [[nodiscard]] XMLQuery query(Name name) const noexcept { return XMLQuery(_names[static_cast<std::size_t>(name)]); }
+
+    XMLElement _element;
+    const MSPEChildNames<Count>& _names;
+    std::array<Found, Count> _found{};
+    mutable std::string _buffer;
+};
+
+/// Calls `visit` with each child of that name, in document order.
+template <typename Visit>
+void forEachChildElement(XMLElement element, std::string_view name, Visit visit) {
+    for (auto child = element.firstChildElement(); child; child = child->nextSiblingElement())
+        if (child->name() == name)
+            visit(*child);
+}
+
+} // namespace brackwater

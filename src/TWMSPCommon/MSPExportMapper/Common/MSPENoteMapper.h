@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/Xml/XMLElement.h"
+#include "TWMSPCommon/MSPExportMapper/Common/MSPEObjectMapperBase.h"
+
+#include <memory>
+
+namespace brackwater {
+
+class MSPEXMLNotesAdapter;
+
+/// Flattens a rich-text note into plain text: one line a paragraph, each ended by a line end. All formatting is lost.
+class MSPENoteMapper final : public MSPEObjectMapperBase {
+public:
+    /// Works without a coordinator.
+    MSPENoteMapper() noexcept : MSPEObjectMapperBase(nullptr) {}
+
+    /// Null for a note without a text.
+    [[nodiscard]] std::shared_ptr<MSPEXMLNotesAdapter> newNotesFromZELBNote(XMLElement zelbNote) const;
+};
+
+} // namespace brackwater

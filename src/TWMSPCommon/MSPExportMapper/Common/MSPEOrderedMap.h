@@ -1,0 +1,108 @@
+#pragma once
+
+#include "Platform/Values/PlaceTable.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace brackwater {
+
+/// Values by key, in the order in which they were entered. A key is a number, a text that the map owns, or a view of a
+/// text that outlives it.
+///
+/// Made for tables as long as a large document, whose parts lie outside the processor's caches. Look-ups mostly come in
+/// the order of entry, each once or a few times: the entry that answered last and the one behind it are tried before
+/// the hash table. The table holds places, not entries, and takes no memory of its own for each entry.
+template <typename Key, typename Value>
+class MSPEOrderedMap {
+public:
+    using KeyView = std::conditional_t<std::is_convertible_v<const Key&, std::string_view>, std::string_view, Key>;
+
+    struct Entry {
+        Key key;
+        Value value;
+        std::uint32_t hash;
+        std::uint32_t nextInBucket; ///< the place of the next entry of the same bucket
+    };
+
+    void reserve(std::size_t count) {
+        if (count > _table.bucketCount())
+            rebuildTable(std::bit_ceil(count));
+    }
+
+    /// False where the key is taken; its value stays.
+    bool tryAdd(KeyView key, Value value) {
+        const std::uint32_t hash = hashOf(key);
+        if (placeOf(key, hash) != kNone)
+            return false;
+        add(key, std::move(value), hash);
+        return true;
+    }
+    /// Enters the value, in the place of an earlier one where the key is taken, and gives it.
+    Value& set(KeyView key, Value value) {
+        const std::uint32_t hash = hashOf(key);
+        const std::uint32_t place = placeOf(key, hash);
+        if (place == kNone)
+            return add(key, std::move(value), hash);
+        return _entries[place].value = std::move(value);
+    }
+
+    /// Null where there is none. The pointer stays valid.
+    [[nodiscard]] const Value* find(KeyView key) const {
+        const std::size_t triedEnd = std::min<std::size_t>(_entries.size(), _lastPlace + 2);
+        for (std::size_t place = _lastPlace; place < triedEnd; ++place)
+            if (_entries[place].key == key)
+                return answer(place);
+        const std::uint32_t place = placeOf(key, hashOf(key));
+        return place == kNone ? nullptr : answer(place);
+    }
+
+    [[nodiscard]] Value* find(KeyView key) { return const_cast<Value*>(std::as_const(*this).find(key)); }
+
+    [[nodiscard]] std::size_t size() const noexcept { return _entries.size(); }
+    [[nodiscard]] auto begin() const { return _entries.begin(); }
+    [[nodiscard]] auto end() const { return _entries.end(); }
+
+private:
+    static constexpr std::uint32_t kNone = PlaceTable::kNone;
+    static constexpr std::size_t kFirstBuckets = 16;
+
+    static std::uint32_t hashOf(KeyView key) { return PlaceTable::folded(std::hash<KeyView>()(key)); }
+
+    [[nodiscard]] std::uint32_t placeOf(KeyView key, std::uint32_t hash) const {
+        return _table.find(_entries, hash, [&](const Entry& entry) { return entry.key == key; });
+    }
+
+    Value& add(KeyView key, Value value, std::uint32_t hash) {
+        _entries.push_back(Entry{Key(key), std::move(value), hash, kNone});
+        if (_entries.size() > _table.bucketCount())
+            rebuildTable(std::max(kFirstBuckets, _table.bucketCount() * 2));
+        else
+            _table.add(_entries, _entries.size() - 1);
+        return _entries.back().value;
+    }
+
+    void rebuildTable(std::size_t buckets) {
+        _table.reset(buckets);
+        for (std::size_t place = 0; place < _entries.size(); ++place)
+            _table.add(_entries, place);
+    }
+
+    const Value* answer(std::size_t place) const {
+        _lastPlace = place;
+        return &_entries[place].value;
+    }
+
+    std::deque<Entry> _entries; ///< values stay where they are
+    PlaceTable _table;
+    mutable std::size_t _lastPlace = 0;
+};
+
+} // namespace brackwater

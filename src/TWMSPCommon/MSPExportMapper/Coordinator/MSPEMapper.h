@@ -1,0 +1,96 @@
+#pragma once
+
+#include "Platform/Files/FileURL.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brackwater {
+
+class ExportProgress;
+class MSPEBaseline;
+class MSPECalendarMapper;
+class MSPEIdMapper;
+class MSPEProjectMapper;
+class MSPEXMLDocumentAdapter;
+class MSPEXMLProjectAdapter;
+class XMLDocument;
+class XMLElement;
+struct MPPConstraint;
+
+/// The hub of one export: holds the source documents, the growing result, and what the sub-mappers share.
+class MSPEMapper {
+public:
+    /// `zelbXmlDoc` may be null (no scenario matched the one being edited); nothing is mapped then. The position of a
+    /// document in `baselines` is its baseline number. The counters below begin anew with each coordinator, so that
+    /// every bundle of a list exports as it would alone. `keepsSource`: the mappers keep the source's values in the
+    /// records.
+    MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
+               std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl,
+               bool keepsSource = false);
+    ~MSPEMapper();
+    MSPEMapper(const MSPEMapper&) = delete;
+    MSPEMapper& operator=(const MSPEMapper&) = delete;
+
+    /// Maps the main document; the outcome is `mspdiXmlDoc`. A document that is not a scenario of the source format is
+    /// left alone without a word; `notMappedReason` then tells why. Raises what the sub-mappers raise.
+    void map();
+
+    /// The result; null until `map` succeeds.
+    [[nodiscard]] const std::shared_ptr<MSPEXMLDocumentAdapter>& mspdiXmlDoc() const noexcept { return _mspdiXmlDoc; }
+    /// Why `map` left the document alone, a sentence for people; empty before `map` and after one that went through.
+    [[nodiscard]] const std::string& notMappedReason() const noexcept { return _notMappedReason; }
+
+    [[nodiscard]] const std::shared_ptr<XMLDocument>& zelbXmlDoc() const noexcept { return _zelbXmlDoc; }
+    [[nodiscard]] const std::shared_ptr<XMLDocument>& zelbTOCXmlDoc() const noexcept { return _zelbTOCXmlDoc; }
+    [[nodiscard]] const std::vector<MSPEBaseline>& zelbBaselines() const noexcept { return _zelbBaselines; }
+    [[nodiscard]] int mppVersion() const noexcept { return _mppVersion; }
+    [[nodiscard]] bool keepsSource() const noexcept { return _keepsSource; }
+    /// Is told of each task; may be null.
+    [[nodiscard]] ExportProgress* progress() const noexcept { return _progress; }
+    void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
+
+    /// The root element; null before the project mapper made it.
+    [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept { return _mspdiProject; }
+    void setMspdiProject(std::shared_ptr<MSPEXMLProjectAdapter> project);
+    /// Null before the project mapper set it.
+    [[nodiscard]] const MSPEIdMapper* idMapper() const noexcept { return _idMapper.get(); }
+    void setIdMapper(std::unique_ptr<MSPEIdMapper> idMapper);
+    /// Null outside `map`.
+    [[nodiscard]] MSPEProjectMapper* projectMapper() const noexcept { return _projectMapper.get(); }
+    [[nodiscard]] MSPECalendarMapper* calendarMapper() const noexcept { return _calendarMapper.get(); }
+
+    /// Every link record, in the order of making.
+    [[nodiscard]] const std::vector<std::shared_ptr<MPPConstraint>>& constraints() const noexcept {
+        return _constraints;
+    }
+    void addConstraint(std::shared_ptr<MPPConstraint> constraint);
+
+    // Each returns the counter's value and then adds 1. Tasks and resources count from 0, the others from 1.
+    [[nodiscard]] static std::int64_t nextTaskID();
+    [[nodiscard]] static std::int64_t nextResourceID();
+    [[nodiscard]] static std::int64_t nextAssignmentUID();
+    [[nodiscard]] static std::int64_t nextCalendarUID();
+
+private:
+    [[nodiscard]] std::string faultOfRoot() const;
+
+    std::shared_ptr<XMLDocument> _zelbXmlDoc;
+    std::shared_ptr<XMLDocument> _zelbTOCXmlDoc;
+    std::vector<MSPEBaseline> _zelbBaselines;
+    int _mppVersion = 0;
+    bool _keepsSource = false;
+    ExportProgress* _progress = nullptr;
+    std::string _notMappedReason;
+    std::shared_ptr<MSPEXMLDocumentAdapter> _mspdiXmlDoc;
+    std::shared_ptr<MSPEXMLProjectAdapter> _mspdiProject;
+    std::unique_ptr<MSPEIdMapper> _idMapper;
+    std::unique_ptr<MSPEProjectMapper> _projectMapper;
+    std::unique_ptr<MSPECalendarMapper> _calendarMapper;
+    std::vector<std::shared_ptr<MPPConstraint>> _constraints;
+};
+
+} // namespace brackwater

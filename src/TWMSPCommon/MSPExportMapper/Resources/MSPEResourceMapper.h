@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Platform/Xml/XMLElement.h"
+#include "TWMSPCommon/MSPExportMapper/Common/MSPEObjectMapperBase.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace brackwater {
+
+class MSPEXMLCalendarAdapter;
+class MSPEXMLResourceAdapter;
+
+/// Builds a "Resource" element from a resource of the source, and has its calendar built.
+class MSPEResourceMapper final : public MSPEObjectMapperBase {
+public:
+    using MSPEObjectMapperBase::MSPEObjectMapperBase;
+
+    /// Null for groups and other resources that the target does not have. Without a parent it is the top resource.
+    /// Raises for one without an id, and for a UID that another resource has.
+    [[nodiscard]] std::shared_ptr<MSPEXMLResourceAdapter>
+    newResourceFromZELBResource(XMLElement zelbResource, std::optional<XMLElement> parentResource);
+    /// The resource that every project begins with: it stands for none.
+    [[nodiscard]] static std::shared_ptr<MSPEXMLResourceAdapter> newDummyResourceWithMapper(MSPEMapper* mapper);
+
+    /// The calendar made for the resource that was mapped last; null where none was made yet.
+    [[nodiscard]] const std::shared_ptr<MSPEXMLCalendarAdapter>& resourceCalendar() const noexcept {
+        return _resourceCalendar;
+    }
+    [[nodiscard]] std::int64_t resourceCalendarUID() const noexcept { return _resourceCalendarUID; }
+
+private:
+    std::shared_ptr<MSPEXMLCalendarAdapter> _resourceCalendar;
+    std::int64_t _resourceCalendarUID = -1;
+};
+
+} // namespace brackwater

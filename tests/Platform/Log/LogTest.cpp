@@ -1,0 +1,154 @@
+#include "Platform/Log/Log.h"
+
+#include "support/LogCapture.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <functional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace brackwater {
+namespace {
+
+struct Outcome {
+    std::string standardError;
+    int status = 0;
+    pid_t process = 0;
+};
+
+// Runs `action` in a process of its own, as a program that writes its log into a file.
+Outcome runInChild(const std::function<void()>& action) {
+    const test::TempFolder folder;
+    const std::string path = folder.path("log");
+    Outcome outcome;
+    std::fflush(nullptr); // so that the child does not print it again
+    outcome.process = fork();
+    if (outcome.process == 0) {
+        const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        dup2(file, 2);
+        action();
+        std::exit(0);
+    }
+    waitpid(outcome.process, &outcome.status, 0);
+    outcome.standardError = folder.read("log");
+    return outcome;
+}
+
+bool endsIn(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+TEST(Log, LineBeginsWithLocalTimeAndProcess) {
+    const Outcome outcome = runInChild([] {
+        logLine("plain {} text");
+        logLine("{} and {}", "formatted", 42);
+    });
+    const std::string digits4 = "[0-9][0-9][0-9][0-9]";
+    const std::string digits2 = "[0-9][0-9]";
+    const std::string prefix = digits4 + "-" + digits2 + "-" + digits2 + " " + digits2 + ":" + digits2 + ":" + digits2 +
+                               "[.][0-9]" + digits2 + " Brackwater\\[" + std::to_string(outcome.process) + "\\] ";
+    EXPECT_THAT(outcome.standardError,
+                testing::MatchesRegex(prefix + "plain \\{\\} text\n" + prefix + "formatted and 42\n"));
+}
+
+TEST(Log, AllLinesArriveInOrderAtExit) {
+    constexpr int count = 50'000;
+    const Outcome outcome = runInChild([] {
+        for (int i = 0; i < count; ++i)
+            logLine("line {}", i);
+    });
+    EXPECT_EQ(std::count(outcome.standardError.begin(), outcome.standardError.end(), '\n'), count);
+    EXPECT_TRUE(endsIn(outcome.standardError, "line 49999\n"));
+    std::size_t at = 0;
+    for (int i = 0; i < count && at != std::string::npos; ++i)
+        at = outcome.standardError.find("line " + std::to_string(i) + "\n", at);
+    EXPECT_NE(at, std::string::npos);
+}
+
+TEST(Log, MessageOfAnySizeStaysWholeAndInItsPlace) {
+    const std::string huge(300'000, 'x');
+    const Outcome outcome = runInChild([&huge] {
+        logLine("before");
+        logLine(std::string_view(huge));
+        logLine("");
+        logLine("two\nlines");
+    });
+    const auto position = outcome.standardError.find(huge + "\n");
+    ASSERT_NE(position, std::string::npos);
+    EXPECT_LT(outcome.standardError.find("before\n"), position);
+    EXPECT_TRUE(endsIn(outcome.standardError, "two\nlines\n"));
+}
+
+TEST(Log, NothingIsLostWhenTheProcessDies) {
+    const Outcome uncaught = runInChild([] {
+        logLine("last words");
+        const std::function<void()> failing = [] { throw std::runtime_error("nobody catches this"); };
+        [&failing]() noexcept { failing(); }();
+    });
+    EXPECT_NE(uncaught.standardError.find("last words\n"), std::string::npos);
+    EXPECT_TRUE(WIFSIGNALED(uncaught.status) && WTERMSIG(uncaught.status) == SIGABRT);
+    for (const int signalNumber : {SIGTERM, SIGINT, SIGHUP, SIGABRT}) {
+        const Outcome killed = runInChild([signalNumber] {
+            // A background process of a script is born with some of them ignored, and that stays.
+            std::signal(signalNumber, SIG_DFL);
+            logLine("last words");
+            raise(signalNumber);
+        });
+        EXPECT_TRUE(endsIn(killed.standardError, "last words\n")) << signalNumber;
+        EXPECT_TRUE(WIFSIGNALED(killed.status) && WTERMSIG(killed.status) == signalNumber) << signalNumber;
+    }
+}
+
+TEST(Log, LinesLoggedWhileTheProcessEndsArriveToo) {
+    struct Late {
+        ~Late() { logLine("from a destructor"); }
+    };
+    const Outcome outcome = runInChild([] {
+        static const Late late;
+        logLine("first");
+    });
+    EXPECT_TRUE(endsIn(outcome.standardError, "from a destructor\n")) << outcome.standardError;
+}
+
+TEST(Log, MessageInPiecesIsOneLine) {
+    const std::string longPiece(100'000, 'x');
+    const auto logAll = [&longPiece] {
+        const std::array<std::string_view, 4> pieces{"one", "", " two ", longPiece};
+        logPieces(std::span(pieces).first(3));
+        logPieces(pieces);
+    };
+    const Outcome outcome = runInChild(logAll);
+    const std::string lines = outcome.standardError;
+    EXPECT_NE(lines.find("] one two \n"), std::string::npos);
+    EXPECT_NE(lines.find("] one two " + longPiece + "\n"), std::string::npos);
+    const test::LogCapture log;
+    logAll();
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{"one two ", "one two " + longPiece}));
+}
+
+TEST(Log, InnermostSinkReceivesTheBareMessages) {
+    test::LogCapture outer;
+    logLine("a {}", 1);
+    {
+        test::LogCapture inner;
+        logLine("b");
+        EXPECT_EQ(inner.lines(), std::vector<std::string>{"b"});
+    }
+    logLine("c");
+    EXPECT_EQ(outer.lines(), (std::vector<std::string>{"a 1", "c"}));
+}
+
+} // namespace
+} // namespace brackwater
