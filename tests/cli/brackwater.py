@@ -235,10 +235,10 @@ def a_reader_that_does_not_read():
         (place.path / "out").mkdir()
         run = place.start("-o", "out", *["a.zelb"] * 300)
         fcntl.fcntl(run.stdout, fcntl.F_SETPIPE_SZ, 4096)
-        before = -1
-        while len(place.names("out")) != before:  # until it waits for the reader
+        before = 0
+        while before == 0 or len(place.names("out")) != before:  # until it waits for the reader
             before = len(place.names("out"))
-            time.sleep(0.5)
+            time.sleep(2)
         run.send_signal(signal.SIGTERM)
         try:
             run.wait(15)
