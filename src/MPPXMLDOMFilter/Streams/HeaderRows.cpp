@@ -22,14 +22,4 @@ void writeZeroHeaderRows(MPPFixedData& data, std::size_t rows, std::size_t rowSi
     }
 }
 
-void writeMetaHeaderRows(MPPFixedMeta& meta, std::size_t rows, std::size_t recordSize, std::uint32_t start,
-                         std::uint8_t value) {
-    constexpr std::size_t kBytesBefore = 9; // start value, offset, `value`
-    for (std::size_t i = 0; i < rows; ++i) {
-        meta.writeNextElementStartWithInt(start);
-        meta.write1ByteInteger(value);
-        meta.writeZeroesBlockOfSize(recordSize - kBytesBefore);
-    }
-}
-
 } // namespace brackwater

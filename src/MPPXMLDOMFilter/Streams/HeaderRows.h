@@ -16,8 +16,21 @@ inline constexpr std::size_t kCalendarHeaderRows = 4;
 void writeFixedDataHeaderRows(MPPFixedData& data, std::size_t rows);
 /// Header rows of "Fixed2Data": zeros.
 void writeZeroHeaderRows(MPPFixedData& data, std::size_t rows, std::size_t rowSize);
-/// Records of header rows: the start value, the row's offset, the number `value`, then zeros up to `recordSize`.
-void writeMetaHeaderRows(MPPFixedMeta& meta, std::size_t rows, std::size_t recordSize, std::uint32_t start,
-                         std::uint8_t value);
+
+/// Records of header rows in "FixedMeta": one bit is set, which says that no record of the project stands there.
+template <typename Record>
+void writeHeaderRecords(MPPFixedMeta& meta, std::size_t rows, std::size_t headerBit) {
+    constexpr std::uint32_t kStartValue = 4;
+    Record record;
+    record.bit(headerBit);
+    for (std::size_t i = 0; i < rows; ++i)
+        record.end(meta, kStartValue);
+}
+/// Records of header rows in "Fixed2Meta": none of the fields.
+template <typename Record>
+void writeEmptyHeaderRecords(MPPFixedMeta& meta, std::size_t rows) {
+    for (std::size_t i = 0; i < rows; ++i)
+        Record().end(meta, 0);
+}
 
 } // namespace brackwater

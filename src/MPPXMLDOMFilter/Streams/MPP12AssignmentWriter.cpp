@@ -1,5 +1,7 @@
 #include "MPPXMLDOMFilter/Streams/MPP12AssignmentWriter.h"
 
+#include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
@@ -19,9 +21,7 @@ constexpr std::string_view kTooManyBaselines = "It is not permitted to write mor
 
 constexpr std::uint16_t kDescriptionEnding = 3904; // 0x0F40
 constexpr std::size_t kFixedRowSize = 142;
-constexpr std::size_t kFixedMetaSize = 34;
 constexpr std::size_t kFixed2RowSize = 48;
-constexpr std::size_t kFixed2MetaSize = 53;
 
 // Types of elements in "Var2Data".
 constexpr std::uint64_t kPlannedWorkType = 49;
@@ -273,35 +273,38 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
 
 namespace {
 
-std::uint16_t stateFlags(const MPPAssignment& assignment) {
-    const bool isSplit = assignment.workOverTime && assignment.workOverTime->isSplit;
-    const bool actual = assignment.actualWork > 0;
-    const bool finished = actual && assignment.remainingWork == 0;
-    return static_cast<std::uint16_t>(0x3001 | (isSplit ? 0x10 : 0) | (actual ? 0x20 : 0) | (finished ? 0x40 : 0));
-}
+using AssignmentRecord = IndexRecord<34>;
 
 void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment) {
     constexpr std::size_t kElementsOfEach = 4;
     constexpr std::size_t kElementsOfBaseline = 3;
-    const bool complete = hasCompleteWork(assignment);
-    const bool notes = hasText(assignment.notes);
-    const std::size_t elements =
-        kElementsOfEach + (complete ? 1 : 0) + (notes ? 1 : 0) + kElementsOfBaseline * assignment.baselines.size();
-    fixedMeta.writeNextElementStartWithInt(static_cast<std::uint32_t>(elements << 16));
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).word(static_cast<std::uint16_t>(stateFlags(assignment) | (notes ? 0x8000 : 0)));
-    record.at(10).integer(0x7FFFFFD0);
-    record.at(14).word(static_cast<std::uint16_t>((complete ? 0xA0 : 0x20) | (notes ? 0x10 : 0)));
-    record.at(16).zeroes(18);
-    record.end(fixedMeta);
+    const bool hasBlockOfCompleteWork = hasCompleteWork(assignment);
+    const bool hasNotes = hasText(assignment.notes);
+    const bool isWorkDone = assignment.actualWork > 0;
+    const std::size_t elements = kElementsOfEach + (hasBlockOfCompleteWork ? 1 : 0) + (hasNotes ? 1 : 0) +
+                                 kElementsOfBaseline * assignment.baselines.size();
+
+    AssignmentRecord record;
+    record.bit(AssignmentRow::UniqueID);
+    record.bit(AssignmentRow::Split, assignment.workOverTime && assignment.workOverTime->isSplit);
+    record.bit(AssignmentRow::WorkDone, isWorkDone);
+    record.bit(AssignmentRow::Finished, isWorkDone && assignment.remainingWork == 0);
+    record.bit(AssignmentRow::Flag12);
+    record.bit(AssignmentRow::Flag13);
+    record.bit(AssignmentRow::HasNotes, hasNotes);
+    record.bit(AssignmentRow::Flag20);
+    record.bits(AssignmentRow::FirstField, AssignmentRow::LastField);
+    record.bit(AssignmentRow::Notes, hasNotes);
+    record.bit(AssignmentRow::PlannedWork);
+    record.bit(AssignmentRow::CompleteWork, hasBlockOfCompleteWork);
+    record.end(fixedMeta, static_cast<std::uint32_t>(elements << 16));
 }
 
 void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
-    fixedMeta.writeNextElementStartWithInt(2);
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).integer(1);
-    record.at(12).zeroes(22);
-    record.end(fixedMeta);
+    constexpr std::uint32_t kHole = 2;
+    AssignmentRecord record;
+    record.bit(AssignmentRow::UniqueID);
+    record.end(fixedMeta, kHole);
 }
 
 } // namespace
@@ -339,20 +342,19 @@ void MPP12AssignmentWriter::writeFixed2Data() {
 
 namespace {
 
-// Meaning of the bits unknown, beyond that they tell which baselines there are.
-std::array<std::uint8_t, 17> presenceOfBaselines(const MPPAssignment& assignment) {
-    const std::size_t baselines = assignment.baselines.size();
-    std::array<std::uint8_t, 17> block{};
-    if (baselines == 0 && !assignment.marksMissingBaselines)
-        return block;
+using SecondAssignmentRecord = IndexRecord<53, AssignmentRow::SecondBlock>;
+
+// More fields than there are elements. The budgets of two baselines each stand in each other's place.
+void setBitsOfBaselines(SecondAssignmentRecord& record, std::size_t baselines) {
     for (std::size_t i = 0; i < baselines; ++i) {
-        block[i / 2] |= static_cast<std::uint8_t>(i % 2 == 1 ? 0x03 : 0x30);
-        block[i + 5] = 0xFD;
+        const std::size_t budget = AssignmentRow::BudgetOfBaseline1 + AssignmentRow::BudgetRowsOfBaseline * (i ^ 1);
+        record.bits(budget, budget + 1);
+        const std::size_t baseline = AssignmentRow::Baseline1 + AssignmentRow::RowsOfBaseline * i;
+        record.bits(baseline, baseline + 6);
     }
-    block[15] = 0x40;
-    block[16] = 1;
-    block[baselines + 5] |= 1;
-    return block;
+    record.bit(AssignmentRow::Element652); // not written; nor are the bits of the two below set without baselines
+    record.bit(AssignmentRow::Element665);
+    record.bit(AssignmentRow::Element667);
 }
 
 } // namespace
@@ -362,13 +364,15 @@ void MPP12AssignmentWriter::writeFixed2Meta() {
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
     for (const auto& assignment : RecordsInOrder(project().assignments)) {
-        fixed2Meta.writeNextElementStartWithInt(0);
-        MetaRecordBuilder<kFixed2MetaSize> record;
-        record.at(8).integer(123);
-        record.at(12).zeroes(20);
-        record.at(32).integer(0x00800000);
-        record.at(36).bytes(presenceOfBaselines(*assignment));
-        record.end(fixed2Meta);
+        SecondAssignmentRecord record;
+        record.bit(AssignmentRow::SecondBlock);
+        record.bit(AssignmentRow::Flag206);
+        record.bits(AssignmentRow::Flag208, AssignmentRow::Flag209);
+        record.bits(AssignmentRow::TaskGuid, AssignmentRow::ResourceGuid);
+        record.bit(AssignmentRow::MomentOfWriting);
+        if (!assignment->baselines.empty() || assignment->marksMissingBaselines)
+            setBitsOfBaselines(record, assignment->baselines.size());
+        record.end(fixed2Meta, 0);
         stream.flush();
     }
     stream.finish();

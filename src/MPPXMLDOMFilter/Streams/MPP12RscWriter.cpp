@@ -2,7 +2,9 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
 #include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
@@ -20,9 +22,9 @@ constexpr std::string_view kUnknownBaselineCostException = "UnknownBaselineCostE
 
 constexpr std::uint16_t kDescriptionEnding = 3136; // 0x0C40
 constexpr std::size_t kFixedRowSize = 188;
-constexpr std::size_t kFixedMetaSize = 37;
 constexpr std::size_t kFixed2RowSize = 40;
-constexpr std::size_t kFixed2MetaSize = 49;
+using ResourceRecord = IndexRecord<37>;
+using SecondResourceRecord = IndexRecord<49, ResourceRow::SecondBlock>;
 
 // Types of elements in "Var2Data".
 constexpr std::uint64_t kHeaderType = 739; // meaning unknown: 16 zero bytes
@@ -255,60 +257,37 @@ std::uint32_t startValueOf(const MPPResource& resource, const MPPVar2Data& var2D
            (resource.baselines.empty() ? 0 : 0x000A0000U);
 }
 
-std::uint8_t kindOf(const MPPResource& resource, bool isFirst) {
-    const int notes = resource.hasNotes() ? 0x04 : 0;
-    if (resource.getResourceType() != 0)
-        return static_cast<std::uint8_t>(0xA0 | notes);
-    return static_cast<std::uint8_t>((isFirst ? 0x12 : 0x92) | notes);
-}
-
-std::uint8_t groupAndCode(const MPPResource& resource) {
-    return static_cast<std::uint8_t>(0x3F | (resource.hasGroup() ? 0x40 : 0) | (resource.hasCode() ? 0x80 : 0));
-}
-
-// A bit for each of the `count` text fields from a position on, beginning with `firstBit`.
-std::uint8_t presenceOfTexts(const MPPResource& resource, std::size_t firstPosition, std::size_t count,
-                             std::size_t firstBit = 0) {
-    unsigned bits = 0;
-    for (std::size_t i = 0; i < count; ++i)
-        if (resource.hasCustomFieldText(firstPosition + i))
-            bits |= 1U << (firstBit + i);
-    return static_cast<std::uint8_t>(bits);
-}
+// What every record has: the fields of the row's bytes.
+constexpr ResourceRecord kEveryResource = [] {
+    ResourceRecord record;
+    record.bits(ResourceRow::UniqueID, ResourceRow::ID);
+    record.bits(ResourceRow::FirstField, ResourceRow::LastField);
+    return record;
+}();
 
 void writeDefaultFixedMeta(MPPFixedMeta& fixedMeta) {
-    fixedMeta.writeNextElementStartWithInt(0x00010000);
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).word(0x3203);
-    record.at(10).word(0xFFFF);
-    record.at(12).word(0x07FF);
-    record.at(14).word(0);
-    record.at(16).zeroes(21);
-    record.end(fixedMeta);
+    ResourceRecord record = kEveryResource;
+    record.bit(ResourceRow::OfTypeWork);
+    record.bits(ResourceRow::Flag12, ResourceRow::Flag13);
+    record.end(fixedMeta, 0x00010000);
 }
 
 void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, std::uint32_t start, bool isFirst) {
-    const int code = resource.hasCode() ? 0x01 : 0;
-    fixedMeta.writeNextElementStartWithInt(start);
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).byte(3);
-    record.at(9).byte(kindOf(resource, isFirst));
-    record.at(10).word(0xFFFF);
-    record.at(12).byte(0xFF);
-    record.at(13).byte(groupAndCode(resource));
-    record.at(14).byte(static_cast<std::uint8_t>(code | presenceOfTexts(resource, 1, 4, 4)));
-    record.at(15).byte(presenceOfTexts(resource, 5, 8));
-    record.at(16).byte(presenceOfTexts(resource, 13, 8));
-    record.at(17).byte(presenceOfTexts(resource, 21, 8));
-    record.at(18).byte(presenceOfTexts(resource, 29, 2));
-    record.at(19).byte(0);
-    record.at(20).integer(0);
-    record.at(24).integer(0);
-    record.at(28).integer(0);
-    record.at(32).byte(0);
-    record.at(33).byte(resource.hasNotes() ? 0x40 : 0);
-    record.at(34).zeroes(3);
-    record.end(fixedMeta);
+    const bool isWork = resource.getResourceType() == 0;
+    ResourceRecord record = kEveryResource;
+    record.bit(ResourceRow::OfTypeWork, isWork);
+    record.bit(ResourceRow::HasNotes, resource.hasNotes());
+    record.bit(ResourceRow::Flag12, isWork);
+    record.bit(ResourceRow::Flag13, !isWork);
+    record.bit(ResourceRow::Flag15, !isWork || !isFirst);
+    record.bits(ResourceRow::Name, ResourceRow::Initials);
+    record.bit(ResourceRow::Group, resource.hasGroup());
+    record.bit(ResourceRow::Code, resource.hasCode());
+    record.bit(ResourceRow::EmailAddress, resource.hasCode()); // not that of the address: as the format's table has it
+    for (std::size_t position = 1; position <= kTextFieldTypes.size(); ++position)
+        record.bit(ResourceRow::text(position), resource.hasCustomFieldText(position));
+    record.bit(ResourceRow::Notes, resource.hasNotes());
+    record.end(fixedMeta, start);
 }
 
 } // namespace
@@ -317,7 +296,7 @@ void MPP12RscWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
-    writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
+    writeHeaderRecords<ResourceRecord>(fixedMeta, kHeaderRows, ResourceRow::Header);
     writeDefaultFixedMeta(fixedMeta);
     bool isFirst = true;
     for (const auto& resource : project().resources) {
@@ -351,30 +330,27 @@ void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_
 
 namespace {
 
-void writeDefaultFixed2Meta(MPPFixedMeta& fixed2Meta) {
-    fixed2Meta.writeNextElementStartWithInt(0);
-    MetaRecordBuilder<kFixed2MetaSize> record;
-    record.at(8).integer(0x43);
-    record.at(12).zeroes(25);
-    record.at(37).integer(2);
-    record.at(41).zeroes(8);
-    record.end(fixed2Meta);
-}
+// What every record has.
+constexpr SecondResourceRecord kEverySecond = [] {
+    SecondResourceRecord record;
+    record.bits(ResourceRow::SecondBlock, ResourceRow::SheetPosition);
+    record.bit(ResourceRow::SecondGuid);
+    record.bit(ResourceRow::Element739);
+    return record;
+}();
 
+// All ten baselines count as there when there is one.
 void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
-    const int kind = (resource.getResourceType() == 0 ? 0x47 : 0x43) | (resource.isCostResource() ? 0x10 : 0) |
-                     (resource.getBudget() ? 0x20 : 0);
-    const std::uint8_t baselines = resource.baselines.empty() ? 0 : 0xCC;
-    fixed2Meta.writeNextElementStartWithInt(0);
-    MetaRecordBuilder<kFixed2MetaSize> record;
-    record.at(8).byte(static_cast<std::uint8_t>(kind));
-    record.at(9).zeroes(28);
-    record.at(37).integer(2);
-    record.at(41).word(0);
-    for (std::size_t offset = 43; offset < 48; ++offset)
-        record.at(offset).byte(baselines);
-    record.at(48).byte(0);
-    record.end(fixed2Meta);
+    SecondResourceRecord record = kEverySecond;
+    record.bit(ResourceRow::Flag227, resource.getResourceType() == 0);
+    record.bit(ResourceRow::OfTypeCost, resource.isCostResource());
+    record.bit(ResourceRow::Budget, resource.getBudget());
+    for (std::size_t i = 0; i < kWorkBaselineTypes.size(); ++i) {
+        const std::size_t work = ResourceRow::Baseline1 + ResourceRow::RowsOfBaseline * i;
+        record.bit(work, !resource.baselines.empty());
+        record.bit(work + 1, !resource.baselines.empty());
+    }
+    record.end(fixed2Meta, 0);
 }
 
 } // namespace
@@ -383,8 +359,8 @@ void MPP12RscWriter::writeFixed2Meta() {
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
-    writeDefaultFixed2Meta(fixed2Meta);
+    writeEmptyHeaderRecords<SecondResourceRecord>(fixed2Meta, kHeaderRows);
+    kEverySecond.end(fixed2Meta, 0); // the default row's
     for (const auto& resource : project().resources)
         writeRscFixed2Meta(fixed2Meta, *resource);
     stream.finish();

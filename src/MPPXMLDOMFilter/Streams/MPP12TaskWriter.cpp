@@ -2,7 +2,9 @@
 
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
+#include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
 #include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
@@ -18,10 +20,10 @@ namespace {
 
 constexpr std::uint16_t kDescriptionEnding = 2880; // 0x0B40
 constexpr std::size_t kFixedRowSize = 264;
-constexpr std::size_t kFixedMetaSize = 47;
 constexpr std::size_t kFixed2RowSize = 54;
 constexpr std::size_t kLongFixed2RowSize = 80;
-constexpr std::size_t kFixed2MetaSize = 86;
+using TaskRecord = IndexRecord<47>;
+using SecondTaskRecord = IndexRecord<86, TaskRow::SecondBlock>;
 
 // Types of elements in "Var2Data".
 constexpr std::uint16_t kTitleType = 14;
@@ -242,7 +244,7 @@ void MPP12TaskWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
-    writeMetaHeaderRows(fixedMeta, kHeaderRows, kFixedMetaSize, 4, 4);
+    writeHeaderRecords<TaskRecord>(fixedMeta, kHeaderRows, TaskRow::Header);
     writeTaskFixedMeta(project(), fixedMeta);
     stream.writeEach(RecordsInOrder(project().tasks),
                      [&](const MPPTask& task) { writeTaskFixedMeta(task, fixedMeta); });
@@ -263,71 +265,46 @@ std::uint32_t elementsOfProject(const MPPProject& project) {
     return (project.rowIsATasks ? elementsOfTask(project) : 1) + (project.bookkeeping && project.tasks.empty() ? 0 : 1);
 }
 
-std::uint8_t flags1(const MPPTask& task, bool isProject) {
-    return static_cast<std::uint8_t>((isProject ? 0x07 : 0x02) | (task.getSplits() ? 0 : 0x80) |
-                                     (task.getMarked() ? 0x40 : 0) | (task.isSummary ? 0x04 : 0));
-}
-
-std::uint8_t flags2(const MPPTask& task, bool isProject) {
-    return static_cast<std::uint8_t>((isProject ? 0x10 : 0) | (task.ignoreResourceCalendar ? 0x02 : 0) |
-                                     (task.getRollup() ? 0x08 : 0) | (task.getHideBar() ? 0x80 : 0));
-}
-
-std::uint8_t flags3(const MPPTask& task, bool isProject) {
-    return static_cast<std::uint8_t>((task.getEffortDriven() ? 0x10 : 0) | (isProject ? 0 : 0x80));
-}
-
-std::uint8_t flags4(const MPPTask& task) {
-    return static_cast<std::uint8_t>((task.getExpanded() ? 0x01 : 0x03) | (hasText(task.notes) ? 0x10 : 0));
-}
-
-std::uint8_t flags5(const MPPTask& task) {
-    return static_cast<std::uint8_t>(0xC0 | (task.isSplit ? 0x08 : 0) | (task.levelingCanSplit ? 0x02 : 0) |
-                                     (task.getLevelAssignments() ? 0x04 : 0));
-}
-
-// Text fields by position: the byte that holds a run of their bits, and the bit of the run's first position.
-struct TextFieldBits {
-    std::size_t firstPosition;
-    std::size_t lastPosition;
-    std::size_t byte;
-    std::size_t firstBit;
-};
-constexpr std::array<TextFieldBits, 5> kTextFieldBits = {
-    {{1, 2, 0, 6}, {3, 10, 1, 0}, {11, 16, 10, 2}, {17, 24, 11, 0}, {25, 30, 12, 0}}};
-
-// One bit for each text field that has a value.
-std::array<std::uint8_t, 13> presenceOfTextFields(const MPPTask& task) {
-    std::array<std::uint8_t, 13> presence{0x08};
-    if (task.customFieldValues.empty())
-        return presence;
-    for (const TextFieldBits& run : kTextFieldBits)
-        for (std::size_t position = run.firstPosition; position <= run.lastPosition; ++position)
-            if (position <= task.customFieldValues.size() && !task.customFieldValues[position - 1].empty())
-                presence[run.byte] |= static_cast<std::uint8_t>(1U << (run.firstBit + position - run.firstPosition));
-    return presence;
-}
+// What every record has: the fields of the row's bytes, the title, and flags.
+constexpr TaskRecord kEveryTask = [] {
+    TaskRecord record;
+    record.bits(TaskRow::UniqueID, TaskRow::ID);
+    record.bit(TaskRow::Critical);
+    record.bit(TaskRow::Flag9);
+    record.bit(TaskRow::Flag32);
+    record.bits(TaskRow::FirstField, TaskRow::LastField);
+    record.bit(TaskRow::Title);
+    return record;
+}();
 
 } // namespace
 
 void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const {
     const bool isProjectRow = isProject(task);
     const std::uint32_t elements = isProjectRow ? elementsOfProject(project()) : elementsOfTask(task);
-    fixedMeta.writeNextElementStartWithInt(elements << 16);
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).byte(task.milestone ? 0x63 : 0x43);
-    record.at(9).byte(flags1(task, isProjectRow));
-    record.at(10).byte(flags2(task, isProjectRow));
-    record.at(11).byte(flags3(task, isProjectRow));
-    record.at(12).byte(flags4(task));
-    record.at(13).byte(flags5(task));
-    record.at(14).integer(0xFFFFFFFF);
-    record.at(18).integer(0x01FFFFFF);
-    record.at(22).bytes(presenceOfTextFields(task));
-    record.at(35).zeroes(8);
-    record.at(43).word(hasText(task.notes) ? 0x0100 : 0);
-    record.at(45).word(task.progressPoints.empty() ? 0 : 0x0040);
-    record.end(fixedMeta);
+    const bool hasNotes = hasText(task.notes);
+    TaskRecord record = kEveryTask;
+    record.bit(TaskRow::Milestone, task.milestone);
+    record.bit(TaskRow::OfProject, isProjectRow);
+    record.bit(TaskRow::Summary, isProjectRow || task.isSummary);
+    record.bit(TaskRow::Marked, task.getMarked());
+    record.bit(TaskRow::NotSplit, !task.getSplits());
+    record.bit(TaskRow::IgnoreResourceCalendar, task.ignoreResourceCalendar);
+    record.bit(TaskRow::Rollup, task.getRollup());
+    record.bit(TaskRow::Flag20, isProjectRow);
+    record.bit(TaskRow::HideBar, task.getHideBar());
+    record.bit(TaskRow::EffortDriven, task.getEffortDriven());
+    record.bit(TaskRow::Flag31, !isProjectRow);
+    record.bit(TaskRow::Collapsed, !task.getExpanded());
+    record.bit(TaskRow::HasNotes, hasNotes);
+    record.bit(TaskRow::LevelingCanSplit, task.levelingCanSplit);
+    record.bit(TaskRow::LevelAssignments, task.getLevelAssignments());
+    record.bit(TaskRow::Split, task.isSplit);
+    for (std::size_t i = 0; i < std::min(task.customFieldValues.size(), kTextFieldTypes.size()); ++i)
+        record.bit(TaskRow::text(i + 1), !task.customFieldValues[i].empty());
+    record.bit(TaskRow::Notes, hasNotes);
+    record.bit(TaskRow::PercentOverTime, !task.progressPoints.empty());
+    record.end(fixedMeta, elements << 16);
 }
 
 // "Fixed2Data" and its index.
@@ -377,58 +354,26 @@ void MPP12TaskWriter::writeFixed2Meta() {
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    writeMetaHeaderRows(fixed2Meta, kHeaderRows, kFixed2MetaSize, 0, 0);
+    writeEmptyHeaderRecords<SecondTaskRecord>(fixed2Meta, kHeaderRows);
     writeTaskFixed2Meta(project(), fixed2Meta);
     stream.writeEach(RecordsInOrder(project().tasks),
                      [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
     stream.finish();
 }
 
-namespace {
-
-// Two arrays of bits, bit 0 in bit 0 of the first word, that tell which baselines a task has.
-struct BaselineBits {
-    std::array<std::uint32_t, 4> first{0x7F};
-    std::array<std::uint32_t, 3> second{};
-};
-
-template <std::size_t Words>
-void setBit(std::array<std::uint32_t, Words>& words, std::size_t bit) {
-    words[bit / 32] |= std::uint32_t{1} << (bit % 32);
-}
-
-BaselineBits bitsOfBaselines(std::size_t baselines) {
-    static constexpr std::array<std::size_t, 9> kFirstDistances = {0, 1, 2, 3, 4, 5, 6, 8, 9};
-    static constexpr std::size_t kSecondCount = 5;
-
-    BaselineBits bits;
-    for (std::size_t i = 0; i < std::min(baselines, kMaxBaselines); ++i) {
-        for (const std::size_t distance : kFirstDistances)
-            setBit(bits.first, 8 + 10 * i + distance);
-        for (std::size_t distance = 0; distance < kSecondCount; ++distance)
-            setBit(bits.second, 15 + 7 * i + distance);
-    }
-    return bits;
-}
-
-} // namespace
-
 void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
-    BaselineBits bits = bitsOfBaselines(task.baselines.size());
-    if (isProject(task))
-        setBit(bits.second, 2 * 32 + 28);
-
-    fixed2Meta.writeNextElementStartWithInt(0);
-    MetaRecordBuilder<kFixed2MetaSize> record;
-    record.at(8).integer(bits.first[0]);
-    record.at(12).integer(bits.first[1]);
-    record.at(16).integer(bits.first[2]);
-    record.at(20).integer(bits.first[3]);
-    record.at(24).zeroes(50);
-    record.at(74).integer(bits.second[0]);
-    record.at(78).integer(bits.second[1]);
-    record.at(82).integer(bits.second[2]);
-    record.end(fixed2Meta);
+    SecondTaskRecord record;
+    record.bits(TaskRow::SecondBlock, TaskRow::LastSecondField);
+    // More fields than there are elements; the one left out between them has none in real files either.
+    for (std::size_t i = 0; i < std::min(task.baselines.size(), kMaxBaselines); ++i) {
+        const std::size_t baseline = TaskRow::Baseline1 + TaskRow::RowsOfBaseline * i;
+        record.bits(baseline, baseline + 6);
+        record.bits(baseline + 8, baseline + 9);
+        const std::size_t more = TaskRow::MoreOfBaseline1 + TaskRow::MoreRowsOfBaseline * i;
+        record.bits(more, more + 4);
+    }
+    record.bit(TaskRow::ProjectElement, isProject(task));
+    record.end(fixed2Meta, 0);
 }
 
 // "Props": the template's, unless the project names text fields.

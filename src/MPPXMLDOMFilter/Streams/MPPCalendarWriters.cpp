@@ -1,7 +1,9 @@
 #include "MPPXMLDOMFilter/Streams/MPPCalendarWriters.h"
 
 #include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
+#include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
 #include "MPPXMLDOMFilter/Streams/HeaderRows.h"
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
@@ -15,9 +17,9 @@ namespace {
 
 constexpr std::uint16_t kDescriptionEnding = 3392; // 0x0D40
 constexpr std::size_t kFixedRowSize = 12;
-constexpr std::size_t kFixedMetaSize = 10;
 constexpr std::size_t kFixed2RowSize = 48;
-constexpr std::size_t kFixed2MetaSize = 9;
+using CalendarRecord = IndexRecord<10>;
+using SecondCalendarRecord = IndexRecord<9, CalendarRow::SecondBlock>;
 constexpr std::uint64_t kNameType = 1;
 constexpr std::uint64_t kBlockType = 8;
 constexpr std::uint32_t kNone = 0xFFFFFFFF;
@@ -135,12 +137,14 @@ void MPPCalendarStreamWriter::writeFixedData() {
 
 namespace {
 
-// A row's record of 10 bytes.
-void writeCalendarFixedMeta(MPPFixedMeta& fixedMeta, std::uint32_t start, std::uint16_t flags) {
-    fixedMeta.writeNextElementStartWithInt(start);
-    MetaRecordBuilder<kFixedMetaSize> record;
-    record.at(8).word(flags);
-    record.end(fixedMeta);
+// A base calendar's name is told, an absent one too.
+void writeCalendarFixedMeta(MPPFixedMeta& fixedMeta, bool isBaseCalendar, bool hasBlock, std::uint32_t start) {
+    CalendarRecord record;
+    record.bits(CalendarRow::UniqueID, CalendarRow::ResourceID);
+    record.bit(CalendarRow::IsBaseCalendar, isBaseCalendar);
+    record.bit(CalendarRow::Name, isBaseCalendar);
+    record.bit(CalendarRow::Block, hasBlock);
+    record.end(fixedMeta, start);
 }
 
 std::uint32_t startOfNamedRow(std::uint64_t number) { return static_cast<std::uint32_t>(number << 16); }
@@ -158,23 +162,21 @@ void MPPCalendarStreamWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
-    writeMetaHeaderRows(fixedMeta, kCalendarHeaderRows, kFixedMetaSize, 4, 32);
+    writeHeaderRecords<CalendarRecord>(fixedMeta, kCalendarHeaderRows, CalendarRow::Header);
     const MPPCalendar& standard = standardCalendar(project());
-    writeCalendarFixedMeta(fixedMeta, startValueOf(standard, startOfNamedRow(standard.ID)),
-                           flagsOfStandardRow(standard));
-    writeCalendarFixedMeta(fixedMeta, 0, 7);
+    writeCalendarFixedMeta(fixedMeta, true, standardRowTellsBlock(standard),
+                           startValueOf(standard, startOfNamedRow(standard.ID)));
+    writeCalendarFixedMeta(fixedMeta, false, false, 0); // the default resource's
     stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
-        writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startOfNamedRow(calendar.ID - 1)),
-                               hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock);
+        writeCalendarFixedMeta(fixedMeta, true, hasBlock(calendar),
+                               startValueOf(calendar, startOfNamedRow(calendar.ID - 1)));
     });
-    for (const auto& resource : project().resources) {
-        const MPPCalendar& calendar = calendarOf(*resource);
-        if (hasBlock(calendar))
-            writeCalendarFixedMeta(fixedMeta, startValueOf(calendar, startValueOfResourceBlock()), 263);
-        else
-            writeCalendarFixedMeta(fixedMeta, 0, 7);
-        stream.flush();
-    }
+    stream.writeEach(project().resources, [&](const MPPResource& resource) {
+        const MPPCalendar& calendar = calendarOf(resource);
+        const bool isTold = hasBlock(calendar);
+        writeCalendarFixedMeta(fixedMeta, false, isTold,
+                               isTold ? startValueOf(calendar, startValueOfResourceBlock()) : 0);
+    });
     stream.finish();
 }
 
@@ -209,20 +211,17 @@ void MPPCalendarStreamWriter::writeFixed2Data() {
 }
 
 void MPPCalendarStreamWriter::writeFixed2Meta() {
-    constexpr std::uint8_t kStandardRow = 23;
-    constexpr std::uint8_t kOtherRow = 7;
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
-    writeMetaHeaderRows(fixed2Meta, kCalendarHeaderRows, kFixed2MetaSize, 0, 0);
-    const auto record = [&](std::uint8_t flags) {
-        fixed2Meta.writeNextElementStartWithInt(0);
-        fixed2Meta.write1ByteInteger(flags);
-    };
-    record(kStandardRow);
-    record(kOtherRow);
-    for (std::size_t i = 0; i < project().baseCalendars.size() + project().resources.size(); ++i)
-        record(kOtherRow);
+    writeEmptyHeaderRecords<SecondCalendarRecord>(fixed2Meta, kCalendarHeaderRows);
+    SecondCalendarRecord record;
+    record.bits(CalendarRow::SecondBlock, CalendarRow::BaseCalendarGuid);
+    SecondCalendarRecord standard = record;
+    standard.bit(CalendarRow::IsStandard);
+    standard.end(fixed2Meta, 0);
+    for (std::size_t i = 0; i < 1 + project().baseCalendars.size() + project().resources.size(); ++i)
+        record.end(fixed2Meta, 0);
     stream.finish();
 }
 

@@ -23,16 +23,12 @@ protected:
 
     /// Whether the calendar has a block of its own beside its name.
     [[nodiscard]] virtual bool hasBlock(const MPPCalendar& calendar) const = 0;
-    /// Flags in "FixedMeta" of the standard calendar's row.
-    [[nodiscard]] virtual std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const = 0;
+    /// Whether the standard calendar's record in "FixedMeta" tells that it has a block.
+    [[nodiscard]] virtual bool standardRowTellsBlock(const MPPCalendar& calendar) const = 0;
     /// Start value in "FixedMeta" of a resource's calendar that has a block.
     [[nodiscard]] virtual std::uint32_t startValueOfResourceBlock() const = 0;
     /// The number that the next dated work week gets; outlives the writer.
     [[nodiscard]] virtual std::uint32_t& workWeekCounter() const = 0;
-
-    /// Flags in "FixedMeta" of a calendar with or without a block.
-    static constexpr std::uint16_t kFlagsWithBlock = 335;
-    static constexpr std::uint16_t kFlagsWithoutBlock = 79;
 
     /// True when the calendar has hours, exceptions or dated weeks of its own.
     [[nodiscard]] static bool definesAnything(const MPPCalendar& calendar);
@@ -70,9 +66,7 @@ protected:
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }
-    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& calendar) const override {
-        return hasBlock(calendar) ? kFlagsWithBlock : kFlagsWithoutBlock;
-    }
+    [[nodiscard]] bool standardRowTellsBlock(const MPPCalendar& calendar) const override { return hasBlock(calendar); }
     [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0x00010000; }
     [[nodiscard]] std::uint32_t& workWeekCounter() const override;
 };
@@ -89,10 +83,8 @@ protected:
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }
-    /// The same whatever the standard calendar has: one that is a resource's too has a block, as that resource's.
-    [[nodiscard]] std::uint16_t flagsOfStandardRow(const MPPCalendar& /*calendar*/) const override {
-        return kFlagsWithoutBlock;
-    }
+    /// Never, whatever the standard calendar has: one that is a resource's too has a block, as that resource's.
+    [[nodiscard]] bool standardRowTellsBlock(const MPPCalendar& /*calendar*/) const override { return false; }
     [[nodiscard]] std::uint32_t startValueOfResourceBlock() const override { return 0; }
     [[nodiscard]] std::uint32_t& workWeekCounter() const override;
 };

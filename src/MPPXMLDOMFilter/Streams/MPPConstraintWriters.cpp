@@ -1,6 +1,8 @@
 #include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
 
 #include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
+#include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
@@ -10,9 +12,7 @@ namespace brackwater {
 namespace {
 
 constexpr std::size_t kFixedRowSize = 20;
-constexpr std::size_t kFixedMetaSize = 10;
 constexpr std::size_t kFixed2RowSize = 48;
-constexpr std::size_t kFixed2MetaSize = 9;
 
 // Units of a lag.
 constexpr std::uint16_t kDays = 7;
@@ -59,11 +59,11 @@ void MPPConstraintStreamWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);
     StreamOutput stream(writer(), "FixedMeta", fixedMeta);
     fixedMeta.writeMetaHeader();
+    IndexRecord<10> record;
+    record.bit(LinkRow::UniqueID);
+    record.bits(LinkRow::PredecessorID, LinkRow::Lag);
     for (std::size_t i = 0; i < project().constraints.size(); ++i) {
-        fixedMeta.writeNextElementStartWithInt(0);
-        MetaRecordBuilder<kFixedMetaSize> record;
-        record.at(8).word(249);
-        record.end(fixedMeta);
+        record.end(fixedMeta, 0);
         stream.flush();
     }
     stream.finish();
@@ -86,11 +86,10 @@ void MPPConstraintStreamWriter::writeFixed2Meta() {
     MPPFixedMeta fixed2Meta(_fixed2Data);
     StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
     fixed2Meta.writeMetaHeader();
+    IndexRecord<9, LinkRow::SecondBlock> record;
+    record.bits(LinkRow::SecondBlock, LinkRow::SuccessorGuid);
     for (std::size_t i = 0; i < project().constraints.size(); ++i) {
-        fixed2Meta.writeNextElementStartWithInt(0);
-        MetaRecordBuilder<kFixed2MetaSize> record;
-        record.at(8).byte(7);
-        record.end(fixed2Meta);
+        record.end(fixed2Meta, 0);
         stream.flush();
     }
     stream.finish();

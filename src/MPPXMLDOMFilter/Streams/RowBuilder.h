@@ -18,7 +18,7 @@ namespace brackwater {
 /// Raises the failure of a row whose fields do not stand where they should.
 [[noreturn]] void failRowOffset(std::size_t expected, std::size_t reached, std::size_t size);
 
-/// A row or index record of fixed size, composed field by field in the order of the format's table:
+/// A row of fixed size, composed field by field in the order of the format's table:
 ///
 ///     RowBuilder<20> row;
 ///     row.at(0).integer(link.ID);
@@ -27,9 +27,8 @@ namespace brackwater {
 ///     row.end(data);
 ///
 /// `at` states the field's offset and fails when the fields so far do not reach exactly to it; `end` fails when they do
-/// not fill the row, and appends it. All numbers are little-endian. `Start` is the offset of the first field, for
-/// records whose first bytes are written by someone else.
-template <std::size_t Size, std::size_t Start = 0>
+/// not fill the row, and appends it. All numbers are little-endian.
+template <std::size_t Size>
 class RowBuilder {
 public:
     RowBuilder& at(std::size_t offset) {
@@ -69,7 +68,7 @@ private:
     std::uint8_t* reserve(std::size_t count) {
         if (count > Size - _reached) [[unlikely]]
             failRowOffset(_reached + count, _reached, Size);
-        std::uint8_t* field = _bytes.data() + (_reached - Start);
+        std::uint8_t* field = _bytes.data() + _reached;
         _reached += count;
         return field;
     }
@@ -83,12 +82,8 @@ private:
                 field[i] = static_cast<std::uint8_t>(value >> (8 * i));
     }
 
-    std::array<std::uint8_t, Size - Start> _bytes{};
-    std::size_t _reached = Start;
+    std::array<std::uint8_t, Size> _bytes{};
+    std::size_t _reached = 0;
 };
-
-/// The part of an index record behind the 8 bytes that `MPPFixedMeta::writeNextElementStartWithInt` writes.
-template <std::size_t Size>
-using MetaRecordBuilder = RowBuilder<Size, 8>;
 
 } // namespace brackwater

@@ -1,5 +1,6 @@
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 
+#include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "support/ExpectException.h"
 
 namespace brackwater::test {
@@ -21,14 +22,21 @@ TEST(Rows, ARowOfAnotherSizeFailsAndIsNotWritten) {
     expectAssertion("Fields of a row of 8 bytes reach to offset 4, not 12.", [&] { row.real(1.0); });
 }
 
-TEST(Rows, ARecordBeginsBehindWhatIsWrittenAlready) {
-    MPPData data;
-    MetaRecordBuilder<12> record;
-    record.at(8).byte(0x11);
-    record.at(9).zeroes(1);
-    record.at(10).word(0x2233);
-    record.end(data);
-    EXPECT_EQ(std::vector(data.data().begin(), data.data().end()), (std::vector<std::uint8_t>{0x11, 0, 0x33, 0x22}));
+TEST(Rows, AnIndexRecordSetsTheBitOfItsOwnRowsAlone) {
+    IndexRecord<10, 100> record;
+    record.bit(100);
+    record.bits(107, 109);
+    record.bit(115, true);
+    record.bit(114, false);
+    expectAssertion("Row 99 of a field map is not one of the 16 from 100 on.", [&] { record.bit(99); });
+    expectAssertion("Row 116 of a field map is not one of the 16 from 100 on.", [&] { record.bit(116); });
+
+    const auto fixedData = std::make_shared<MPPFixedData>();
+    fixedData->startNewElement();
+    MPPFixedMeta meta(fixedData);
+    record.end(meta, 5);
+    EXPECT_EQ(std::vector(meta.data().begin(), meta.data().end()),
+              (std::vector<std::uint8_t>{5, 0, 0, 0, 0, 0, 0, 0, 0x81, 0x83}));
 }
 
 } // namespace
