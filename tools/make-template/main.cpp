@@ -9,7 +9,9 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -21,6 +23,11 @@ int showHelp(const std::string& text) {
     if (!written)
         fmt::print(stderr, "make-template: cannot write the whole of the output\n");
     return written ? kDone : kFailed;
+}
+
+int refuse(std::string_view reason) {
+    fmt::print(stderr, "make-template: {}; see make-template --help\n", reason);
+    return kWrongArguments;
 }
 
 int run(int argc, char** argv) {
@@ -40,9 +47,12 @@ int run(int argc, char** argv) {
         return showHelp(app.help());
     } catch (const CLI::CallForVersion& version) {
         return showHelp(fmt::format("{}\n", version.what()));
+    } catch (const CLI::RequiredError& error) {
+        // A word that is not understood may be what keeps the name from being found.
+        const std::vector<std::string> unknown = app.remaining();
+        return refuse(unknown.empty() ? error.what() : CLI::ExtrasError(unknown).what());
     } catch (const CLI::Error& error) {
-        fmt::print(stderr, "make-template: {}; see make-template --help\n", error.what());
-        return kWrongArguments;
+        return refuse(error.what());
     }
     const VersionFolder version = folder == "112" ? VersionFolder::Project2007 : VersionFolder::Project2010;
     brackwater::layout::writeCompoundFile(output, brackwater::layout::templateTree(version));

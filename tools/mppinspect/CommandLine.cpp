@@ -89,6 +89,9 @@ public:
         for (CLI::Option* other : _sections)
             check->excludes(other);
         check->excludes(_csv)->excludes(_gantt);
+        for (CLI::Option* option : _app.get_options())
+            if (option->get_items_expected_max() == 0)
+                option->disable_flag_override(); // a flag takes no value
     }
 
     CommandLine parse(int argc, const char* const* argv) {
@@ -101,12 +104,20 @@ public:
             return {std::nullopt, _app.help(), kDone};
         } catch (const CLI::CallForVersion& version) {
             return {std::nullopt, fmt::format("{}\n", version.what()), kDone};
+        } catch (const CLI::RequiredError& error) {
+            // A word that is not understood may be what keeps the file from being found.
+            const std::vector<std::string> unknown = _app.remaining();
+            return refusal(unknown.empty() ? error.what() : CLI::ExtrasError(unknown).what());
         } catch (const CLI::Error& error) {
-            return {std::nullopt, fmt::format("{}; see mppinspect --help", error.what()), kWrongArguments};
+            return refusal(error.what());
         }
     }
 
 private:
+    static CommandLine refusal(std::string_view reason) {
+        return {std::nullopt, fmt::format("{}; see mppinspect --help", reason), kWrongArguments};
+    }
+
     void addForms() {
         constexpr const char* group = "How it is shown";
         _csv = _app.add_flag("--csv", _isCsv, "one table as comma-separated values")->group(group);

@@ -76,8 +76,10 @@ TEST_F(Program, TellsHelpAndVersionOnStandardOutput) {
         EXPECT_THAT(out, HasSubstr("Usage: " + program)) << err;
         EXPECT_EQ(shell(path + " --version"), 0);
         EXPECT_THAT(out, StartsWith(program + " 1."));
-        EXPECT_EQ(shell(path + " --nonsense T.mpp"), 2);
-        EXPECT_THAT(err, StartsWith(program + ": The following argument was not expected: --nonsense"));
+        for (const char* arguments : {" --nonsense T.mpp", " --nonsense"}) {
+            EXPECT_EQ(shell(path + arguments), 2);
+            EXPECT_THAT(err, StartsWith(program + ": The following argument was not expected: --nonsense"));
+        }
     }
 }
 
@@ -86,7 +88,8 @@ TEST_F(Program, NamesAWrongArgumentInOneLine) {
          {std::pair{"", "FILE.mpp is required"}, std::pair{"a.mpp b.mpp", "b.mpp"},
           std::pair{"--check --tasks x.mpp", "--tasks excludes --check"},
           std::pair{"--json --csv --tasks x.mpp", "--csv excludes --json"}, std::pair{"--csv x.mpp", "names one table"},
-          std::pair{"--gantt x.html", "FILE.mpp is required"}, std::pair{"--force x.mpp", "--force requires --gantt"},
+          std::pair{"--tasks=no x.mpp", "tasks was given"}, std::pair{"--gantt x.html", "FILE.mpp is required"},
+          std::pair{"--force x.mpp", "--force requires --gantt"},
           std::pair{"--gantt x.html --from 2027-02-30 x.mpp", "'2027-02-30' is no day"},
           std::pair{"--gantt x.html --scale hours x.mpp", "hours"}, std::pair{"b \"$(printf '\\033')\"", "\\x1b"}}) {
         EXPECT_EQ(failed(arguments), 2) << arguments;
