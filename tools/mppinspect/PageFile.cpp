@@ -19,6 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::array kEndings{SIGHUP, SIGINT, SIGTERM};
 constexpr std::string_view kMark = "<!-- a page of mppinspect -->\n";
 
 bool isOwnPage(const fs::path& path) {
@@ -35,6 +36,26 @@ mode_t usualMode() {
 }
 
 } // namespace
+
+PageFile::SignalsHeld::SignalsHeld() {
+    sigemptyset(&_held);
+    for (const int signal : kEndings) {
+        struct sigaction action {};
+        if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
+            sigaddset(&_held, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &_held, &_before);
+}
+
+PageFile::SignalsHeld::~SignalsHeld() { pthread_sigmask(SIG_SETMASK, &_before, nullptr); }
+
+void PageFile::SignalsHeld::throwIfCame() const {
+    sigset_t waiting{};
+    sigpending(&waiting);
+    for (const int signal : kEndings)
+        if (sigismember(&waiting, signal) == 1 && sigismember(&_held, signal) == 1)
+            throw std::runtime_error("interrupted");
+}
 
 PageFile::PageFile(const std::string& target, const std::string& input, bool force) : _target(target) {
     std::error_code error;
@@ -79,6 +100,7 @@ void PageFile::fail(int error) const {
 }
 
 void PageFile::write(std::string_view text) {
+    _signals.throwIfCame();
     if (std::fwrite(text.data(), 1, text.size(), _file.get()) != text.size())
         fail(errno);
 }

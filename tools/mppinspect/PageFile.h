@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -8,7 +9,8 @@
 namespace brackwater::inspect {
 
 /// A page on its way to its file. It grows under another name in the same folder and takes its own only when it is
-/// whole; without that nothing is left of it. All failures throw std::runtime_error with a sentence for the user.
+/// whole; without that nothing is left of it, not even when a signal ends the program. All failures throw
+/// std::runtime_error with a sentence for the user.
 class PageFile {
 public:
     /// Refuses a target that is the input or no regular file, and one that exists and is no page of this program
@@ -27,10 +29,24 @@ private:
     struct Close {
         void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); } // NOLINT(*-owning-memory)
     };
+    /// Puts off the signals that end the program, until nothing is left to remove.
+    class SignalsHeld {
+    public:
+        SignalsHeld();
+        SignalsHeld(const SignalsHeld&) = delete;
+        SignalsHeld& operator=(const SignalsHeld&) = delete;
+        ~SignalsHeld();
+        /// Throws where one of them came.
+        void throwIfCame() const;
+
+    private:
+        sigset_t _held{}, _before{};
+    };
     [[noreturn]] void fail(int error) const;
     void moveIntoPlace();
 
-    std::string _target; ///< where a link leads to
+    SignalsHeld _signals; ///< first, so that it ends last
+    std::string _target;  ///< where a link leads to
     bool _replaces = false;
     std::string _temporary; ///< empty when there is nothing to remove any more
     std::unique_ptr<std::FILE, Close> _file;

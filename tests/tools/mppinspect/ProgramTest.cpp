@@ -1,11 +1,13 @@
 #include "make-template/CompoundFileOutput.h"
 #include "make-template/TemplateTree.h"
+#include "mppinspect/PageFile.h"
 #include "support/CompoundFile.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <sys/wait.h>
@@ -152,6 +154,18 @@ TEST_F(Program, ReplacesOnlyPagesOfItsOwn) {
     EXPECT_EQ(_folder.read("T.mpp"), before);
     EXPECT_EQ(run("--force --gantt " + _folder.path("other") + " " + plan), 0);
     EXPECT_EQ(_folder.read("other"), _folder.read("Plan.html"));
+}
+
+TEST(PageFile, LeavesNothingWhenASignalEndsTheProgram) {
+    const TempFolder folder;
+    const auto run = [&folder] {
+        inspect::PageFile page(folder.path("Plan.html"), "Plan.mpp", false);
+        page.write("<!DOCTYPE html>\n");
+        std::raise(SIGTERM);
+        page.write("<html>\n");
+    };
+    EXPECT_EXIT(run(), testing::KilledBySignal(SIGTERM), "");
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
 TEST_F(Program, TellsOutputThatIsCutShort) {
