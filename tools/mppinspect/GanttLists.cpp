@@ -64,10 +64,10 @@ private:
             const std::string& name = calendar.name.empty() ? owner : calendar.name;
             if (name.empty())
                 continue;
-            if (!calendar.baseId || weekText(calendar.week) != "inherited")
+            if (weekText(calendar) != "inherited")
                 calendars += rowOf(calendar, name, owner);
             for (const CalendarException& exception : calendar.exceptions)
-                addException(exceptions, exception, rangesText(exception.ranges), name);
+                addException(exceptions, exception, timesOf(exception), name);
             for (const WorkWeek& week : calendar.workWeeks)
                 addException(exceptions, week, weekText(week.week), name);
         }
@@ -77,8 +77,12 @@ private:
 
     [[nodiscard]] std::string rowOf(const Calendar& calendar, const std::string& name, const std::string& owner) const {
         return fmt::format("<tr><td><bdi>{}</bdi></td><td><bdi>{}</bdi></td><td>{}</td></tr>\n", htmlOf(name),
-                           &calendar == _calendar ? "The project" : htmlOf(owner),
-                           calendar.hasOwnHours ? weekText(calendar.week) : "default hours");
+                           &calendar == _calendar ? "The project" : htmlOf(owner), weekText(calendar));
+    }
+
+    static std::string timesOf(const CalendarException& exception) {
+        const std::string times = rangesText(exception.ranges);
+        return exception.recurrence ? fmt::format("{}, {}", times, textOf(*exception.recurrence)) : times;
     }
 
     /// Days with other times, and all the calendars that have them, in the order of the days.

@@ -106,8 +106,12 @@ public:
 
     void write() {
         writeHead();
-        writeLegend();
-        writeChart();
+        if (_rows.empty()) {
+            out() += "<p class=\"none\">The file holds no tasks.</p>\n";
+        } else {
+            writeLegend();
+            writeChart();
+        }
         appendLists(_out, _project, _calendar);
         out() += "<footer>Drawn by mppinspect. Times are the wall clock of the plan.</footer>\n</body>\n</html>\n";
         _out.flush();
@@ -210,8 +214,6 @@ private:
         out() += "<div class=\"rows\">\n";
         writeRows();
         out() += "</div></td></tr></tbody></table>\n";
-        if (_rows.empty())
-            out() += "<p class=\"none\">The file holds no tasks.</p>\n";
     }
 
     void writeChartHead() {

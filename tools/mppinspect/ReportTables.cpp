@@ -157,8 +157,7 @@ TextTable calendarsTable(const ProjectFile& project) {
     TextTable table({{"id", Right}, {"name", Left}, {"base", Right}, {"resource", Right}, {"week", Left}});
     for (const Calendar& calendar : project.calendars)
         table.add({number(calendar.id), calendar.name, calendar.baseId ? number(*calendar.baseId) : "",
-                   calendar.resourceId ? number(*calendar.resourceId) : "",
-                   calendar.hasOwnHours ? weekText(calendar.week) : (calendar.baseId ? "inherited" : "default hours")});
+                   calendar.resourceId ? number(*calendar.resourceId) : "", weekText(calendar)});
     return table;
 }
 

@@ -3,11 +3,30 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
+
 namespace brackwater::inspect {
 
 namespace {
 
 constexpr std::size_t kDaySize = 60, kMostRanges = 5;
+
+std::string textOfDays(const Week& week, std::string_view untold) {
+    constexpr std::array names{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+    const auto textOf = [&](std::size_t day) { return week.at(day) ? rangesText(*week.at(day)) : std::string(untold); };
+    std::vector<std::string> parts;
+    for (std::size_t day = 0; day < week.size();) {
+        const std::string text = textOf(day);
+        std::size_t last = day;
+        while (last + 1 < week.size() && textOf(last + 1) == text)
+            ++last;
+        const std::string days = last == day ? names.at(day) : fmt::format("{}-{}", names.at(day), names.at(last));
+        if (!text.empty())
+            parts.push_back(fmt::format("{} {}", days, text));
+        day = last + 1;
+    }
+    return fmt::format("{}", fmt::join(parts, ", "));
+}
 
 } // namespace
 
@@ -53,20 +72,15 @@ std::string rangesText(const std::vector<TimeRange>& ranges) {
 }
 
 std::string weekText(const Week& week) {
-    constexpr std::array names{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-    std::vector<std::string> parts;
-    for (std::size_t day = 0; day < week.size();) {
-        std::size_t last = day;
-        if (week.at(day)) {
-            const std::string text = rangesText(*week.at(day));
-            while (last + 1 < week.size() && week.at(last + 1) && rangesText(*week.at(last + 1)) == text)
-                ++last;
-            const std::string days = last == day ? names.at(day) : fmt::format("{}-{}", names.at(day), names.at(last));
-            parts.push_back(fmt::format("{} {}", days, text));
-        }
-        day = last + 1;
-    }
-    return parts.empty() ? "inherited" : fmt::format("{}", fmt::join(parts, ", "));
+    const std::string text = textOfDays(week, "");
+    return text.empty() ? "inherited" : text;
+}
+
+std::string weekText(const Calendar& calendar) {
+    if (calendar.baseId)
+        return calendar.hasOwnHours ? weekText(calendar.week) : "inherited";
+    const bool tellsDays = calendar.hasOwnHours && std::ranges::any_of(calendar.week, &DayRanges::has_value);
+    return tellsDays ? textOfDays(calendar.week, "default hours") : "default hours";
 }
 
 } // namespace brackwater::inspect

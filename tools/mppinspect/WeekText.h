@@ -19,5 +19,7 @@ inline constexpr std::size_t kWeekSize = 420; ///< seven days of 60 bytes, Sunda
 /// "Sun free, Mon-Fri 08:00-16:00": days that follow one another with the same times stand together, inherited ones are
 /// left out. "inherited" where all are.
 [[nodiscard]] std::string weekText(const Week& week);
+/// The week of a calendar. One without a base inherits nothing: what it does not tell are the default hours.
+[[nodiscard]] std::string weekText(const Calendar& calendar);
 
 } // namespace brackwater::inspect

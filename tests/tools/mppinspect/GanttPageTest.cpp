@@ -201,6 +201,20 @@ TEST_F(GanttPage, LeavesOutTheProjectsOwnRowAndKeepsTheOrderOfTheSheet) {
     EXPECT_EQ(text.find("<bdi>House</bdi>"), std::string::npos);
 }
 
+TEST_F(GanttPage, OfNoTasksTellsThatAndTheCalendars) {
+    inspect::Calendar& calendar = project.calendars.emplace_back();
+    calendar.name = "Night";
+    calendar.hasOwnHours = true;
+    calendar.week[1].emplace();
+    inspect::CalendarException& exception = calendar.exceptions.emplace_back();
+    exception.recurrence.emplace().every = 3;
+    const std::string text = page();
+    for (const char* const words : {"The file holds no tasks.", "Sun default hours, Mon free, Tue-Sat default hours",
+                                    "<td>free, every 3 days</td>"})
+        EXPECT_THAT(text, HasSubstr(words));
+    EXPECT_THAT(text, Not(HasSubstr("class=\"chart\"")));
+}
+
 TEST_F(GanttPage, GrowsWithThePlanAndNoFaster) {
     const auto sizeWith = [this](std::uint32_t tasks) {
         project = {};
