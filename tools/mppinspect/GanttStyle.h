@@ -36,6 +36,7 @@ h2{margin:28px 0 8px;font-size:15px;font-weight:600}
 .row>.id{position:sticky;left:0;z-index:2;color:var(--soft)}
 .row>.name{position:sticky;left:var(--ids);z-index:2;width:var(--names);display:flex;align-items:center;
  padding:0 6px 0 calc(6px + 12px*var(--depth,0));border-right:1px solid transparent}
+.rows .id,.rows .name{height:22px;margin-bottom:-1px;border-bottom:1px solid var(--faint)}
 .row>.date{width:74px;padding:0 6px;font-variant-numeric:tabular-nums}
 .row>.num{width:58px}
 .row>.done{display:none}
@@ -125,7 +126,7 @@ footer{margin-top:20px;color:var(--soft);font-size:11px}
  .rows{margin-left:calc(-1*var(--table))}
  .back{display:none}
  .row>*{background:none}
- .noted .name::after{background:none}
+ .noted .name::after{background:none;border-top-width:4px}
  .row{break-inside:avoid}
  .row>svg{flex-basis:0}
  svg text,.axis .up{font-size:12px}
