@@ -68,6 +68,7 @@ ROWS = [
     ("--version", 0, r"^brackwater \d+\.\d+\.\d+\n$", "^$"),
     ("", 2, "^$", "^brackwater: no bundle is named"),
     ("--ouput x a.zelb", 2, "^$", "there is no option '--ouput'; did you mean '--output'"),
+    ("--temp T.mpp a.zelb", 2, "^$", "did you mean '--template'"),
     ("-x a.zelb", 2, "^$", "there is no option '-x'"),
     ("-j 0 a.zelb", 2, "^$", "--jobs: .*0"),
     ("-o", 2, "^$", "--output: .*OUT"),
@@ -79,6 +80,10 @@ ROWS = [
     ("--log b.zelb/log a.zelb", 2, "^$", "lies in the bundle"),
     ("--log none/log a.zelb", 2, "^$", "the log 'none/log' cannot be written"),
     ("--report none/r.json a.zelb", 2, "^$", "the report 'none/r.json' cannot be written"),
+    ("-o - a.zelb", 2, "^$", "would be standard output"),
+    ("--report a.mpp a.zelb", 2, "^$", "the name of an output"),
+    ("--log list --input-list list", 2, "^$", "is the list of the bundles"),
+    ("--log x --report ./x a.zelb", 2, "^$", "both the log and the report"),
     ("-t none.mpp a.zelb", 2, "^$", "the template 'none.mpp' does not exist"),
     ("-t a.zelb/__TOC.xml a.zelb", 2, "^$", "must be an .mpp file"),
     ("-t text.mpp a.zelb", 2, "^$", "is no Microsoft Project file of a known format"),
@@ -218,7 +223,7 @@ def interrupted():
         with Place() as place:
             (place.path / "out").mkdir()
             run = place.start("-j", "2", "-o", "out", "--report", "r.json", *[HOUSE] * 400)
-            while len(place.names("out")) < 5 and run.poll() is None:
+            while len(list((place.path / "out").glob("*.mpp"))) < 5 and run.poll() is None:
                 time.sleep(0.005)
             run.send_signal(number)
             out, err = run.communicate()

@@ -85,7 +85,7 @@ bool BundleExports::beginJob(std::size_t job) {
         _slots[slot].folder.makeIn(_plan.jobs[job].outputFolder);
         const int log = _log ? _log->beginJob(job) : -1;
         _board.slot(slot).phase = 0;
-        _board.slot(slot).percent = 0;
+        _board.slot(slot).percent = ProgressSlot::kNotKnown;
         if (_pool.start(slot, job, [&](const auto& isComputed) { return workInProcess(slot, log, isComputed); }))
             return true;
         const int fault = errno;

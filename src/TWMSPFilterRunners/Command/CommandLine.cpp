@@ -60,7 +60,7 @@ std::size_t distanceBetween(std::string_view from, std::string_view to) {
     return row.back();
 }
 
-/// The long option that a mistyped one is nearest to; empty where none is near.
+/// The long option that was cut short, or that a mistyped one is nearest to; empty where none is near.
 std::string optionNear(const CLI::App& app, std::string_view typed) {
     constexpr std::size_t mostSteps = 3; // "--ouput", "--templte", "--fail-on-los"
     const std::string_view name = typed.substr(0, std::min(typed.find('='), mostSteps + 24));
@@ -69,7 +69,8 @@ std::string optionNear(const CLI::App& app, std::string_view typed) {
     for (const CLI::Option* option : app.get_options()) {
         for (const std::string& longName : option->get_lnames()) {
             const std::string candidate = "--" + longName;
-            const std::size_t steps = distanceBetween(name, candidate);
+            const bool isCutShort = name.size() > 2 && candidate.starts_with(name);
+            const std::size_t steps = isCutShort ? 0 : distanceBetween(name, candidate);
             if (steps < least) {
                 least = steps;
                 nearest = candidate;

@@ -26,7 +26,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kTableOfContents = "__TOC.xml";
+constexpr const char* kPackagesTemplate = "/usr/share/brackwater/Template.mpp";
 constexpr int kFormat2007 = 2;
+constexpr const char* kStandardStream = "-";
+constexpr const char* kNotToStandardOutput = "would be standard output, which has a line for each bundle; name a file";
 
 std::string systemsWords() { return std::generic_category().message(errno); }
 
@@ -85,13 +88,15 @@ std::string faultOfBundle(const std::string& path) {
     return {};
 }
 
-/// The template that was installed with the program, or that the build made.
+/// The template that was installed with the program, or that the build made. Where /proc is not mounted, the one of the
+/// package.
 std::string defaultTemplatePath() {
     std::error_code fault;
     const fs::path prefix = fs::read_symlink("/proc/self/exe", fault).parent_path().parent_path();
-    for (const char* place : {"share/brackwater/Template.mpp", "share/Template.mpp"})
-        if (!prefix.empty() && fs::exists(prefix / place, fault))
-            return (prefix / place).native();
+    for (const fs::path& place :
+         {prefix / "share/brackwater/Template.mpp", prefix / "share/Template.mpp", fs::path(kPackagesTemplate)})
+        if (place.is_absolute() && fs::exists(place, fault))
+            return place.native();
     throw UsageError("the installed template is not there; name one with -t");
 }
 
@@ -150,6 +155,8 @@ private:
         if (!_options.output)
             return {};
         const std::string& output = *_options.output;
+        if (output == kStandardStream)
+            throw UsageError(fmt::format("the output '{}' {}", output, kNotToStandardOutput));
         const bool exists = kindOfPath(output) == PathKind::Directory;
         const bool isFolder = exists || output.ends_with('/') || pathExtension(output).empty();
         if (!isFolder && !hasExtension(output, "mpp"))
@@ -224,17 +231,32 @@ private:
     std::map<std::string, OutputFolder> _folders; ///< by the path that leads there
 };
 
-/// The log and the report are written over: not what the exports need.
-void checkOwnFile(const std::optional<std::string>& path, std::string_view role, const std::string& templatePath) {
+/// Whether two names lead to one file; devices and pipes may be named twice.
+bool isSameFile(const std::string& one, const std::string& other) {
+    std::error_code fault;
+    const auto place = [&fault](const std::string& path) { return fs::weakly_canonical(absolutePath(path), fault); };
+    return (fs::equivalent(one, other, fault) || place(one) == place(other)) && !fs::is_other(one, fault);
+}
+
+/// The log and the report are written over: nothing that the exports read or write.
+void checkOwnFile(const std::optional<std::string>& path, std::string_view role, const CommandOptions& options,
+                  const std::string& templatePath) {
     if (!path)
         return;
+    const auto refuse = [&](std::string_view fault) {
+        throw UsageError(fmt::format("the {} '{}' {}", role, *path, fault));
+    };
+    if (*path == kStandardStream)
+        refuse(kNotToStandardOutput);
     const std::string folder = stringByDeletingLastPathComponent(absolutePath(*path));
     if (const std::string bundle = bundleAround(folder); !bundle.empty())
-        throw UsageError(
-            fmt::format("the {} '{}' lies in the bundle '{}', into which nothing is written", role, *path, bundle));
-    std::error_code fault;
-    if (fs::equivalent(*path, templatePath, fault))
-        throw UsageError(fmt::format("the {} '{}' is the template", role, *path));
+        refuse(fmt::format("lies in the bundle '{}', into which nothing is written", bundle));
+    if (hasExtension(*path, "mpp") || hasExtension(*path, "zelb"))
+        refuse("has the name of an output or a bundle");
+    if (isSameFile(*path, templatePath))
+        refuse("is the template");
+    if (options.inputList && isSameFile(*path, *options.inputList))
+        refuse("is the list of the bundles");
 }
 
 } // namespace
@@ -242,8 +264,10 @@ void checkOwnFile(const std::optional<std::string>& path, std::string_view role,
 ExportPlan planExports(const CommandOptions& options) {
     ExportPlan plan;
     plan.templatePath = checkedTemplate(options.templatePath);
-    checkOwnFile(options.log, "log", plan.templatePath);
-    checkOwnFile(options.report, "report", plan.templatePath);
+    checkOwnFile(options.log, "log", options, plan.templatePath);
+    checkOwnFile(options.report, "report", options, plan.templatePath);
+    if (options.log && options.report && isSameFile(*options.log, *options.report))
+        throw UsageError(fmt::format("'{}' cannot be both the log and the report", *options.log));
     std::vector<std::string> bundles = options.bundles;
     if (options.inputList) {
         std::vector<std::string> listed = readBundleList(*options.inputList);

@@ -11,8 +11,10 @@ namespace brackwater {
 
 /// How far one worker is, in memory that it shares with the command.
 struct ProgressSlot {
-    std::atomic<std::uint32_t> phase; ///< an ExportPhase
-    std::atomic<std::uint32_t> percent;
+    static constexpr std::uint32_t kNotKnown = ~std::uint32_t{0};
+
+    std::atomic<std::uint32_t> phase;   ///< an ExportPhase
+    std::atomic<std::uint32_t> percent; ///< of the phase, or kNotKnown
 };
 
 /// One slot for each worker that may run at a time. Made before the workers are.
@@ -38,7 +40,8 @@ public:
     explicit ProgressTeller(ProgressSlot& slot) : _slot(slot) {}
 
     void advance(ExportPhase phase, std::size_t done, std::size_t all) override {
-        _slot.percent.store(all == 0 ? 0 : static_cast<std::uint32_t>(100 * done / all), std::memory_order_relaxed);
+        const auto percent = all == 0 ? ProgressSlot::kNotKnown : static_cast<std::uint32_t>(100 * done / all);
+        _slot.percent.store(percent, std::memory_order_relaxed);
         _slot.phase.store(static_cast<std::uint32_t>(phase), std::memory_order_relaxed);
     }
 

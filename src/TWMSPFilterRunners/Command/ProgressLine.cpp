@@ -16,6 +16,7 @@ namespace {
 
 constexpr auto kPause = std::chrono::milliseconds(100);
 constexpr std::array<std::string_view, 4> kPhaseNames = {"loading", "mapping", "writing", "comparing"};
+constexpr std::string_view kNameEnd = ": ";
 constexpr std::string_view kEraseLine = "\r\x1b[K";
 
 std::size_t terminalWidth() {
@@ -48,13 +49,17 @@ void ProgressLine::show(std::size_t done, std::size_t all, std::string_view bund
         return;
     _next = now + kPause;
     const std::size_t phase = slot.phase.load(std::memory_order_relaxed);
+    const std::uint32_t percent = slot.percent.load(std::memory_order_relaxed);
     const std::string counts = fmt::format("{} of {} done; ", done, all);
-    const std::string step = fmt::format(": {} {} %", kPhaseNames.at(phase % kPhaseNames.size()),
-                                         slot.percent.load(std::memory_order_relaxed));
-    const std::size_t taken = counts.size() + step.size() + 1;
-    const std::size_t width = terminalWidth();
-    const std::string name = taken < width ? endOf(visibleText(bundle), width - taken) : std::string();
-    print(fmt::format("{}{}{}{}", kEraseLine, counts, name, step));
+    std::string step(kPhaseNames.at(phase % kPhaseNames.size()));
+    if (percent != ProgressSlot::kNotKnown)
+        step += fmt::format(" {} %", percent);
+    // What is wider than the terminal could not be taken away again.
+    const std::size_t most = terminalWidth() - 1;
+    const std::size_t taken = counts.size() + step.size() + kNameEnd.size();
+    const std::string name = taken < most ? endOf(visibleText(bundle), most - taken) : std::string();
+    const std::string line = fmt::format("{}{}{}{}", counts, name, name.empty() ? "" : kNameEnd, step);
+    print(fmt::format("{}{}", kEraseLine, std::string_view(line).substr(0, most)));
     _stands = true;
 }
 
