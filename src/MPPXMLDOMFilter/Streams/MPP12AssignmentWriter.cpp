@@ -6,6 +6,7 @@
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 #include "Platform/Log/Log.h"
 
@@ -87,67 +88,41 @@ void MPP12AssignmentWriter::writeSteps() {
 
 // "Var2Data" and its index, in the same order: an element is found by its place, not by its type.
 
+template <typename Visitor>
+void MPP12AssignmentWriter::visitElements(const MPPAssignment& assignment, Visitor& element) {
+    element(kPlannedWorkType, [&](MPPData& data) { writePlannedWork(data, assignment); });
+    if (hasCompleteWork(assignment))
+        element(kCompleteWorkType, [&](MPPData& data) { writeCompleteWork(data, assignment); });
+    if (hasText(assignment.notes))
+        element(kNotesType, [&](MPPData& data) { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
+    for (std::size_t i = 0; i < assignment.baselines.size(); ++i) {
+        const MPPAssignmentBaseline& baseline = *assignment.baselines[i];
+        element(getaselineWorkTypeForIndex(i + 1), real(thousandthsOfMinute(baseline.work)));
+        element(getaselineStartTypeForIndex(i + 1), date(baseline.start, _dates));
+        element(getaselineFinishTypeForIndex(i + 1), date(baseline.finish, _dates));
+    }
+    element(kMomentOfWritingType, [&](MPPData& data) { data.writeInteger(_momentOfWriting.bytes); });
+    element(kType665, zeroes(16));
+    element(kType667, zeroes(16));
+}
+
 void MPP12AssignmentWriter::writeVar2Data() {
     StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    const EncodedDate momentOfWriting = _dates(Date::now());
+    _momentOfWriting = _dates(Date::now());
+    ElementPayloads payloads(*_var2Data);
     stream.writeEach(RecordsInOrder(project().assignments),
-                     [&](const MPPAssignment& assignment) { writeAssignmentVar2Data(assignment, momentOfWriting); });
+                     [&](const MPPAssignment& assignment) { visitElements(assignment, payloads); });
     stream.finish();
 }
-
-void MPP12AssignmentWriter::writeAssignmentVar2Data(const MPPAssignment& assignment, EncodedDate momentOfWriting) {
-    MPPVar2Data& data = *_var2Data;
-    const auto element = [&data](auto writePayload) {
-        data.startNewElement();
-        writePayload();
-        data.closeCurrentElement();
-    };
-    const auto date = [&](const std::optional<Date>& value) { data.writeInteger(_dates(value).bytes); };
-
-    if (assignment.baselines.size() > kMaxBaselines)
-        throw Exception(kTooManyBaselinesException, std::string(kTooManyBaselines));
-    element([&] { writePlannedWork(data, assignment); });
-    if (hasCompleteWork(assignment))
-        element([&] { writeCompleteWork(data, assignment); });
-    if (hasText(assignment.notes))
-        element([&] { data.writeRtfString(*assignment.notes, MPPEncoding::ASCII); });
-    for (const auto& baseline : assignment.baselines) {
-        element([&] { data.writeDouble(thousandthsOfMinute(baseline->work)); });
-        element([&] { date(baseline->start); });
-        element([&] { date(baseline->finish); });
-    }
-    element([&] { data.writeInteger(momentOfWriting.bytes); });
-    element([&] { data.writeZeroesBlockOfSize(16); });
-    element([&] { data.writeZeroesBlockOfSize(16); });
-}
-
-namespace {
-
-void writeMetaForAssignment(MPP12VarMeta& varMeta, const MPPAssignment& assignment) {
-    const auto record = [&](std::uint64_t type) { varMeta.writeNextElementMetaWithID(assignment.ID, type); };
-    record(kPlannedWorkType);
-    if (hasCompleteWork(assignment))
-        record(kCompleteWorkType);
-    if (hasText(assignment.notes))
-        record(kNotesType);
-    for (std::size_t i = 0; i < assignment.baselines.size(); ++i) {
-        record(MPP12AssignmentWriter::getaselineWorkTypeForIndex(i + 1));
-        record(MPP12AssignmentWriter::getaselineStartTypeForIndex(i + 1));
-        record(MPP12AssignmentWriter::getaselineFinishTypeForIndex(i + 1));
-    }
-    record(kMomentOfWritingType);
-    record(kType665);
-    record(kType667);
-}
-
-} // namespace
 
 void MPP12AssignmentWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    stream.writeEach(RecordsInOrder(project().assignments),
-                     [&](const MPPAssignment& assignment) { writeMetaForAssignment(varMeta, assignment); });
+    stream.writeEach(RecordsInOrder(project().assignments), [&](const MPPAssignment& assignment) {
+        ElementRecords records(varMeta, assignment.ID);
+        visitElements(assignment, records);
+    });
     stream.finish();
 }
 
@@ -275,15 +250,20 @@ namespace {
 
 using AssignmentRecord = IndexRecord<34>;
 
-void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment) {
-    constexpr std::size_t kElementsOfEach = 4;
-    constexpr std::size_t kElementsOfBaseline = 3;
-    const bool hasBlockOfCompleteWork = hasCompleteWork(assignment);
+void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
+    constexpr std::uint32_t kHole = 2;
+    AssignmentRecord record;
+    record.bit(AssignmentRow::UniqueID);
+    record.end(fixedMeta, kHole);
+}
+
+} // namespace
+
+void MPP12AssignmentWriter::writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment) {
+    ElementCount elements;
+    visitElements(assignment, elements);
     const bool hasNotes = hasText(assignment.notes);
     const bool isWorkDone = assignment.actualWork > 0;
-    const std::size_t elements = kElementsOfEach + (hasBlockOfCompleteWork ? 1 : 0) + (hasNotes ? 1 : 0) +
-                                 kElementsOfBaseline * assignment.baselines.size();
-
     AssignmentRecord record;
     record.bit(AssignmentRow::UniqueID);
     record.bit(AssignmentRow::Split, assignment.workOverTime && assignment.workOverTime->isSplit);
@@ -296,18 +276,9 @@ void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assi
     record.bits(AssignmentRow::FirstField, AssignmentRow::LastField);
     record.bit(AssignmentRow::Notes, hasNotes);
     record.bit(AssignmentRow::PlannedWork);
-    record.bit(AssignmentRow::CompleteWork, hasBlockOfCompleteWork);
-    record.end(fixedMeta, static_cast<std::uint32_t>(elements << 16));
+    record.bit(AssignmentRow::CompleteWork, hasCompleteWork(assignment));
+    record.end(fixedMeta, elements.count() << 16);
 }
-
-void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
-    constexpr std::uint32_t kHole = 2;
-    AssignmentRecord record;
-    record.bit(AssignmentRow::UniqueID);
-    record.end(fixedMeta, kHole);
-}
-
-} // namespace
 
 void MPP12AssignmentWriter::writeFixedMeta() {
     MPPFixedMeta fixedMeta(_fixedData);

@@ -46,8 +46,11 @@ private:
     void writeFixed2Data();
     void writeFixed2Meta();
 
-    void writeAssignmentVar2Data(const MPPAssignment& assignment, EncodedDate momentOfWriting);
+    /// The elements of an assignment, type beside payload; raises TooManyBaselinesException past 10.
+    template <typename Visitor>
+    void visitElements(const MPPAssignment& assignment, Visitor& element);
     void writeAssignmentFixedData(const MPPAssignment& assignment);
+    void writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, const MPPAssignment& assignment);
     void logAssignment(const MPPAssignment& assignment);
     [[nodiscard]] const std::string& loggedWork(double work);
     [[nodiscard]] const std::string& loggedResource(const MPPResource* resource);
@@ -61,6 +64,7 @@ private:
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
     std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
+    EncodedDate _momentOfWriting{};
     std::string _logLine; ///< kept for its memory
     LoggedWork _loggedWork;
     std::unordered_map<const MPPResource*, std::string> _loggedResources; ///< made once each

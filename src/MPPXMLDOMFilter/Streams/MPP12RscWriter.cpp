@@ -7,6 +7,7 @@
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 
 #include <algorithm>
@@ -29,6 +30,7 @@ using SecondResourceRecord = IndexRecord<49, ResourceRow::SecondBlock>;
 // Types of elements in "Var2Data".
 constexpr std::uint64_t kHeaderType = 739; // meaning unknown: 16 zero bytes
 constexpr std::uint64_t kHeaderOwnerID = 0;
+constexpr std::size_t kHeaderElementSize = 16;
 constexpr std::uint64_t kNameType = 1;
 constexpr std::uint64_t kInitialsType = 2;
 constexpr std::uint64_t kGroupType = 3;
@@ -88,89 +90,74 @@ void MPP12RscWriter::writeSteps() {
     noteRows(MPPRowKind::Resource, *_fixedData, _var2Data.get());
 }
 
-// "Var2Data" and its index, whose order is another one.
-
-void MPP12RscWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    writeHeaderElementsToVar2DataWithID(kHeaderOwnerID);
-    for (const auto& resource : project().resources)
-        writeRscVar2Data(*resource);
-    stream.finish();
-}
-
-void MPP12RscWriter::writeHeaderElementsToVar2DataWithID(std::uint64_t id) {
-    _var2Data->startNewElementWithType(kHeaderType, id);
-    for (int i = 0; i < 4; ++i)
-        _var2Data->writeInteger(0);
-    _var2Data->closeCurrentElement();
-}
-
-void MPP12RscWriter::writeRscVar2Data(const MPPResource& resource) {
-    MPPVar2Data& data = *_var2Data;
-    const auto element = [&](std::uint64_t type, auto writePayload) {
-        data.startNewElementWithType(type, resource.ID);
-        writePayload();
-        data.closeCurrentElement();
-    };
-    const auto text = [&](std::uint64_t type, std::string_view value) {
-        element(type, [&] { data.writeString(value, MPPEncoding::Unicode); });
-    };
-
-    writeHeaderElementsToVar2DataWithID(resource.ID);
-    text(kNameType, textOf(resource.name));
-    element(kType85, [&] { data.writeInteger(2); });
-    if (resource.hasInitials())
-        text(kInitialsType, *resource.initials);
-    if (resource.hasGroup())
-        text(kGroupType, *resource.group);
-    for (std::size_t i = 0; i < resource.customFieldsText.size(); ++i)
-        if (!resource.customFieldsText[i].empty())
-            text(getTextFieldTypeForIndex(i + 1), resource.customFieldsText[i]);
-    for (std::size_t i = 0; i < resource.baselines.size(); ++i) {
-        const MPPResourceBaseline& baseline = *resource.baselines[i];
-        element(getWorkBaselineTypeForIndex(i + 1), [&] { data.writeDouble(baseline.work * kWorkScale); });
-        element(getCostBaselineTypeForIndex(i + 1), [&] {
-            data.writeDouble(baseline.cost * kMoneyScale);
-            data.writeInteger(0);
-        });
-    }
-    if (resource.hasCode())
-        text(kCodeType, *resource.code);
-    if (resource.hasEmailAddress())
-        text(kEmailAddressType, *resource.emailAddress);
-    if (resource.hasNotes())
-        element(kNotesType, [&] { writeNotes(data, resource); });
-}
+// "Var2Data" and its index. The elements are found by their owner and type, and stand in two orders.
 
 namespace {
 
-void writeMetaForResource(MPP12VarMeta& varMeta, const MPPResource& resource) {
-    const auto record = [&](std::uint64_t type) { varMeta.writeElementMetaWithType(type, resource.ID); };
-    const auto recordIf = [&](bool present, std::uint64_t type) {
-        if (present)
-            record(type);
+enum class Order { OfPayloads, OfIndex };
+
+// The elements of a resource, type beside payload.
+template <typename Visitor>
+void visitElements(const MPPResource& resource, Order order, Visitor element) {
+    const auto textIf = [&](bool isThere, std::uint64_t type, const std::optional<std::string>& text) {
+        if (isThere)
+            element(type, unicodeText(textOf(text)));
     };
-    record(kNameType);
-    recordIf(resource.hasInitials(), kInitialsType);
-    recordIf(resource.hasGroup(), kGroupType);
-    for (std::size_t i = 0; i < resource.customFieldsText.size(); ++i)
-        if (!resource.customFieldsText[i].empty())
-            record(MPP12RscWriter::getTextFieldTypeForIndex(i + 1));
-    for (std::size_t i = 0; i < resource.baselines.size(); ++i) {
-        record(MPP12RscWriter::getWorkBaselineTypeForIndex(i + 1));
-        record(MPP12RscWriter::getCostBaselineTypeForIndex(i + 1));
+    const auto name = [&] { textIf(true, kNameType, resource.name); };
+    const auto element85 = [&] { element(kType85, [](MPPData& data) { data.writeInteger(2); }); };
+    const auto element739 = [&] { element(kHeaderType, zeroes(kHeaderElementSize)); };
+    const auto emailAddress = [&] { textIf(resource.hasEmailAddress(), kEmailAddressType, resource.emailAddress); };
+    const auto notes = [&] {
+        if (resource.hasNotes())
+            element(kNotesType, [&](MPPData& data) { writeNotes(data, resource); });
+    };
+    const auto inBothOrders = [&] {
+        textIf(resource.hasInitials(), kInitialsType, resource.initials);
+        textIf(resource.hasGroup(), kGroupType, resource.group);
+        for (std::size_t i = 0; i < resource.customFieldsText.size(); ++i)
+            if (!resource.customFieldsText[i].empty())
+                element(MPP12RscWriter::getTextFieldTypeForIndex(i + 1), unicodeText(resource.customFieldsText[i]));
+        for (std::size_t i = 0; i < resource.baselines.size(); ++i) {
+            const MPPResourceBaseline& baseline = *resource.baselines[i];
+            element(MPP12RscWriter::getWorkBaselineTypeForIndex(i + 1), real(baseline.work * kWorkScale));
+            element(MPP12RscWriter::getCostBaselineTypeForIndex(i + 1), [&](MPPData& data) {
+                data.writeDouble(baseline.cost * kMoneyScale);
+                data.writeInteger(0);
+            });
+        }
+        textIf(resource.hasCode(), kCodeType, resource.code);
+    };
+
+    if (order == Order::OfPayloads) {
+        element739();
+        name();
+        element85();
+        inBothOrders();
+        emailAddress();
+        notes();
+    } else {
+        name();
+        inBothOrders();
+        notes();
+        emailAddress();
+        element85();
+        // Resources never have these, and there are no payloads for them.
+        textIf(resource.hasWindowsAccount(), kWindowsAccountType, std::nullopt);
+        textIf(resource.hasMaterialLabel(), kMaterialLabelType, std::nullopt);
+        textIf(resource.hasBookingType(), kBookingTypeType, std::nullopt);
+        element739();
     }
-    recordIf(resource.hasCode(), kCodeType);
-    recordIf(resource.hasNotes(), kNotesType);
-    recordIf(resource.hasEmailAddress(), kEmailAddressType);
-    record(kType85);
-    recordIf(resource.hasWindowsAccount(), kWindowsAccountType);
-    recordIf(resource.hasMaterialLabel(), kMaterialLabelType);
-    recordIf(resource.hasBookingType(), kBookingTypeType);
-    record(kHeaderType);
 }
 
 } // namespace
+
+void MPP12RscWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+    TypedElementPayloads(*_var2Data, kHeaderOwnerID)(kHeaderType, zeroes(kHeaderElementSize));
+    for (const auto& resource : project().resources)
+        visitElements(*resource, Order::OfPayloads, TypedElementPayloads(*_var2Data, resource->ID));
+    stream.finish();
+}
 
 void MPP12RscWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
@@ -178,7 +165,7 @@ void MPP12RscWriter::writeVarMeta() {
     varMeta.writeMetaHeader();
     varMeta.writeElementMetaWithType(kHeaderType, kHeaderOwnerID);
     for (const auto& resource : project().resources)
-        writeMetaForResource(varMeta, *resource);
+        visitElements(*resource, Order::OfIndex, FoundElementRecords(varMeta, resource->ID));
     stream.finish();
 }
 

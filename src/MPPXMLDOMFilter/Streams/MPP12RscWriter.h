@@ -44,8 +44,6 @@ private:
     void writeFixed2Meta();
     void writeProps();
 
-    void writeHeaderElementsToVar2DataWithID(std::uint64_t id);
-    void writeRscVar2Data(const MPPResource& resource);
     void writeDefaultFixedData();
     void writeRscFixedData(const MPPResource& resource);
     void writeRscFixed2Data(const MPPResource& resource, std::int32_t place);

@@ -9,6 +9,7 @@
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 
 #include <algorithm>
@@ -30,16 +31,28 @@ constexpr std::uint16_t kTitleType = 14;
 constexpr std::uint16_t kNotesType = 15;
 constexpr std::uint16_t kProjectType = 1252; // meaning unknown: 1 and 1 where a project has tasks
 constexpr std::uint16_t kPercentOverTimeType = 350;
-constexpr std::uint64_t kProjectOwnerID = 0;
 constexpr std::array<std::uint16_t, 30> kTextFieldTypes = {51,  54,  57,  60,  63,  66,  67,  68,  69,  70,
                                                            317, 318, 319, 320, 321, 322, 323, 324, 325, 326,
                                                            327, 328, 329, 330, 331, 332, 333, 334, 335, 336};
 
-// Each baseline has six elements, whose types are these distances from the baseline's first type.
 constexpr std::size_t kMaxBaselines = 10;
 constexpr std::array<std::uint16_t, kMaxBaselines> kBaselineTypes = {482, 493, 504, 515, 526, 544, 555, 566, 577, 588};
-constexpr std::array<std::uint16_t, 6> kBaselineElements = {0, 1, 2, 3, 5, 6};
 constexpr std::uint16_t kBaselineEnding = 53; // meaning unknown
+
+struct TextFieldType {
+    std::size_t position; ///< counted from 1
+    operator std::uint64_t() const { return MPP12TaskWriter::getTextFieldTypeForIndex(position); }
+};
+
+struct BaselineType {
+    std::size_t number;     ///< counted from 1
+    std::uint64_t distance; ///< from the baseline's first type
+    operator std::uint64_t() const {
+        if (number < 1 || number > kMaxBaselines)
+            throw Exception(kTooManyBaselinesException, "Limit for 10 baselines exceeded");
+        return kBaselineTypes[number - 1] + distance;
+    }
+};
 
 // Units of a duration.
 constexpr std::uint16_t kDays = 7;
@@ -48,11 +61,6 @@ constexpr std::uint16_t kEstimated = 0x20;
 
 constexpr std::uint32_t kNoCalendarID = 0xFFFFFFFF;
 constexpr double kProjectSheetPosition = 1.0;
-
-std::size_t countOfTexts(const std::vector<std::string>& values) {
-    return static_cast<std::size_t>(
-        std::count_if(values.begin(), values.end(), [](const std::string& value) { return !value.empty(); }));
-}
 
 // A task without a first baseline shows zeros and no dates.
 const MPPTaskBaseline& firstBaselineOf(const MPPTask& task) {
@@ -80,83 +88,54 @@ void MPP12TaskWriter::writeSteps() {
 // "Var2Data" and its index. The elements of a task are found by their order, not by type: a text or baseline past the
 // format's limits is met when its index record is written, behind the whole of "Var2Data".
 
-void MPP12TaskWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    writeTaskVar2Data(project());
-    if (!project().tasks.empty()) {
-        _var2Data->startNewElement();
-        _var2Data->writeInteger(1);
-        _var2Data->writeInteger(1);
-        _var2Data->closeCurrentElement();
-    }
-    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskVar2Data(task); });
-    stream.finish();
+template <typename Visitor>
+void MPP12TaskWriter::visitElements(const MPPTask& task, Visitor& element) {
+    element(kTitleType, unicodeText(textOf(task.title)));
+    if (!isProject(task) || project().rowIsATasks)
+        visitElementsBehindTitle(task, element);
+    if (isProject(task) && !project().tasks.empty())
+        element(kProjectType, [](MPPData& data) { data.writeIntegers(1, 1); });
 }
 
-void MPP12TaskWriter::writeTaskVar2Data(const MPPTask& task) {
-    MPPVar2Data& data = *_var2Data;
-    const auto element = [&data](auto writePayload) {
-        data.startNewElement();
-        writePayload();
-        data.closeCurrentElement();
-    };
-    element([&] { data.writeString(textOf(task.title), MPPEncoding::Unicode); });
-    if (hasTitleOnly(task))
-        return;
+template <typename Visitor>
+void MPP12TaskWriter::visitElementsBehindTitle(const MPPTask& task, Visitor& element) {
     if (hasText(task.notes))
-        element([&] { writeNotes(data, task); });
-    for (const std::string& value : task.customFieldValues)
-        if (!value.empty())
-            element([&] { data.writeString(value, MPPEncoding::Unicode); });
-    if (!task.progressPoints.empty())
-        element([&] { writePercentOverTime(data, task.progressPoints, _dates); });
-    for (const auto& baseline : task.baselines) {
-        element([&] { data.writeDate(baseline->start); });
-        element([&] { data.writeDate(baseline->finish); });
-        element([&] { data.writeDouble(baseline->cost); });
-        element([&] { data.writeDouble(thousandthsOfMinute(baseline->work)); });
-        element([&] { data.writeDuration(baseline->duration, kDays); });
-        element([&] { data.write2ByteInteger(kBaselineEnding); });
-    }
-}
-
-namespace {
-
-void writeMetaForBaseline(MPP12VarMeta& varMeta, std::size_t index, std::uint64_t taskID) {
-    if (index < 1 || index > kMaxBaselines)
-        throw Exception(kTooManyBaselinesException, "Limit for 10 baselines exceeded");
-    for (const std::uint16_t distance : kBaselineElements)
-        varMeta.writeNextElementMetaWithID(taskID, std::uint64_t{kBaselineTypes[index - 1]} + distance);
-}
-
-// The elements behind the title.
-void writeMetaForTask(MPP12VarMeta& varMeta, const MPPTask& task, std::uint64_t taskID) {
-    if (hasText(task.notes))
-        varMeta.writeNextElementMetaWithID(taskID, kNotesType);
+        element(kNotesType, [&](MPPData& data) { writeNotes(data, task); });
     for (std::size_t i = 0; i < task.customFieldValues.size(); ++i)
         if (!task.customFieldValues[i].empty())
-            varMeta.writeNextElementMetaWithID(taskID, MPP12TaskWriter::getTextFieldTypeForIndex(i + 1));
+            element(TextFieldType{i + 1}, unicodeText(task.customFieldValues[i]));
     if (!task.progressPoints.empty())
-        varMeta.writeNextElementMetaWithID(taskID, kPercentOverTimeType);
-    for (std::size_t i = 0; i < task.baselines.size(); ++i)
-        writeMetaForBaseline(varMeta, i + 1, taskID);
+        element(kPercentOverTimeType, [&](MPPData& data) { writePercentOverTime(data, task.progressPoints, _dates); });
+    for (std::size_t i = 0; i < task.baselines.size(); ++i) {
+        const MPPTaskBaseline& baseline = *task.baselines[i];
+        const std::size_t n = i + 1;
+        element(BaselineType{n, 0}, date(baseline.start, _dates));
+        element(BaselineType{n, 1}, date(baseline.finish, _dates));
+        element(BaselineType{n, 2}, real(baseline.cost));
+        element(BaselineType{n, 3}, real(thousandthsOfMinute(baseline.work)));
+        element(BaselineType{n, 5}, [&](MPPData& data) { data.writeDuration(baseline.duration, kDays); });
+        element(BaselineType{n, 6}, [](MPPData& data) { data.write2ByteInteger(kBaselineEnding); });
+    }
 }
 
-} // namespace
+void MPP12TaskWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+    ElementPayloads payloads(*_var2Data);
+    visitElements(project(), payloads);
+    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { visitElements(task, payloads); });
+    stream.finish();
+}
 
 void MPP12TaskWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    varMeta.writeNextElementMetaWithID(kProjectOwnerID, kTitleType);
-    if (!hasTitleOnly(project()))
-        writeMetaForTask(varMeta, project(), kProjectOwnerID);
-    if (!project().tasks.empty())
-        varMeta.writeNextElementMetaWithID(kProjectOwnerID, kProjectType);
     std::uint64_t taskID = 0;
+    ElementRecords projectRecords(varMeta, taskID);
+    visitElements(project(), projectRecords);
     stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) {
-        varMeta.writeNextElementMetaWithID(++taskID, kTitleType);
-        writeMetaForTask(varMeta, task, taskID);
+        ElementRecords records(varMeta, ++taskID);
+        visitElements(task, records);
     });
     stream.finish();
 }
@@ -253,18 +232,6 @@ void MPP12TaskWriter::writeFixedMeta() {
 
 namespace {
 
-std::uint32_t elementsOfTask(const MPPTask& task) {
-    const std::size_t elements = 1 + (hasText(task.notes) ? 1 : 0) + countOfTexts(task.customFieldValues) +
-                                 (task.progressPoints.empty() ? 0 : 1) +
-                                 kBaselineElements.size() * task.baselines.size();
-    return static_cast<std::uint32_t>(elements);
-}
-
-// One more is there only with tasks, but counted always where the file does not keep its numbers in step.
-std::uint32_t elementsOfProject(const MPPProject& project) {
-    return (project.rowIsATasks ? elementsOfTask(project) : 1) + (project.bookkeeping && project.tasks.empty() ? 0 : 1);
-}
-
 // What every record has: the fields of the row's bytes, the title, and flags.
 constexpr TaskRecord kEveryTask = [] {
     TaskRecord record;
@@ -279,9 +246,17 @@ constexpr TaskRecord kEveryTask = [] {
 
 } // namespace
 
-void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const {
+std::uint32_t MPP12TaskWriter::elementsOf(const MPPTask& task) {
+    ElementCount elements;
+    visitElements(task, elements);
+    // The element that the project's row has only with tasks counts always where the file does not keep its numbers in
+    // step.
+    const bool countsMissing = isProject(task) && project().tasks.empty() && !project().bookkeeping;
+    return elements.count() + (countsMissing ? 1 : 0);
+}
+
+void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) {
     const bool isProjectRow = isProject(task);
-    const std::uint32_t elements = isProjectRow ? elementsOfProject(project()) : elementsOfTask(task);
     const bool hasNotes = hasText(task.notes);
     TaskRecord record = kEveryTask;
     record.bit(TaskRow::Milestone, task.milestone);
@@ -304,7 +279,7 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
         record.bit(TaskRow::text(i + 1), !task.customFieldValues[i].empty());
     record.bit(TaskRow::Notes, hasNotes);
     record.bit(TaskRow::PercentOverTime, !task.progressPoints.empty());
-    record.end(fixedMeta, elements << 16);
+    record.end(fixedMeta, elementsOf(task) << 16);
 }
 
 // "Fixed2Data" and its index.
@@ -361,10 +336,19 @@ void MPP12TaskWriter::writeFixed2Meta() {
     stream.finish();
 }
 
-void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
+namespace {
+
+constexpr SecondTaskRecord kEverySecondTask = [] {
     SecondTaskRecord record;
     record.bits(TaskRow::SecondBlock, TaskRow::LastSecondField);
-    // More fields than there are elements; the one left out between them has none in real files either.
+    return record;
+}();
+
+} // namespace
+
+void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
+    SecondTaskRecord record = kEverySecondTask;
+    // More fields than the baseline has elements.
     for (std::size_t i = 0; i < std::min(task.baselines.size(), kMaxBaselines); ++i) {
         const std::size_t baseline = TaskRow::Baseline1 + TaskRow::RowsOfBaseline * i;
         record.bits(baseline, baseline + 6);

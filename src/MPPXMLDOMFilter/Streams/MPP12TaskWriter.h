@@ -36,9 +36,14 @@ private:
     void writeFixed2Meta();
     void writeProps();
 
-    void writeTaskVar2Data(const MPPTask& task);
+    /// The elements of a row, type beside payload. The project's own has its title alone unless it is as a task's.
+    template <typename Visitor>
+    void visitElements(const MPPTask& task, Visitor& element);
+    template <typename Visitor>
+    void visitElementsBehindTitle(const MPPTask& task, Visitor& element);
+    [[nodiscard]] std::uint32_t elementsOf(const MPPTask& task);
     void writeTaskFixedData(const MPPTask& task);
-    void writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta) const;
+    void writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixedMeta);
     /// Whether the template's rows are those of older files.
     [[nodiscard]] bool hasLongFixed2Rows() const;
     void writeTaskFixed2Data(const MPPTask& task);
@@ -46,10 +51,6 @@ private:
     void writeFixed2Row(const MPPTask& task);
     void writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const;
     [[nodiscard]] bool isProject(const MPPTask& task) const noexcept { return &task == &project(); }
-    /// Of the elements that a task may have the row has its title alone.
-    [[nodiscard]] bool hasTitleOnly(const MPPTask& task) const noexcept {
-        return isProject(task) && !project().rowIsATasks;
-    }
 
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
     std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();

@@ -6,6 +6,7 @@
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
+#include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 #include "Platform/Values/Exception.h"
 
@@ -62,45 +63,39 @@ void MPPCalendarStreamWriter::writeSteps() {
 
 // "Var2Data" and its index. The default resource's calendar has no elements.
 
-void MPPCalendarStreamWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    writeCalendarVar2Data(standardCalendar(project()));
-    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) { writeCalendarVar2Data(calendar); });
-    stream.writeEach(project().resources,
-                     [&](const MPPResource& resource) { writeCalendarVar2Data(calendarOf(resource)); });
-    stream.finish();
+// The elements of a calendar, type beside payload.
+template <typename Visitor>
+void MPPCalendarStreamWriter::visitElements(const MPPCalendar& calendar, Visitor element) {
+    if (hasText(calendar.name))
+        element(kNameType, unicodeText(*calendar.name));
+    if (hasBlock(calendar))
+        element(kBlockType, [&](MPPData& data) { writeCalendarBlock(data, calendar, workWeekCounter()); });
 }
 
-void MPPCalendarStreamWriter::writeCalendarVar2Data(const MPPCalendar& calendar) {
-    if (hasText(calendar.name)) {
-        _var2Data->startNewElementWithType(kNameType, calendar.ID);
-        _var2Data->writeString(*calendar.name, MPPEncoding::Unicode);
-        _var2Data->closeCurrentElement();
-    }
-    if (hasBlock(calendar)) {
-        _var2Data->startNewElementWithType(kBlockType, calendar.ID);
-        writeCalendarBlock(*_var2Data, calendar, workWeekCounter());
-        _var2Data->closeCurrentElement();
-    }
+void MPPCalendarStreamWriter::writeVar2Data() {
+    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+    const auto write = [&](const MPPCalendar& calendar) {
+        visitElements(calendar, TypedElementPayloads(*_var2Data, calendar.ID));
+    };
+    write(standardCalendar(project()));
+    stream.writeEach(project().baseCalendars, write);
+    stream.writeEach(project().resources, [&](const MPPResource& resource) { write(calendarOf(resource)); });
+    stream.finish();
 }
 
 void MPPCalendarStreamWriter::writeVarMeta() {
     MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
     StreamOutput stream(writer(), "VarMeta", varMeta);
     varMeta.writeMetaHeader();
-    writeCalendarVarMeta(varMeta, standardCalendar(project()));
+    const auto write = [&](const MPPCalendar& calendar) {
+        visitElements(calendar, ElementRecords(varMeta, calendar.ID));
+    };
+    write(standardCalendar(project()));
     for (const auto& calendar : project().baseCalendars)
-        writeCalendarVarMeta(varMeta, *calendar);
+        write(*calendar);
     for (const auto& resource : project().resources)
-        writeCalendarVarMeta(varMeta, calendarOf(*resource));
+        write(calendarOf(*resource));
     stream.finish();
-}
-
-void MPPCalendarStreamWriter::writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const {
-    if (hasText(calendar.name))
-        varMeta.writeNextElementMetaWithID(calendar.ID, kNameType);
-    if (hasBlock(calendar))
-        varMeta.writeNextElementMetaWithID(calendar.ID, kBlockType);
 }
 
 // "FixedData" and its index.

@@ -41,8 +41,8 @@ private:
     void writeFixed2Data();
     void writeFixed2Meta();
 
-    void writeCalendarVar2Data(const MPPCalendar& calendar);
-    void writeCalendarVarMeta(MPP12VarMeta& varMeta, const MPPCalendar& calendar) const;
+    template <typename Visitor>
+    void visitElements(const MPPCalendar& calendar, Visitor element);
     [[nodiscard]] std::uint32_t startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const;
 
     std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
