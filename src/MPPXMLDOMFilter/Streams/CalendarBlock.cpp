@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kTooManyRangesException = "TooManyRangesException";
 constexpr std::size_t kMaxRanges = 5;
-constexpr std::size_t kRangesBlockSize = 58;
 constexpr std::uint32_t kMinutesPerDay = 24 * 60;
 constexpr std::uint32_t kTenths = 10;
 constexpr std::uint32_t kDaily = 1; ///< kind of an exception: its days follow one another
@@ -28,10 +27,15 @@ std::uint32_t lengthInMinutes(std::uint32_t start, std::uint32_t end) {
     return end == 0 ? kMinutesPerDay - start : 0;
 }
 
-void writeRanges(MPPData& data, const MPPRangeList& ranges) {
+using RangesBlock = RowBuilder<58>;
+using DayBlock = RowBuilder<60>;
+using WeekBlock = RowBuilder<7 * 60>;
+
+RangesBlock rangesBlock(const MPPRangeList& ranges) {
+    RangesBlock block;
     if (ranges.empty()) {
-        data.writeZeroesBlockOfSize(kRangesBlockSize);
-        return;
+        block.at(0).zeroes(58);
+        return block;
     }
     if (ranges.size() > kMaxRanges)
         throw Exception(kTooManyRangesException, "Not more than 5 time ranges can be written to a calendar");
@@ -49,7 +53,6 @@ void writeRanges(MPPData& data, const MPPRangeList& ranges) {
         runningTotals[i] = total;
     }
 
-    RowBuilder<kRangesBlockSize> block;
     block.at(0).lowWord(ranges.size());
     block.at(2).integer(total);
     for (std::size_t i = 0; i < kMaxRanges; ++i)
@@ -59,20 +62,26 @@ void writeRanges(MPPData& data, const MPPRangeList& ranges) {
         block.at(18 + 4 * i).integer(lengths[i]);
     for (std::size_t i = 0; i < kMaxRanges; ++i)
         block.at(38 + 4 * i).integer(runningTotals[i]);
-    block.end(data);
+    return block;
 }
 
-// 60 bytes. A day without a list of its own takes its hours from the base calendar.
-void writeWorkingDay(MPPData& data, const MPPRangeList* ranges) {
-    static const MPPRangeList kNoRanges;
-    data.write2ByteInteger(ranges ? 0 : 1);
-    writeRanges(data, ranges ? *ranges : kNoRanges);
+// A day without a list of its own takes its hours from the base calendar.
+DayBlock dayBlock(const MPPRangeList* ranges) {
+    DayBlock block;
+    block.at(0).word(ranges ? 0 : 1);
+    block.at(2).row(ranges ? rangesBlock(*ranges) : rangesBlock({}));
+    return block;
 }
 
 // Seven days, Sunday first.
-void writeWeek(MPPData& data, const MPPCalendarWorkWeek& week) {
-    for (const MPPDayRanges* day : week.days())
-        writeWorkingDay(data, day->get());
+WeekBlock weekBlock(const MPPCalendarWorkWeek& week) {
+    WeekBlock block;
+    std::size_t offset = 0;
+    for (const MPPDayRanges* day : week.days()) {
+        block.at(offset).row(dayBlock(day->get()));
+        offset += 60;
+    }
+    return block;
 }
 
 // A length in bytes, then the text and its terminator; no text is a length of 0 alone.
@@ -88,25 +97,29 @@ void writeAlignedName(MPPData& data, const std::optional<std::string>& name) {
     data.writeZeroesBlockOfSize(length % 4);
 }
 
-void writeCalendarException(MPPData& data, const MPPCalendarException& exception) {
-    data.writeDaysFromDate(exception.startDate);
-    data.writeDaysFromDate(exception.endDate);
-    data.write2ByteInteger(exception.numberOfDays);
-    data.writeZeroesBlockOfSize(8);
-    writeRanges(data, exception.workRanges);
-    data.writeInteger(kDaily);
-    data.writeInteger(0); // meaning unknown, any number in real files
-    data.writeInteger(exception.number);
-    data.writeInteger(0); // meaning unknown, any number in real files
+void writeCalendarException(MPPData& data, const MPPCalendarException& exception, DateEncoder& dates) {
+    RowBuilder<88> row;
+    row.at(0).days(dates(exception.startDate));
+    row.at(2).days(dates(exception.endDate));
+    row.at(4).word(exception.numberOfDays);
+    row.at(6).zeroes(8);
+    row.at(14).row(rangesBlock(exception.workRanges));
+    row.at(72).integer(kDaily);
+    row.at(76).integer(0); // meaning unknown, any number in real files
+    row.at(80).integer(exception.number);
+    row.at(84).integer(0); // meaning unknown, any number in real files
+    row.end(data);
     writeAlignedName(data, exception.name);
 }
 
-void writeWorkWeek(MPPData& data, const MPPCalendarWorkWeek& week, std::uint32_t number) {
-    writeWeek(data, week);
-    data.writeDaysFromDate(week.startDate);
-    data.writeDaysFromDate(week.endDate);
-    data.writeInteger(number);
-    data.writeInteger(0);
+void writeWorkWeek(MPPData& data, const MPPCalendarWorkWeek& week, std::uint32_t number, DateEncoder& dates) {
+    RowBuilder<432> row;
+    row.at(0).row(weekBlock(week));
+    row.at(420).days(dates(week.startDate));
+    row.at(422).days(dates(week.endDate));
+    row.at(424).integer(number);
+    row.at(428).integer(0);
+    row.end(data);
     writeAlignedName(data, week.name);
 }
 
@@ -114,13 +127,14 @@ void writeWorkWeek(MPPData& data, const MPPCalendarWorkWeek& week, std::uint32_t
 
 void writeCalendarBlock(MPPData& data, const MPPCalendar& calendar, std::uint32_t& workWeekCounter) {
     static const MPPCalendarWorkWeek kNothingSaid;
-    writeWeek(data, calendar.defaultWorkWeek ? *calendar.defaultWorkWeek : kNothingSaid);
+    DateEncoder dates;
+    weekBlock(calendar.defaultWorkWeek ? *calendar.defaultWorkWeek : kNothingSaid).end(data);
     data.writeInteger(static_cast<std::uint32_t>(calendar.exceptions.size()));
     for (const auto& exception : calendar.exceptions)
-        writeCalendarException(data, *exception);
+        writeCalendarException(data, *exception, dates);
     data.writeInteger(static_cast<std::uint32_t>(calendar.workWeeks.size()));
     for (const auto& week : calendar.workWeeks) {
-        writeWorkWeek(data, *week, workWeekCounter);
+        writeWorkWeek(data, *week, workWeekCounter, dates);
         ++workWeekCounter; // behind the week: one that raises takes no number
     }
 }

@@ -23,6 +23,8 @@ constexpr std::string_view kTooManyBaselines = "It is not permitted to write mor
 constexpr std::uint16_t kDescriptionEnding = 3904; // 0x0F40
 constexpr std::size_t kFixedRowSize = 142;
 constexpr std::size_t kFixed2RowSize = 48;
+using AssignmentRecord = IndexRecord<34>;
+using SecondAssignmentRecord = IndexRecord<53, AssignmentRow::SecondBlock>;
 
 // Types of elements in "Var2Data".
 constexpr std::uint64_t kPlannedWorkType = 49;
@@ -248,8 +250,6 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
 
 namespace {
 
-using AssignmentRecord = IndexRecord<34>;
-
 void writeHoleFixedMeta(MPPFixedMeta& fixedMeta) {
     constexpr std::uint32_t kHole = 2;
     AssignmentRecord record;
@@ -313,9 +313,8 @@ void MPP12AssignmentWriter::writeFixed2Data() {
 
 namespace {
 
-using SecondAssignmentRecord = IndexRecord<53, AssignmentRow::SecondBlock>;
-
-// More fields than there are elements. The budgets of two baselines each stand in each other's place.
+// Meanings known from real files, bits as the format's table has them: more than there are elements, and the budgets of
+// two baselines each in the other's place.
 void setBitsOfBaselines(SecondAssignmentRecord& record, std::size_t baselines) {
     for (std::size_t i = 0; i < baselines; ++i) {
         const std::size_t budget = AssignmentRow::BudgetOfBaseline1 + AssignmentRow::BudgetRowsOfBaseline * (i ^ 1);
@@ -323,7 +322,7 @@ void setBitsOfBaselines(SecondAssignmentRecord& record, std::size_t baselines) {
         const std::size_t baseline = AssignmentRow::Baseline1 + AssignmentRow::RowsOfBaseline * i;
         record.bits(baseline, baseline + 6);
     }
-    record.bit(AssignmentRow::Element652); // not written; nor are the bits of the two below set without baselines
+    record.bit(AssignmentRow::Element652); // one that is never written
     record.bit(AssignmentRow::Element665);
     record.bit(AssignmentRow::Element667);
 }

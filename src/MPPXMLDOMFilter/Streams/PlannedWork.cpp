@@ -77,8 +77,10 @@ void writeConnection(MPPData& data, const MPPAssignmentPhase& phase, double tota
 }
 
 void writePhases(MPPData& data, const std::vector<MPPAssignmentPhase>& phases, std::uint32_t share) {
-    data.writeInteger(0);
-    data.writeInteger(kPhasesMark);
+    RowBuilder<8> head;
+    head.at(0).integer(0);
+    head.at(4).integer(kPhasesMark);
+    head.end(data);
     double total = 0;
     for (std::size_t i = 0; i < phases.size(); ++i) {
         total += phases[i].work;

@@ -46,19 +46,30 @@ public:
     /// Seconds in; tenths of a minute in the row.
     void duration(double seconds) { integer(std::bit_cast<std::uint32_t>(saturatingCut<std::int32_t>(seconds / 6.0))); }
     void date(EncodedDate date) { integer(date.bytes); }
+    /// The days alone.
+    void days(EncodedDate date) { store(static_cast<std::uint16_t>(date.bytes >> 16)); }
     void guid(const Guid& guid) { bytes(guid.bytes()); }
     void zeroes(std::size_t count) { static_cast<void>(reserve(count)); }
     void bytes(std::span<const std::uint8_t> values) {
         std::copy(values.begin(), values.end(), reserve(values.size()));
     }
 
-    /// Appends the finished row.
-    void end(MPPData& data) {
-        at(Size);
-        data.writeData(_bytes);
+    /// A finished row of its own.
+    template <std::size_t InnerSize>
+    void row(const RowBuilder<InnerSize>& inner) {
+        bytes(inner.finished());
     }
+
+    /// The bytes of the finished row.
+    [[nodiscard]] std::span<const std::uint8_t> finished() const {
+        if (_reached != Size) [[unlikely]]
+            failRowOffset(Size, _reached, Size);
+        return _bytes;
+    }
+    /// Appends the finished row.
+    void end(MPPData& data) const { data.writeData(finished()); }
     /// The same, the row being an element of its own.
-    void endElement(MPPOffsetMarkedData& data) {
+    void endElement(MPPOffsetMarkedData& data) const {
         data.startNewElement();
         end(data);
         data.closeCurrentElement();
