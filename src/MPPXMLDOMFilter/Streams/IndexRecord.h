@@ -23,6 +23,8 @@ namespace brackwater {
 template <std::size_t Size, std::size_t FirstRow = 0>
 class IndexRecord {
 public:
+    static constexpr std::size_t kSize = Size;
+
     constexpr void bit(std::size_t mapRow, bool isSet = true) {
         const std::size_t place = mapRow - FirstRow; // huge for a row in front of the first
         if (place >= 8 * kSizeOfBits) [[unlikely]]

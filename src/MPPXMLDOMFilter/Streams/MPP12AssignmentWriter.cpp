@@ -7,7 +7,6 @@
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StorageElements.h"
-#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 #include "Platform/Log/Log.h"
 
 #include <algorithm>
@@ -77,15 +76,8 @@ std::uint16_t MPP12AssignmentWriter::getaselineFinishTypeForIndex(std::size_t in
     return baselineType(kBaselineFinishTypes, index);
 }
 
-void MPP12AssignmentWriter::writeSteps() {
-    writeVar2Data();
-    writeVarMeta();
-    writeFixedData();
-    writeFixedMeta();
-    writeFixed2Data();
-    writeFixed2Meta();
-    copyChildFromTemplate("Props");
-    noteRows(MPPRowKind::Assignment, *_fixedData, _var2Data.get());
+RowStorageLayout MPP12AssignmentWriter::layout() const {
+    return {.kind = MPPRowKind::Assignment, .descriptionEnding = kDescriptionEnding};
 }
 
 // "Var2Data" and its index, in the same order: an element is found by its place, not by its type.
@@ -108,24 +100,18 @@ void MPP12AssignmentWriter::visitElements(const MPPAssignment& assignment, Visit
     element(kType667, zeroes(16));
 }
 
-void MPP12AssignmentWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+void MPP12AssignmentWriter::writeVar2Data(StreamOutput& stream) {
     _momentOfWriting = _dates(Date::now());
-    ElementPayloads payloads(*_var2Data);
+    ElementPayloads payloads(var2Data());
     stream.writeEach(RecordsInOrder(project().assignments),
                      [&](const MPPAssignment& assignment) { visitElements(assignment, payloads); });
-    stream.finish();
 }
 
-void MPP12AssignmentWriter::writeVarMeta() {
-    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
-    StreamOutput stream(writer(), "VarMeta", varMeta);
-    varMeta.writeMetaHeader();
+void MPP12AssignmentWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) {
     stream.writeEach(RecordsInOrder(project().assignments), [&](const MPPAssignment& assignment) {
         ElementRecords records(varMeta, assignment.ID);
         visitElements(assignment, records);
     });
-    stream.finish();
 }
 
 // "FixedData" and its index: a row for each ID up to the last. After preprocessing every ID has its assignment.
@@ -143,8 +129,7 @@ const MPPAssignment* MPP12AssignmentWriter::assignmentWithID(std::uint64_t id) c
     return found == project().idToAssignmentMap().end() ? nullptr : found->second;
 }
 
-void MPP12AssignmentWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData", *_fixedData);
+void MPP12AssignmentWriter::writeFixedData(StreamOutput& stream) {
     const std::uint64_t last = lastID();
     for (std::uint64_t id = 1; id <= last; ++id) {
         if (const MPPAssignment* assignment = assignmentWithID(id))
@@ -153,14 +138,13 @@ void MPP12AssignmentWriter::writeFixedData() {
             writeHoleFixedData(id);
         stream.flush();
     }
-    stream.finish();
 }
 
 void MPP12AssignmentWriter::writeHoleFixedData(std::uint64_t id) {
     RowBuilder<kFixedRowSize> row;
     row.at(0).lowInteger(id);
     row.at(4).zeroes(138);
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
 namespace {
@@ -245,7 +229,7 @@ void MPP12AssignmentWriter::writeAssignmentFixedData(const MPPAssignment& assign
     row.at(118).real(assignment.remainingCost);
     row.at(126).real(baseline.cost);
     row.at(134).zeroes(8);
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
 namespace {
@@ -280,10 +264,7 @@ void MPP12AssignmentWriter::writeAssignmentFixedMeta(MPPFixedMeta& fixedMeta, co
     record.end(fixedMeta, elements.count() << 16);
 }
 
-void MPP12AssignmentWriter::writeFixedMeta() {
-    MPPFixedMeta fixedMeta(_fixedData);
-    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
-    fixedMeta.writeMetaHeader();
+void MPP12AssignmentWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) {
     const std::uint64_t last = lastID();
     for (std::uint64_t id = 1; id <= last; ++id) {
         if (const MPPAssignment* assignment = assignmentWithID(id))
@@ -292,23 +273,20 @@ void MPP12AssignmentWriter::writeFixedMeta() {
             writeHoleFixedMeta(fixedMeta);
         stream.flush();
     }
-    stream.finish();
 }
 
 // "Fixed2Data" and its index.
 
-void MPP12AssignmentWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+void MPP12AssignmentWriter::writeFixed2Data(StreamOutput& stream) {
     for (const auto& assignment : RecordsInOrder(project().assignments)) {
         const MPPResource* resource = assignment->resource.record();
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(assignment->GUID());
         row.at(16).guid(taskOf(*assignment).GUID());
         row.at(32).guid(resource ? resource->GUID() : kNoResourceGuid);
-        row.endElement(*_fixed2Data);
+        row.endElement(fixed2Data());
         stream.flush();
     }
-    stream.finish();
 }
 
 namespace {
@@ -329,10 +307,7 @@ void setBitsOfBaselines(SecondAssignmentRecord& record, std::size_t baselines) {
 
 } // namespace
 
-void MPP12AssignmentWriter::writeFixed2Meta() {
-    MPPFixedMeta fixed2Meta(_fixed2Data);
-    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
-    fixed2Meta.writeMetaHeader();
+void MPP12AssignmentWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
     for (const auto& assignment : RecordsInOrder(project().assignments)) {
         SecondAssignmentRecord record;
         record.bit(AssignmentRow::SecondBlock);
@@ -345,7 +320,6 @@ void MPP12AssignmentWriter::writeFixed2Meta() {
         record.end(fixed2Meta, 0);
         stream.flush();
     }
-    stream.finish();
 }
 
 void MPP12AssignmentWriter::preprocessProject(MPPProject& project) {

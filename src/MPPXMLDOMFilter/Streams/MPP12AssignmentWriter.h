@@ -1,24 +1,19 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 #include "MPPXMLDOMFilter/Streams/DateEncoder.h"
-#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPRowStorageWriter.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <unordered_map>
 
 namespace brackwater {
 
 /// Writes the storage "TBkndAssn": which resource works on which task.
-class MPP12AssignmentWriter : public MPPStreamWriter {
+class MPP12AssignmentWriter : public MPPRowStorageWriter {
 public:
-    using MPPStreamWriter::MPPStreamWriter;
+    using MPPRowStorageWriter::MPPRowStorageWriter;
 
     /// Runs once before any stream is written: drops assignments without a task, sorts the others by ID, numbers them
     /// from 1 and moves first baselines out.
@@ -30,7 +25,13 @@ public:
     [[nodiscard]] static std::uint16_t getaselineFinishTypeForIndex(std::size_t index);
 
 protected:
-    void writeSteps() override;
+    [[nodiscard]] RowStorageLayout layout() const override;
+    void writeVar2Data(StreamOutput& stream) override;
+    void writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) override;
+    void writeFixedData(StreamOutput& stream) override;
+    void writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) override;
+    void writeFixed2Data(StreamOutput& stream) override;
+    void writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) override;
 
 private:
     /// A text of a log line that neighbours often share.
@@ -38,13 +39,6 @@ private:
         std::uint64_t bits = 0;
         std::string text;
     };
-
-    void writeVar2Data();
-    void writeVarMeta();
-    void writeFixedData();
-    void writeFixedMeta();
-    void writeFixed2Data();
-    void writeFixed2Meta();
 
     /// The elements of an assignment, type beside payload; raises TooManyBaselinesException past 10.
     template <typename Visitor>
@@ -60,9 +54,6 @@ private:
     /// Null for an ID that no assignment has.
     [[nodiscard]] const MPPAssignment* assignmentWithID(std::uint64_t id) const;
 
-    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
-    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
-    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
     EncodedDate _momentOfWriting{};
     std::string _logLine; ///< kept for its memory

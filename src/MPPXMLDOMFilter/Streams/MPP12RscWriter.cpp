@@ -3,7 +3,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
 #include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
-#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
@@ -79,15 +78,14 @@ std::uint32_t MPP12RscWriter::calculateResourcePositionInResourceSheet(std::int3
     return static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(static_cast<double>(n) + 1.0) >> 32);
 }
 
-void MPP12RscWriter::writeSteps() {
-    writeVar2Data();
-    writeVarMeta();
-    writeFixedData();
-    writeFixedMeta();
-    writeFixed2Data();
-    writeFixed2Meta();
-    writeProps();
-    noteRows(MPPRowKind::Resource, *_fixedData, _var2Data.get());
+RowStorageLayout MPP12RscWriter::layout() const {
+    return {.kind = MPPRowKind::Resource,
+            .descriptionEnding = kDescriptionEnding,
+            .headerRows = {.count = 3,
+                           .bit = ResourceRow::Header,
+                           .fixedMetaSize = ResourceRecord::kSize,
+                           .fixed2RowSize = kFixed2RowSize,
+                           .fixed2MetaSize = SecondResourceRecord::kSize}};
 }
 
 // "Var2Data" and its index. The elements are found by their owner and type, and stand in two orders.
@@ -151,33 +149,24 @@ void visitElements(const MPPResource& resource, Order order, Visitor element) {
 
 } // namespace
 
-void MPP12RscWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    TypedElementPayloads(*_var2Data, kHeaderOwnerID)(kHeaderType, zeroes(kHeaderElementSize));
+void MPP12RscWriter::writeVar2Data(StreamOutput& /*stream*/) {
+    TypedElementPayloads(var2Data(), kHeaderOwnerID)(kHeaderType, zeroes(kHeaderElementSize));
     for (const auto& resource : project().resources)
-        visitElements(*resource, Order::OfPayloads, TypedElementPayloads(*_var2Data, resource->ID));
-    stream.finish();
+        visitElements(*resource, Order::OfPayloads, TypedElementPayloads(var2Data(), resource->ID));
 }
 
-void MPP12RscWriter::writeVarMeta() {
-    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
-    StreamOutput stream(writer(), "VarMeta", varMeta);
-    varMeta.writeMetaHeader();
+void MPP12RscWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& /*stream*/) {
     varMeta.writeElementMetaWithType(kHeaderType, kHeaderOwnerID);
     for (const auto& resource : project().resources)
         visitElements(*resource, Order::OfIndex, FoundElementRecords(varMeta, resource->ID));
-    stream.finish();
 }
 
 // "FixedData" and its index.
 
-void MPP12RscWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData", *_fixedData);
-    writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
+void MPP12RscWriter::writeFixedData(StreamOutput& /*stream*/) {
     writeDefaultFixedData();
     for (const auto& resource : project().resources)
         writeRscFixedData(*resource);
-    stream.finish();
 }
 
 void MPP12RscWriter::writeDefaultFixedData() {
@@ -195,7 +184,7 @@ void MPP12RscWriter::writeDefaultFixedData() {
     row.at(36).real(0.0);
     row.at(44).real(10000.0);
     row.at(52).zeroes(136);
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
 void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
@@ -230,7 +219,7 @@ void MPP12RscWriter::writeRscFixedData(const MPPResource& resource) {
     row.at(164).real(resource.getOvertimeCost());
     row.at(172).real(resource.getActualOvertimeCost());
     row.at(180).real(resource.getRemainingOvertimeCost());
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
 namespace {
@@ -279,31 +268,23 @@ void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, std
 
 } // namespace
 
-void MPP12RscWriter::writeFixedMeta() {
-    MPPFixedMeta fixedMeta(_fixedData);
-    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
-    fixedMeta.writeMetaHeader();
-    writeHeaderRecords<ResourceRecord>(fixedMeta, kHeaderRows, ResourceRow::Header);
+void MPP12RscWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& /*stream*/) {
     writeDefaultFixedMeta(fixedMeta);
     bool isFirst = true;
     for (const auto& resource : project().resources) {
-        const std::uint32_t start = startValueOf(*resource, *_var2Data, project().bookkeeping != nullptr);
+        const std::uint32_t start = startValueOf(*resource, var2Data(), project().bookkeeping != nullptr);
         writeRscFixedMeta(fixedMeta, *resource, start, isFirst);
         isFirst = false;
     }
-    stream.finish();
 }
 
 // "Fixed2Data" and its index.
 
-void MPP12RscWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, kFixed2RowSize);
+void MPP12RscWriter::writeFixed2Data(StreamOutput& /*stream*/) {
     std::int32_t place = 0;
     writeRscFixed2Data(*project().defaultResource(), place);
     for (const auto& resource : project().resources)
         writeRscFixed2Data(*resource, ++place);
-    stream.finish();
 }
 
 void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_t place) {
@@ -312,7 +293,7 @@ void MPP12RscWriter::writeRscFixed2Data(const MPPResource& resource, std::int32_
     row.at(16).integer(0); // the lower half of the double whose upper half follows
     row.at(20).integer(calculateResourcePositionInResourceSheet(place));
     row.at(24).guid(resource.GUID());
-    row.endElement(*_fixed2Data);
+    row.endElement(fixed2Data());
 }
 
 namespace {
@@ -342,15 +323,10 @@ void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
 
 } // namespace
 
-void MPP12RscWriter::writeFixed2Meta() {
-    MPPFixedMeta fixed2Meta(_fixed2Data);
-    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
-    fixed2Meta.writeMetaHeader();
-    writeEmptyHeaderRecords<SecondResourceRecord>(fixed2Meta, kHeaderRows);
+void MPP12RscWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& /*stream*/) {
     kEverySecond.end(fixed2Meta, 0); // the default row's
     for (const auto& resource : project().resources)
         writeRscFixed2Meta(fixed2Meta, *resource);
-    stream.finish();
 }
 
 // "Props": the template's, unless the project names text fields.

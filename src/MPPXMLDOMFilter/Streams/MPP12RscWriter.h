@@ -1,23 +1,18 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 #include "MPPXMLDOMFilter/Streams/DateEncoder.h"
-#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPRowStorageWriter.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 
 namespace brackwater {
 
 /// Writes the storage "TBkndRsc": a default row for work without a resource and a row for every resource. All streams
 /// but "Props" stay whole in memory until they are written.
-class MPP12RscWriter : public MPPStreamWriter {
+class MPP12RscWriter : public MPPRowStorageWriter {
 public:
-    using MPPStreamWriter::MPPStreamWriter;
+    using MPPRowStorageWriter::MPPRowStorageWriter;
 
     /// Runs once before any stream is written: drops the first resource with ID 0, whose place is the default row's,
     /// numbers the others from 1 and moves first baselines out.
@@ -33,24 +28,20 @@ public:
     [[nodiscard]] static std::uint32_t calculateResourcePositionInResourceSheet(std::int32_t n);
 
 protected:
-    void writeSteps() override;
+    [[nodiscard]] RowStorageLayout layout() const override;
+    void writeVar2Data(StreamOutput& stream) override;
+    void writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) override;
+    void writeFixedData(StreamOutput& stream) override;
+    void writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) override;
+    void writeFixed2Data(StreamOutput& stream) override;
+    void writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) override;
+    void writeProps() override;
 
 private:
-    void writeVar2Data();
-    void writeVarMeta();
-    void writeFixedData();
-    void writeFixedMeta();
-    void writeFixed2Data();
-    void writeFixed2Meta();
-    void writeProps();
-
     void writeDefaultFixedData();
     void writeRscFixedData(const MPPResource& resource);
     void writeRscFixed2Data(const MPPResource& resource, std::int32_t place);
 
-    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
-    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
-    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
 };
 

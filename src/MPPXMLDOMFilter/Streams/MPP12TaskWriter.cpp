@@ -3,7 +3,6 @@
 #include "MPPXMLDOMFilter/Buffers/MPPProps.h"
 #include "MPPXMLDOMFilter/Streams/CustomFieldProps.h"
 #include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
-#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
@@ -74,15 +73,14 @@ std::uint16_t MPP12TaskWriter::getTextFieldTypeForIndex(std::size_t index) {
     return typeForIndex(kTextFieldTypes, index, kUnknownTextFieldException, kTextFieldTypeUnknown);
 }
 
-void MPP12TaskWriter::writeSteps() {
-    writeVar2Data();
-    writeVarMeta();
-    writeFixedData();
-    writeFixedMeta();
-    writeFixed2Data();
-    writeFixed2Meta();
-    writeProps();
-    noteRows(MPPRowKind::Task, *_fixedData, _var2Data.get());
+RowStorageLayout MPP12TaskWriter::layout() const {
+    return {.kind = MPPRowKind::Task,
+            .descriptionEnding = kDescriptionEnding,
+            .headerRows = {.count = 3,
+                           .bit = TaskRow::Header,
+                           .fixedMetaSize = TaskRecord::kSize,
+                           .fixed2RowSize = hasLongFixed2Rows() ? kLongFixed2RowSize : kFixed2RowSize,
+                           .fixed2MetaSize = SecondTaskRecord::kSize}};
 }
 
 // "Var2Data" and its index. The elements of a task are found by their order, not by type: a text or baseline past the
@@ -118,18 +116,13 @@ void MPP12TaskWriter::visitElementsBehindTitle(const MPPTask& task, Visitor& ele
     }
 }
 
-void MPP12TaskWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
-    ElementPayloads payloads(*_var2Data);
+void MPP12TaskWriter::writeVar2Data(StreamOutput& stream) {
+    ElementPayloads payloads(var2Data());
     visitElements(project(), payloads);
     stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { visitElements(task, payloads); });
-    stream.finish();
 }
 
-void MPP12TaskWriter::writeVarMeta() {
-    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
-    StreamOutput stream(writer(), "VarMeta", varMeta);
-    varMeta.writeMetaHeader();
+void MPP12TaskWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) {
     std::uint64_t taskID = 0;
     ElementRecords projectRecords(varMeta, taskID);
     visitElements(project(), projectRecords);
@@ -137,17 +130,13 @@ void MPP12TaskWriter::writeVarMeta() {
         ElementRecords records(varMeta, ++taskID);
         visitElements(task, records);
     });
-    stream.finish();
 }
 
 // "FixedData" and its index.
 
-void MPP12TaskWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData", *_fixedData);
-    writeFixedDataHeaderRows(*_fixedData, kHeaderRows);
+void MPP12TaskWriter::writeFixedData(StreamOutput& stream) {
     writeTaskFixedData(project());
     stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixedData(task); });
-    stream.finish();
 }
 
 void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
@@ -216,18 +205,13 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
     row.at(232).real(baseline.cost);
     row.at(240).zeroes(16);
     row.at(256).real(baseline.fixedCost);
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
-void MPP12TaskWriter::writeFixedMeta() {
-    MPPFixedMeta fixedMeta(_fixedData);
-    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
-    fixedMeta.writeMetaHeader();
-    writeHeaderRecords<TaskRecord>(fixedMeta, kHeaderRows, TaskRow::Header);
+void MPP12TaskWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) {
     writeTaskFixedMeta(project(), fixedMeta);
     stream.writeEach(RecordsInOrder(project().tasks),
                      [&](const MPPTask& task) { writeTaskFixedMeta(task, fixedMeta); });
-    stream.finish();
 }
 
 namespace {
@@ -284,12 +268,9 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
 
 // "Fixed2Data" and its index.
 
-void MPP12TaskWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    writeZeroHeaderRows(*_fixed2Data, kHeaderRows, hasLongFixed2Rows() ? kLongFixed2RowSize : kFixed2RowSize);
+void MPP12TaskWriter::writeFixed2Data(StreamOutput& stream) {
     writeTaskFixed2Data(project());
     stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixed2Data(task); });
-    stream.finish();
 }
 
 bool MPP12TaskWriter::hasLongFixed2Rows() const {
@@ -322,18 +303,13 @@ void MPP12TaskWriter::writeFixed2Row(const MPPTask& task) {
     row.at(kTail + 4).integer(isProjectRow ? 0x00400003 : 0x00040003);
     row.at(kTail + 8).word(0);
     row.at(kTail + 10).date(_dates(isProjectRow ? std::nullopt : task.getEarlyStart()));
-    row.endElement(*_fixed2Data);
+    row.endElement(fixed2Data());
 }
 
-void MPP12TaskWriter::writeFixed2Meta() {
-    MPPFixedMeta fixed2Meta(_fixed2Data);
-    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
-    fixed2Meta.writeMetaHeader();
-    writeEmptyHeaderRecords<SecondTaskRecord>(fixed2Meta, kHeaderRows);
+void MPP12TaskWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
     writeTaskFixed2Meta(project(), fixed2Meta);
     stream.writeEach(RecordsInOrder(project().tasks),
                      [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
-    stream.finish();
 }
 
 namespace {

@@ -1,22 +1,17 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 #include "MPPXMLDOMFilter/Streams/DateEncoder.h"
-#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPRowStorageWriter.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 
 namespace brackwater {
 
 /// Writes the storage "TBkndTask": a row for the project and one for every task, in seven streams.
-class MPP12TaskWriter : public MPPStreamWriter {
+class MPP12TaskWriter : public MPPRowStorageWriter {
 public:
-    using MPPStreamWriter::MPPStreamWriter;
+    using MPPRowStorageWriter::MPPRowStorageWriter;
 
     /// Runs once, first of its kind, before any stream is written: lets the project stand in for a single top task,
     /// numbers the tasks from 1, gives each a parent, adds the fixed cost to the cost and moves first baselines out.
@@ -25,17 +20,16 @@ public:
     [[nodiscard]] static std::uint16_t getTextFieldTypeForIndex(std::size_t index);
 
 protected:
-    void writeSteps() override;
+    [[nodiscard]] RowStorageLayout layout() const override;
+    void writeVar2Data(StreamOutput& stream) override;
+    void writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) override;
+    void writeFixedData(StreamOutput& stream) override;
+    void writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) override;
+    void writeFixed2Data(StreamOutput& stream) override;
+    void writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) override;
+    void writeProps() override;
 
 private:
-    void writeVar2Data();
-    void writeVarMeta();
-    void writeFixedData();
-    void writeFixedMeta();
-    void writeFixed2Data();
-    void writeFixed2Meta();
-    void writeProps();
-
     /// The elements of a row, type beside payload. The project's own has its title alone unless it is as a task's.
     template <typename Visitor>
     void visitElements(const MPPTask& task, Visitor& element);
@@ -52,9 +46,6 @@ private:
     void writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const;
     [[nodiscard]] bool isProject(const MPPTask& task) const noexcept { return &task == &project(); }
 
-    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
-    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
-    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
     DateEncoder _dates;
 };
 

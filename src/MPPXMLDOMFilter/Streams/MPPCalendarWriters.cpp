@@ -2,12 +2,10 @@
 
 #include "MPPXMLDOMFilter/Streams/CalendarBlock.h"
 #include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
-#include "MPPXMLDOMFilter/Streams/HeaderRows.h"
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StorageElements.h"
-#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 #include "Platform/Values/Exception.h"
 
 #include <algorithm>
@@ -51,19 +49,19 @@ bool MPPCalendarStreamWriter::definesAnything(const MPPCalendar& calendar) {
            !calendar.workWeeks.empty();
 }
 
-void MPPCalendarStreamWriter::writeSteps() {
-    writeVar2Data();
-    writeVarMeta();
-    writeFixedData();
-    writeFixedMeta();
-    writeFixed2Data();
-    writeFixed2Meta();
-    noteRows(MPPRowKind::Calendar, *_fixedData, _var2Data.get());
+RowStorageLayout MPPCalendarStreamWriter::layout() const {
+    return {.kind = MPPRowKind::Calendar,
+            .descriptionEnding = kDescriptionEnding,
+            .headerRows = {.count = 4,
+                           .bit = CalendarRow::Header,
+                           .fixedMetaSize = CalendarRecord::kSize,
+                           .fixed2RowSize = kFixed2RowSize,
+                           .fixed2MetaSize = SecondCalendarRecord::kSize}};
 }
 
-// "Var2Data" and its index. The default resource's calendar has no elements.
+// "Var2Data" and its index.
 
-// The elements of a calendar, type beside payload.
+// The elements of a calendar, type beside payload. The default resource's has none.
 template <typename Visitor>
 void MPPCalendarStreamWriter::visitElements(const MPPCalendar& calendar, Visitor element) {
     if (hasText(calendar.name))
@@ -72,30 +70,22 @@ void MPPCalendarStreamWriter::visitElements(const MPPCalendar& calendar, Visitor
         element(kBlockType, [&](MPPData& data) { writeCalendarBlock(data, calendar, workWeekCounter()); });
 }
 
-void MPPCalendarStreamWriter::writeVar2Data() {
-    StreamOutput stream(writer(), "Var2Data", *_var2Data);
+void MPPCalendarStreamWriter::writeVar2Data(StreamOutput& stream) {
     const auto write = [&](const MPPCalendar& calendar) {
-        visitElements(calendar, TypedElementPayloads(*_var2Data, calendar.ID));
+        visitElements(calendar, TypedElementPayloads(var2Data(), calendar.ID));
     };
     write(standardCalendar(project()));
     stream.writeEach(project().baseCalendars, write);
     stream.writeEach(project().resources, [&](const MPPResource& resource) { write(calendarOf(resource)); });
-    stream.finish();
 }
 
-void MPPCalendarStreamWriter::writeVarMeta() {
-    MPP12VarMeta varMeta(_var2Data, kDescriptionEnding);
-    StreamOutput stream(writer(), "VarMeta", varMeta);
-    varMeta.writeMetaHeader();
+void MPPCalendarStreamWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) {
     const auto write = [&](const MPPCalendar& calendar) {
         visitElements(calendar, ElementRecords(varMeta, calendar.ID));
     };
     write(standardCalendar(project()));
-    for (const auto& calendar : project().baseCalendars)
-        write(*calendar);
-    for (const auto& resource : project().resources)
-        write(calendarOf(*resource));
-    stream.finish();
+    stream.writeEach(project().baseCalendars, write);
+    stream.writeEach(project().resources, [&](const MPPResource& resource) { write(calendarOf(resource)); });
 }
 
 // "FixedData" and its index.
@@ -117,17 +107,14 @@ void writeResourceCalendarFixedData(MPPFixedData& fixedData, const MPPResource& 
 
 } // namespace
 
-void MPPCalendarStreamWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData", *_fixedData);
-    writeFixedDataHeaderRows(*_fixedData, kCalendarHeaderRows);
-    writeCalendarFixedData(*_fixedData, standardCalendar(project()).ID, kNone, kNone);
-    writeResourceCalendarFixedData(*_fixedData, *project().defaultResource());
+void MPPCalendarStreamWriter::writeFixedData(StreamOutput& stream) {
+    writeCalendarFixedData(fixedData(), standardCalendar(project()).ID, kNone, kNone);
+    writeResourceCalendarFixedData(fixedData(), *project().defaultResource());
     stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
-        writeCalendarFixedData(*_fixedData, calendar.ID, kNone, kNone);
+        writeCalendarFixedData(fixedData(), calendar.ID, kNone, kNone);
     });
     stream.writeEach(project().resources,
-                     [&](const MPPResource& resource) { writeResourceCalendarFixedData(*_fixedData, resource); });
-    stream.finish();
+                     [&](const MPPResource& resource) { writeResourceCalendarFixedData(fixedData(), resource); });
 }
 
 namespace {
@@ -150,14 +137,10 @@ std::uint32_t startOfNamedRow(std::uint64_t number) { return static_cast<std::ui
 std::uint32_t MPPCalendarStreamWriter::startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const {
     if (!project().bookkeeping)
         return usual;
-    return static_cast<std::uint32_t>(_var2Data->numberOfElementsForID(calendar.ID)) << 16;
+    return static_cast<std::uint32_t>(var2Data().numberOfElementsForID(calendar.ID)) << 16;
 }
 
-void MPPCalendarStreamWriter::writeFixedMeta() {
-    MPPFixedMeta fixedMeta(_fixedData);
-    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
-    fixedMeta.writeMetaHeader();
-    writeHeaderRecords<CalendarRecord>(fixedMeta, kCalendarHeaderRows, CalendarRow::Header);
+void MPPCalendarStreamWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) {
     const MPPCalendar& standard = standardCalendar(project());
     writeCalendarFixedMeta(fixedMeta, true, standardRowTellsBlock(standard),
                            startValueOf(standard, startOfNamedRow(standard.ID)));
@@ -172,7 +155,6 @@ void MPPCalendarStreamWriter::writeFixedMeta() {
         writeCalendarFixedMeta(fixedMeta, false, isTold,
                                isTold ? startValueOf(calendar, startValueOfResourceBlock()) : 0);
     });
-    stream.finish();
 }
 
 // "Fixed2Data" and its index.
@@ -189,35 +171,30 @@ void writeCalendarFixed2Data(MPPFixedData& fixed2Data, const Guid& first, const 
 
 } // namespace
 
-void MPPCalendarStreamWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
-    writeZeroHeaderRows(*_fixed2Data, kCalendarHeaderRows, kFixed2RowSize);
-    writeCalendarFixed2Data(*_fixed2Data, standardCalendar(project()).GUID(), Guid(), Guid());
+void MPPCalendarStreamWriter::writeFixed2Data(StreamOutput& stream) {
+    writeCalendarFixed2Data(fixed2Data(), standardCalendar(project()).GUID(), Guid(), Guid());
     const MPPCalendar& defaultCalendar = calendarOf(*project().defaultResource());
-    writeCalendarFixed2Data(*_fixed2Data, defaultCalendar.GUID(), defaultCalendar.GUID(),
+    writeCalendarFixed2Data(fixed2Data(), defaultCalendar.GUID(), defaultCalendar.GUID(),
                             baseCalendarGuid(defaultCalendar));
-    for (const auto& calendar : project().baseCalendars)
-        writeCalendarFixed2Data(*_fixed2Data, calendar->GUID(), Guid(), Guid());
+    stream.writeEach(project().baseCalendars, [&](const MPPCalendar& calendar) {
+        writeCalendarFixed2Data(fixed2Data(), calendar.GUID(), Guid(), Guid());
+    });
     // Here it is the resource's GUID, not its calendar's.
-    for (const auto& resource : project().resources)
-        writeCalendarFixed2Data(*_fixed2Data, resource->GUID(), resource->GUID(),
-                                baseCalendarGuid(calendarOf(*resource)));
-    stream.finish();
+    stream.writeEach(project().resources, [&](const MPPResource& resource) {
+        writeCalendarFixed2Data(fixed2Data(), resource.GUID(), resource.GUID(), baseCalendarGuid(calendarOf(resource)));
+    });
 }
 
-void MPPCalendarStreamWriter::writeFixed2Meta() {
-    MPPFixedMeta fixed2Meta(_fixed2Data);
-    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
-    fixed2Meta.writeMetaHeader();
-    writeEmptyHeaderRecords<SecondCalendarRecord>(fixed2Meta, kCalendarHeaderRows);
+void MPPCalendarStreamWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
     SecondCalendarRecord record;
     record.bits(CalendarRow::SecondBlock, CalendarRow::BaseCalendarGuid);
     SecondCalendarRecord standard = record;
     standard.bit(CalendarRow::IsStandard);
     standard.end(fixed2Meta, 0);
-    for (std::size_t i = 0; i < 1 + project().baseCalendars.size() + project().resources.size(); ++i)
+    for (std::size_t i = 0; i < 1 + project().baseCalendars.size() + project().resources.size(); ++i) {
         record.end(fixed2Meta, 0);
-    stream.finish();
+        stream.flush();
+    }
 }
 
 namespace {
@@ -232,11 +209,6 @@ bool MPP12CalendarWriter::calendarDataShouldBeWritten(const MPPCalendar& calenda
     if (!calendar.baseCalendar.record() && calendar.ID != kStandardID && calendar.ID != kDefaultID)
         return true;
     return calendar.ID != kDefaultID && definesAnything(calendar);
-}
-
-void MPP12CalendarWriter::writeSteps() {
-    MPPCalendarStreamWriter::writeSteps();
-    copyChildFromTemplate("Props");
 }
 
 std::uint32_t& MPP12CalendarWriter::workWeekCounter() const {

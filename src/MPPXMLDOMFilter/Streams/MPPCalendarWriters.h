@@ -1,25 +1,25 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPP12VarMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
-#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
-#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
+#include "MPPXMLDOMFilter/Streams/MPPRowStorageWriter.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace brackwater {
 
 /// What the 2007 and the 2010 layout of "TBkndCal" share: every calendar of the project in one order (standard, the
-/// default resource's, base, of resources) in six streams.
-class MPPCalendarStreamWriter : public MPPStreamWriter {
+/// default resource's, base, of resources).
+class MPPCalendarStreamWriter : public MPPRowStorageWriter {
 public:
-    using MPPStreamWriter::MPPStreamWriter;
+    using MPPRowStorageWriter::MPPRowStorageWriter;
 
 protected:
-    /// The six streams.
-    void writeSteps() override;
+    [[nodiscard]] RowStorageLayout layout() const override;
+    void writeVar2Data(StreamOutput& stream) override;
+    void writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) override;
+    void writeFixedData(StreamOutput& stream) override;
+    void writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) override;
+    void writeFixed2Data(StreamOutput& stream) override;
+    void writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) override;
 
     /// Whether the calendar has a block of its own beside its name.
     [[nodiscard]] virtual bool hasBlock(const MPPCalendar& calendar) const = 0;
@@ -34,20 +34,9 @@ protected:
     [[nodiscard]] static bool definesAnything(const MPPCalendar& calendar);
 
 private:
-    void writeVar2Data();
-    void writeVarMeta();
-    void writeFixedData();
-    void writeFixedMeta();
-    void writeFixed2Data();
-    void writeFixed2Meta();
-
     template <typename Visitor>
     void visitElements(const MPPCalendar& calendar, Visitor element);
     [[nodiscard]] std::uint32_t startValueOf(const MPPCalendar& calendar, std::uint32_t usual) const;
-
-    std::shared_ptr<MPPVar2Data> _var2Data = std::make_shared<MPPVar2Data>();
-    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
-    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
 };
 
 /// Writes "TBkndCal" of the 2007 layout, the folder "   112".
@@ -61,8 +50,6 @@ public:
     [[nodiscard]] static bool calendarDataShouldBeWritten(const MPPCalendar& calendar);
 
 protected:
-    /// The six streams and the template's "Props".
-    void writeSteps() override;
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }
@@ -80,6 +67,7 @@ public:
     [[nodiscard]] static bool calendarDataShouldBeWritten(const MPPCalendar& calendar);
 
 protected:
+    void writeProps() override {}
     [[nodiscard]] bool hasBlock(const MPPCalendar& calendar) const override {
         return calendarDataShouldBeWritten(calendar);
     }

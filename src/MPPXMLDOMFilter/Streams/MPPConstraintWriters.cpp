@@ -1,11 +1,9 @@
 #include "MPPXMLDOMFilter/Streams/MPPConstraintWriters.h"
 
-#include "MPPXMLDOMFilter/Buffers/MPPFixedMeta.h"
 #include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
-#include "MPPXMLDOMFilter/Streams/StreamOutput.h"
 
 namespace brackwater {
 
@@ -24,20 +22,11 @@ Guid guidOf(const TaskReference& task) { return task.record() ? task.record()->G
 
 } // namespace
 
-void MPPConstraintStreamWriter::writeSteps() {
-    copyChildFromTemplate("VarMeta");
-    writeFixedData();
-    writeFixedMeta();
-    writeFixed2Data();
-    writeFixed2Meta();
-    noteRows(MPPRowKind::Link, *_fixedData, nullptr);
-}
+RowStorageLayout MPPConstraintStreamWriter::layout() const { return {.kind = MPPRowKind::Link}; }
 
-void MPPConstraintStreamWriter::writeFixedData() {
-    StreamOutput stream(writer(), "FixedData", *_fixedData);
+void MPPConstraintStreamWriter::writeFixedData(StreamOutput& stream) {
     stream.writeEach(RecordsInOrder(project().constraints),
                      [&](const MPPConstraint& constraint) { writeConstraintFixedData(constraint); });
-    stream.finish();
 }
 
 void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& constraint) {
@@ -52,13 +41,10 @@ void MPPConstraintStreamWriter::writeConstraintFixedData(const MPPConstraint& co
         row.integer(static_cast<std::uint32_t>(saturatingCut<std::int32_t>(constraint.lag)));
     else
         row.duration(lagInSeconds(constraint.lag));
-    row.endElement(*_fixedData);
+    row.endElement(fixedData());
 }
 
-void MPPConstraintStreamWriter::writeFixedMeta() {
-    MPPFixedMeta fixedMeta(_fixedData);
-    StreamOutput stream(writer(), "FixedMeta", fixedMeta);
-    fixedMeta.writeMetaHeader();
+void MPPConstraintStreamWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) {
     IndexRecord<10> record;
     record.bit(LinkRow::UniqueID);
     record.bits(LinkRow::PredecessorID, LinkRow::Lag);
@@ -66,38 +52,26 @@ void MPPConstraintStreamWriter::writeFixedMeta() {
         record.end(fixedMeta, 0);
         stream.flush();
     }
-    stream.finish();
 }
 
-void MPPConstraintStreamWriter::writeFixed2Data() {
-    StreamOutput stream(writer(), "Fixed2Data", *_fixed2Data);
+void MPPConstraintStreamWriter::writeFixed2Data(StreamOutput& stream) {
     for (const auto& constraint : RecordsInOrder(project().constraints)) {
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(constraint->GUID());
         row.at(16).guid(guidOf(constraint->task1));
         row.at(32).guid(guidOf(constraint->task2));
-        row.endElement(*_fixed2Data);
+        row.endElement(fixed2Data());
         stream.flush();
     }
-    stream.finish();
 }
 
-void MPPConstraintStreamWriter::writeFixed2Meta() {
-    MPPFixedMeta fixed2Meta(_fixed2Data);
-    StreamOutput stream(writer(), "Fixed2Meta", fixed2Meta);
-    fixed2Meta.writeMetaHeader();
+void MPPConstraintStreamWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
     IndexRecord<9, LinkRow::SecondBlock> record;
     record.bits(LinkRow::SecondBlock, LinkRow::SuccessorGuid);
     for (std::size_t i = 0; i < project().constraints.size(); ++i) {
         record.end(fixed2Meta, 0);
         stream.flush();
     }
-    stream.finish();
-}
-
-void MPP12ConstraintWriter::writeSteps() {
-    MPPConstraintStreamWriter::writeSteps();
-    copyChildFromTemplate("Props");
 }
 
 } // namespace brackwater

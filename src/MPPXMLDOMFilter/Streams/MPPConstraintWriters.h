@@ -1,35 +1,27 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Streams/MPPStreamWriter.h"
-
-#include <cstdint>
-#include <memory>
+#include "MPPXMLDOMFilter/Streams/MPPRowStorageWriter.h"
 
 namespace brackwater {
 
 /// What the 2007 and the 2010 layout of "TBkndCons" share: the links between tasks in list order. "VarMeta" is the
 /// template's.
-class MPPConstraintStreamWriter : public MPPStreamWriter {
+class MPPConstraintStreamWriter : public MPPRowStorageWriter {
 public:
-    using MPPStreamWriter::MPPStreamWriter;
+    using MPPRowStorageWriter::MPPRowStorageWriter;
 
 protected:
-    /// "VarMeta" and the four fixed streams.
-    void writeSteps() override;
+    [[nodiscard]] RowStorageLayout layout() const override;
+    void writeFixedData(StreamOutput& stream) override;
+    void writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) override;
+    void writeFixed2Data(StreamOutput& stream) override;
+    void writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) override;
 
     /// What the layout takes for the seconds of a lag that is a time.
     [[nodiscard]] virtual double lagInSeconds(double lag) const = 0;
 
 private:
-    void writeFixedData();
-    void writeFixedMeta();
-    void writeFixed2Data();
-    void writeFixed2Meta();
     void writeConstraintFixedData(const MPPConstraint& constraint);
-
-    std::shared_ptr<MPPFixedData> _fixedData = std::make_shared<MPPFixedData>();
-    std::shared_ptr<MPPFixedData> _fixed2Data = std::make_shared<MPPFixedData>();
 };
 
 /// Writes "TBkndCons" of the 2007 layout, the folder "   112": a lag is in tenths of a minute already.
@@ -38,8 +30,6 @@ public:
     using MPPConstraintStreamWriter::MPPConstraintStreamWriter;
 
 protected:
-    /// "Props" of the template goes along.
-    void writeSteps() override;
     [[nodiscard]] double lagInSeconds(double lag) const override { return lag * 6.0; }
 };
 
@@ -49,6 +39,7 @@ public:
     using MPPConstraintStreamWriter::MPPConstraintStreamWriter;
 
 protected:
+    void writeProps() override {}
     [[nodiscard]] double lagInSeconds(double lag) const override { return lag; }
 };
 

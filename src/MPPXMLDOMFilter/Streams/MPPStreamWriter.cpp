@@ -26,14 +26,6 @@ bool MPPStreamWriter::writeDataForProject(MPPProject* project) {
     }
 }
 
-void MPPStreamWriter::noteRows(MPPRowKind kind, const MPPFixedData& fixedData, const MPPVar2Data* var2Data) const {
-    if (!project().bookkeeping)
-        return;
-    MPPBookkeeping::Rows& rows = project().bookkeeping->of(kind);
-    rows.count = static_cast<std::uint32_t>(fixedData.elementsCount());
-    rows.var2DataSize = var2Data ? static_cast<std::uint32_t>(var2Data->cumulativeDataSize()) : 0;
-}
-
 void MPPStreamWriter::writeEntry(MPPData& data) {
     if (!flushData(data, writer()))
         failWriteToStream(writer().getName());

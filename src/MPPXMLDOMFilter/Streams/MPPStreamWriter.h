@@ -1,7 +1,5 @@
 #pragma once
 
-#include "MPPXMLDOMFilter/Buffers/MPPFixedData.h"
-#include "MPPXMLDOMFilter/Buffers/MPPVar2Data.h"
 #include "MPPXMLDOMFilter/Container/MPPWriter.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
 
@@ -22,8 +20,6 @@ protected:
 
     /// The project being written; valid inside `writeSteps`.
     [[nodiscard]] const MPPProject& project() const noexcept { return *_project; }
-    /// Notes the numbers of a finished storage of rows where the file keeps them; `var2Data` may be null.
-    void noteRows(MPPRowKind kind, const MPPFixedData& fixedData, const MPPVar2Data* var2Data) const;
     /// For an entry that is itself a stream: writes the whole of it.
     void writeEntry(MPPData& data);
 
