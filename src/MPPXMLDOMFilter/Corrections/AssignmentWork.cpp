@@ -65,7 +65,6 @@ void correctWork(MPPProject& project, const AssignmentIndex& assignments) {
     for (const auto& assignment : project.assignments) {
         assignment->unitOfMaterial = kFullUnits;
         assignment->row48 = assignment->resource.isUnset() ? 0 : 1;
-        assignment->marksMissingBaselines = false;
     }
     std::vector<WorkShare> shares;
     correctWorkOfTask(project, assignments.ofTask(project), shares);

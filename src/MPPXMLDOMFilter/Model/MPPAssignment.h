@@ -75,10 +75,7 @@ struct MPPAssignment {
     std::vector<MPPAssignmentPhase> assignmentPhases;
     std::unique_ptr<MPPWorkOverTime> workOverTime; ///< stands for `assignmentPhases`; null in an exact export
 
-    // Meanings unknown: real files hold 0 in the first one for work without a resource, and have nothing of the second
-    // in the marks of the baselines 1 to 10 of an assignment that has none.
-    std::uint32_t row48 = 1;
-    bool marksMissingBaselines = true;
+    std::uint32_t row48 = 1; ///< meaning unknown: real files hold 0 for work without a resource
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     void setGUID(const Guid& guid) noexcept { _GUID = guid; }

@@ -291,9 +291,18 @@ void MPP12AssignmentWriter::writeFixed2Data(StreamOutput& stream) {
 
 namespace {
 
-// Meanings known from real files, bits as the format's table has them: more than there are elements, and the budgets of
-// two baselines each in the other's place.
-void setBitsOfBaselines(SecondAssignmentRecord& record, std::size_t baselines) {
+// The elements that exist: start, finish and work of each baseline, 634, 665 and 667.
+void markElements(SecondAssignmentRecord& record, std::size_t baselines) {
+    for (std::size_t i = 0; i < baselines; ++i) {
+        const std::size_t baseline = AssignmentRow::Baseline1 + AssignmentRow::RowsOfBaseline * i;
+        record.bits(baseline, baseline + 2);
+    }
+    record.bit(AssignmentRow::Element665);
+    record.bit(AssignmentRow::Element667);
+}
+
+// What an exact export marks: more than there are elements, and the budgets of two baselines each in the other's place.
+void markExactly(SecondAssignmentRecord& record, std::size_t baselines) {
     for (std::size_t i = 0; i < baselines; ++i) {
         const std::size_t budget = AssignmentRow::BudgetOfBaseline1 + AssignmentRow::BudgetRowsOfBaseline * (i ^ 1);
         record.bits(budget, budget + 1);
@@ -315,8 +324,10 @@ void MPP12AssignmentWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutp
         record.bits(AssignmentRow::Flag208, AssignmentRow::Flag209);
         record.bits(AssignmentRow::TaskGuid, AssignmentRow::ResourceGuid);
         record.bit(AssignmentRow::MomentOfWriting);
-        if (!assignment->baselines.empty() || assignment->marksMissingBaselines)
-            setBitsOfBaselines(record, assignment->baselines.size());
+        if (marksElementsOnly())
+            markElements(record, assignment->baselines.size());
+        else
+            markExactly(record, assignment->baselines.size());
         record.end(fixed2Meta, 0);
         stream.flush();
     }

@@ -248,18 +248,20 @@ void writeDefaultFixedMeta(MPPFixedMeta& fixedMeta) {
     record.end(fixedMeta, 0x00010000);
 }
 
-void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, std::uint32_t start, bool isFirst) {
+void writeRscFixedMeta(MPPFixedMeta& fixedMeta, const MPPResource& resource, std::uint32_t start, bool isFirst,
+                       bool marksElementsOnly) {
     const bool isWork = resource.getResourceType() == 0;
     ResourceRecord record = kEveryResource;
     record.bit(ResourceRow::OfTypeWork, isWork);
     record.bit(ResourceRow::HasNotes, resource.hasNotes());
     record.bit(ResourceRow::Flag12, isWork);
     record.bit(ResourceRow::Flag13, !isWork);
-    record.bit(ResourceRow::Flag15, !isWork || !isFirst);
+    record.bit(ResourceRow::Flag15, !marksElementsOnly && (!isWork || !isFirst));
     record.bits(ResourceRow::Name, ResourceRow::Initials);
     record.bit(ResourceRow::Group, resource.hasGroup());
     record.bit(ResourceRow::Code, resource.hasCode());
-    record.bit(ResourceRow::EmailAddress, resource.hasCode()); // not that of the address: as the format's table has it
+    // An exact export marks the address where there is a code.
+    record.bit(ResourceRow::EmailAddress, marksElementsOnly ? resource.hasEmailAddress() : resource.hasCode());
     for (std::size_t position = 1; position <= kTextFieldTypes.size(); ++position)
         record.bit(ResourceRow::text(position), resource.hasCustomFieldText(position));
     record.bit(ResourceRow::Notes, resource.hasNotes());
@@ -273,7 +275,7 @@ void MPP12RscWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& /*str
     bool isFirst = true;
     for (const auto& resource : project().resources) {
         const std::uint32_t start = startValueOf(*resource, var2Data(), project().bookkeeping != nullptr);
-        writeRscFixedMeta(fixedMeta, *resource, start, isFirst);
+        writeRscFixedMeta(fixedMeta, *resource, start, isFirst, marksElementsOnly());
         isFirst = false;
     }
 }
@@ -307,16 +309,17 @@ constexpr SecondResourceRecord kEverySecond = [] {
     return record;
 }();
 
-// All ten baselines count as there when there is one.
-void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
+// An exact export marks all ten baselines when there is one.
+void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource, bool marksElementsOnly) {
     SecondResourceRecord record = kEverySecond;
     record.bit(ResourceRow::Flag227, resource.getResourceType() == 0);
     record.bit(ResourceRow::OfTypeCost, resource.isCostResource());
     record.bit(ResourceRow::Budget, resource.getBudget());
     for (std::size_t i = 0; i < kWorkBaselineTypes.size(); ++i) {
         const std::size_t work = ResourceRow::Baseline1 + ResourceRow::RowsOfBaseline * i;
-        record.bit(work, !resource.baselines.empty());
-        record.bit(work + 1, !resource.baselines.empty());
+        const bool isMarked = marksElementsOnly ? i < resource.baselines.size() : !resource.baselines.empty();
+        record.bit(work, isMarked);
+        record.bit(work + 1, isMarked);
     }
     record.end(fixed2Meta, 0);
 }
@@ -326,7 +329,7 @@ void writeRscFixed2Meta(MPPFixedMeta& fixed2Meta, const MPPResource& resource) {
 void MPP12RscWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& /*stream*/) {
     kEverySecond.end(fixed2Meta, 0); // the default row's
     for (const auto& resource : project().resources)
-        writeRscFixed2Meta(fixed2Meta, *resource);
+        writeRscFixed2Meta(fixed2Meta, *resource, marksElementsOnly());
 }
 
 // "Props": the template's, unless the project names text fields.

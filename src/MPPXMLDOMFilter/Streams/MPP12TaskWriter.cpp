@@ -324,10 +324,12 @@ constexpr SecondTaskRecord kEverySecondTask = [] {
 
 void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
     SecondTaskRecord record = kEverySecondTask;
-    // More fields than the baseline has elements.
     for (std::size_t i = 0; i < std::min(task.baselines.size(), kMaxBaselines); ++i) {
         const std::size_t baseline = TaskRow::Baseline1 + TaskRow::RowsOfBaseline * i;
-        record.bits(baseline, baseline + 6);
+        record.bits(baseline, baseline + 5);
+        if (marksElementsOnly())
+            continue;
+        record.bit(baseline + 6);
         record.bits(baseline + 8, baseline + 9);
         const std::size_t more = TaskRow::MoreOfBaseline1 + TaskRow::MoreRowsOfBaseline * i;
         record.bits(more, more + 4);
