@@ -8,12 +8,15 @@ import fcntl
 import json
 import os
 import pathlib
+import pty
 import re
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 
 import jsonschema
@@ -254,8 +257,30 @@ def a_reader_that_does_not_read():
         run.communicate()
 
 
-for test in (rows, lists, names_of_outputs, log_and_report, nothing_is_forged, outputs_that_cannot_be_written, interrupted,
-             a_reader_that_does_not_read):
+def progress_on_a_terminal():
+    for quiet, columns in ([], 40), ([], 20), (["-q"], 40):
+        with Place() as place:
+            terminal, theirs = pty.openpty()
+            fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("4H", 24, columns, 0, 0))
+            with subprocess.Popen([COMMAND, *quiet, "-o", "out", *[HOUSE] * 20], cwd=place.path, stdout=subprocess.DEVNULL,
+                                  stderr=theirs):
+                os.close(theirs)
+                shown = ""
+                with open(terminal, "rb", buffering=0) as screen:
+                    try:
+                        while piece := screen.read(65536):
+                            shown += piece.decode()
+                    except OSError:  # the last writer is gone
+                        pass
+            steps = [line for line in shown.split("\r\x1b[K") if line]
+            check(bool(steps) != bool(quiet) and shown.endswith("\x1b[K" if steps else ""), "steps, taken away", shown)
+            check(all(re.match(r"\d+ of 20 done; ", line) and len(line) < columns for line in steps), "a line each", *steps)
+            step = r"lb: (loading|comparing|(mapping|writing)( \d+ %)?)$"
+            check(columns == 20 or all(re.search(step, line) for line in steps), "phase and share", *steps)
+
+
+for test in (rows, lists, progress_on_a_terminal, names_of_outputs, log_and_report, nothing_is_forged,
+             outputs_that_cannot_be_written, interrupted, a_reader_that_does_not_read):
     test()
 print("all as expected" if failures == 0 else f"{failures} failed")
 sys.exit(failures > 0)
