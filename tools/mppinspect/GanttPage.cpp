@@ -156,7 +156,8 @@ private:
         const std::size_t digits = std::max<std::size_t>(fmt::format_int(lastId).size(), 3);
         out() += fmt::format("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
                              "<meta http-equiv=\"Content-Security-Policy\" "
-                             "content=\"default-src 'none'; style-src 'unsafe-inline'\">\n"
+                             "content=\"default-src 'none'; style-src 'unsafe-inline'; "
+                             "base-uri 'none'; form-action 'none'\">\n"
                              "<meta name=\"viewport\" content=\"width=device-width\">\n<title>{}</title>\n<style>\n"
                              ":root{{--ids:{}px;--least:{}px;--paper:",
                              heading, 13 + 7 * digits, share(_scale.width()));

@@ -87,7 +87,8 @@ TEST_F(GanttPage, LetsNoTextOfThePlanBecomeMarkup) {
     EXPECT_THAT(text, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt;&lt;img src=&quot;http://x&quot; "
                                 "onerror=&#39;y&#39;&gt;&amp;&#10; [2J end"));
     EXPECT_EQ(timesIn(text, "<meta http-equiv=\"Content-Security-Policy\" "
-                            "content=\"default-src 'none'; style-src 'unsafe-inline'\">"),
+                            "content=\"default-src 'none'; style-src 'unsafe-inline'; "
+                            "base-uri 'none'; form-action 'none'\">"),
               1U);
 }
 

@@ -56,7 +56,7 @@ page.close()
 assert not page.open, ("not closed", page.open)
 assert page.used <= page.ids, page.used - page.ids
 style = text[text.index("<style>"):text.index("</style>")]
-assert """content="default-src 'none'; style-src 'unsafe-inline'">""" in text
+assert """content="default-src 'none'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'">""" in text
 assert "http:" not in text and "https:" not in text and "@import" not in style and "url(" not in style
 
 plan = json.loads(subprocess.run([tool, "--json", path], check=True, stdout=subprocess.PIPE).stdout)
