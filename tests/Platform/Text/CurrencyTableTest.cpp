@@ -7,6 +7,7 @@ namespace {
 
 TEST(CurrencyTable, SymbolOfOneCurrencyGivesItsCode) {
     EXPECT_EQ(currencyCodeForSymbol("\u20AC"), "EUR");
+    EXPECT_EQ(currencyCodeForSymbol("\u00A3"), "GBP");
     EXPECT_EQ(currencyCodeForSymbol("CHF"), "CHF");
     EXPECT_EQ(currencyCodeForSymbol("z\u0142"), "PLN");
     EXPECT_EQ(currencyCodeForSymbol("\u20AA"), "ILS");
