@@ -87,9 +87,9 @@ SignalsHeldBack::SignalsHeldBack() {
     sigemptyset(&requests);
     for (const int request : kRequests)
         sigaddset(&requests, request);
-    sigprocmask(SIG_BLOCK, &requests, &_maskBefore);
+    pthread_sigmask(SIG_BLOCK, &requests, &_maskBefore);
 }
 
-SignalsHeldBack::~SignalsHeldBack() { sigprocmask(SIG_SETMASK, &_maskBefore, nullptr); }
+SignalsHeldBack::~SignalsHeldBack() { pthread_sigmask(SIG_SETMASK, &_maskBefore, nullptr); }
 
 } // namespace brackwater

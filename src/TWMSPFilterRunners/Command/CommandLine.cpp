@@ -1,5 +1,6 @@
 #include "TWMSPFilterRunners/Command/CommandLine.h"
 
+#include "Platform/Values/Processors.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 
 #include <fmt/format.h>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <memory>
 #include <numeric>
-#include <sched.h>
 #include <string_view>
 
 namespace brackwater {
@@ -28,13 +28,6 @@ constexpr std::string_view kEnd =
     "Without -o each file is written beside its bundle. An output that exists is kept, and the new one gets a number.\n"
     "Exit status: 0 all exported, 1 one or more failed, 2 wrong usage, 3 something was lost (--fail-on-loss),\n"
     "130 interrupted.\n";
-
-unsigned processorsOfThisProcess() {
-    cpu_set_t processors;
-    CPU_ZERO(&processors);
-    const int count = sched_getaffinity(0, sizeof(processors), &processors) == 0 ? CPU_COUNT(&processors) : 1;
-    return std::clamp(static_cast<unsigned>(count), 1U, kMostJobs);
-}
 
 class Help : public CLI::Formatter {
 public:
@@ -83,7 +76,7 @@ std::string optionNear(const CLI::App& app, std::string_view typed) {
 class CommandLine {
 public:
     CommandLine() {
-        _options.jobs = processorsOfThisProcess();
+        _options.jobs = std::min(static_cast<unsigned>(usableProcessors()), kMostJobs);
         _app.formatter(std::make_shared<Help>());
         _app.set_help_flag("-h,--help", "show this");
         _app.set_version_flag("--version", fmt::format("brackwater {}", BRACKWATER_VERSION), "show the version");

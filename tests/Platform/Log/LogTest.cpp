@@ -13,7 +13,9 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
+#include <sched.h>
 #include <span>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <sys/wait.h>
@@ -63,18 +65,57 @@ TEST(Log, LineBeginsWithLocalTimeAndProcess) {
                 testing::MatchesRegex(prefix + "plain \\{\\} text\n" + prefix + "formatted and 42\n"));
 }
 
-TEST(Log, AllLinesArriveInOrderAtExit) {
+void useOneProcessor() {
+    cpu_set_t processors;
+    CPU_ZERO(&processors);
+    CPU_SET(static_cast<std::size_t>(sched_getcpu()), &processors);
+    sched_setaffinity(0, sizeof(processors), &processors);
+}
+
+void logNumbers(int count) {
+    for (int i = 0; i < count; ++i)
+        logLine("line {}", i);
+}
+
+std::string withoutPrefixes(const std::string& log) {
+    std::string texts;
+    std::istringstream lines(log);
+    for (std::string line; std::getline(lines, line); texts += '\n')
+        texts += line.substr(std::min(line.find("] "), line.size()));
+    return texts;
+}
+
+TEST(Log, AllLinesArriveInOrderAtExitFromAnyNumberOfProcessors) {
     constexpr int count = 50'000;
-    const Outcome outcome = runInChild([] {
-        for (int i = 0; i < count; ++i)
-            logLine("line {}", i);
-    });
-    EXPECT_EQ(std::count(outcome.standardError.begin(), outcome.standardError.end(), '\n'), count);
-    EXPECT_TRUE(endsIn(outcome.standardError, "line 49999\n"));
-    std::size_t at = 0;
-    for (int i = 0; i < count && at != std::string::npos; ++i)
-        at = outcome.standardError.find("line " + std::to_string(i) + "\n", at);
-    EXPECT_NE(at, std::string::npos);
+    std::string wanted;
+    for (int i = 0; i < count; ++i)
+        wanted += "] line " + std::to_string(i) + "\n";
+    for (const bool hasOneProcessor : {false, true}) {
+        const Outcome outcome = runInChild([hasOneProcessor] {
+            if (hasOneProcessor)
+                useOneProcessor();
+            logNumbers(count);
+        });
+        EXPECT_EQ(withoutPrefixes(outcome.standardError), wanted) << hasOneProcessor;
+    }
+}
+
+TEST(Log, ChildOfAForkWritesItsOwnLinesAlone) {
+    for (const int before : {1, 5000}) {
+        const Outcome outcome = runInChild([before] {
+            logNumbers(before);
+            const pid_t child = fork();
+            logLine("of {}", child == 0 ? "the child" : "the parent");
+            if (child != 0)
+                waitpid(child, nullptr, 0);
+        });
+        const std::string& log = outcome.standardError;
+        const std::string parent = "[" + std::to_string(outcome.process) + "] of ";
+        EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), before + 2);
+        EXPECT_NE(log.find(parent + "the parent\n"), std::string::npos);
+        EXPECT_NE(log.find("] of the child\n"), std::string::npos);
+        EXPECT_EQ(log.find(parent + "the child\n"), std::string::npos);
+    }
 }
 
 TEST(Log, MessageOfAnySizeStaysWholeAndInItsPlace) {
@@ -82,12 +123,15 @@ TEST(Log, MessageOfAnySizeStaysWholeAndInItsPlace) {
     const Outcome outcome = runInChild([&huge] {
         logLine("before");
         logLine(std::string_view(huge));
+        logLine("between");
+        logLine(std::string_view(huge));
         logLine("");
         logLine("two\nlines");
     });
     const auto position = outcome.standardError.find(huge + "\n");
     ASSERT_NE(position, std::string::npos);
     EXPECT_LT(outcome.standardError.find("before\n"), position);
+    EXPECT_LT(outcome.standardError.find("between\n"), outcome.standardError.find(huge + "\n", position + 1));
     EXPECT_TRUE(endsIn(outcome.standardError, "two\nlines\n"));
 }
 
@@ -103,6 +147,8 @@ TEST(Log, NothingIsLostWhenTheProcessDies) {
         const Outcome killed = runInChild([signalNumber] {
             // A background process of a script is born with some of them ignored, and that stays.
             std::signal(signalNumber, SIG_DFL);
+            if (signalNumber != SIGINT)
+                logNumbers(20'000);
             logLine("last words");
             raise(signalNumber);
         });
