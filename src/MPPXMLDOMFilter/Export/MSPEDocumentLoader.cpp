@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
 #include "Platform/Log/Log.h"
+#include "Platform/Threads/SideBySide.h"
 #include "Platform/Values/Exception.h"
 #include "Platform/Xml/XMLDescription.h"
 #include "TWMSPCommon/MSPCExtensions.h"
@@ -9,6 +10,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -58,25 +62,43 @@ std::optional<std::string> pathInsideBundle(std::string_view filename) {
     return fmt::format("{}", fmt::join(components, "/"));
 }
 
-/// The scenarios' documents of one bundle. A file is read once, however many scenarios name it.
+/// The documents of the scenarios that are exported. A file is read once, however many scenarios name it, and the files
+/// are read side by side.
 class ScenarioFiles {
 public:
-    explicit ScenarioFiles(const FileURL& bundleUrl) : _bundleUrl(bundleUrl) {}
+    ScenarioFiles(const FileURL& bundleUrl, const std::vector<XMLElement>& scenarios, int threads) {
+        for (const XMLElement scenario : scenarios)
+            if (const auto path = pathInsideBundle(filenameOf(scenario)))
+                _files.try_emplace(*path, File{bundleUrl.urlByAppendingPathComponent(*path), _files.size(), nullptr});
+        std::vector<std::function<void()>> readings(_files.size());
+        for (auto& [path, file] : _files)
+            readings[file.reading] = [&file = file] { file.document = newXmlDocFromUrl(file.url); };
+        _readings.emplace(std::move(readings), threads);
+    }
 
     std::shared_ptr<XMLDocument> documentOf(XMLElement scenario) {
-        const std::string filename = scenario.attributeForName("filename").value_or("");
+        const std::string filename = filenameOf(scenario);
         const auto path = pathInsideBundle(filename);
         if (!path)
             raiseLoadFailure(fmt::format("'{}' does not lie inside the bundle", filename));
-        std::shared_ptr<XMLDocument>& document = _documents[*path];
-        if (!document)
-            document = newXmlDocFromUrl(_bundleUrl.urlByAppendingPathComponent(*path));
-        return document;
+        File& file = _files.at(*path);
+        if (!std::exchange(file.isTaken, true))
+            _readings->take(file.reading);
+        return file.document;
     }
 
 private:
-    const FileURL& _bundleUrl;
-    std::unordered_map<std::string, std::shared_ptr<XMLDocument>> _documents;
+    struct File {
+        FileURL url;
+        std::size_t reading; ///< its number
+        std::shared_ptr<XMLDocument> document;
+        bool isTaken = false;
+    };
+
+    static std::string filenameOf(XMLElement scenario) { return scenario.attributeForName("filename").value_or(""); }
+
+    std::unordered_map<std::string, File> _files;
+    std::optional<SideBySide> _readings;
 };
 
 /// Fails before any of them is loaded.
@@ -106,7 +128,7 @@ XMLElement frontWindowOf(XMLElement root) {
 
 } // namespace
 
-MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl) {
+MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl, int threads) {
     MSPESourceDocuments documents;
     documents.tableOfContents = newXmlDocFromUrl(bundleUrl.urlByAppendingPathComponent(kTableOfContentsName));
     const XMLElement root = documents.tableOfContents->rootElement();
@@ -118,12 +140,17 @@ MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl) {
     const auto scenarios = project.objectsForXQuery(XMLQuery("scenario"));
     if (comparisonId != documents.editingScenarioId)
         checkNumberOfBaselines(scenarios, comparisonId);
-    ScenarioFiles files(bundleUrl);
+    const auto isMain = [&](const auto& id) { return id && id == documents.editingScenarioId; };
+    const auto isExported = [&](const auto& id) { return isMain(id) || (id && id == comparisonId); };
+    std::vector<XMLElement> exported;
+    std::ranges::copy_if(scenarios, std::back_inserter(exported),
+                         [&](XMLElement scenario) { return isExported(scenario.attributeForName("id")); });
+    ScenarioFiles files(bundleUrl, exported, threads);
     for (const XMLElement scenario : scenarios) {
         const auto id = scenario.attributeForName("id");
-        if (id && id == documents.editingScenarioId) {
+        if (isMain(id)) {
             documents.mainDocument = files.documentOf(scenario);
-        } else if (id && id == comparisonId) {
+        } else if (isExported(id)) {
             documents.baselines.push_back(files.documentOf(scenario));
         } else {
             logLine("WARINING: Baseline \"{}\" will not be exported because it is not the baseline visible in the "

@@ -28,6 +28,6 @@ struct MSPESourceDocuments {
 /// Reads the table of contents and the scenarios that the front window shows; logs a warning for every other scenario
 /// and does not open it. Raises where a document cannot be read, where the table of contents lacks its project or
 /// window, and where it names more baselines than a file holds.
-[[nodiscard]] MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl);
+[[nodiscard]] MSPESourceDocuments loadSourceDocuments(const FileURL& bundleUrl, int threads = 1);
 
 } // namespace brackwater

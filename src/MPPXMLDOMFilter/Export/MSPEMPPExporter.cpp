@@ -93,7 +93,7 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, NumberedPath
     logLine("Input:  '{}'", bundleUrl.path());
     logLine("Output: '{}'", output.path());
     begin(ExportPhase::Loading);
-    MSPESourceDocuments documents = loadSourceDocuments(bundleUrl);
+    MSPESourceDocuments documents = loadSourceDocuments(bundleUrl, _threads);
 
     logLine("Mapping Tarnwick document ...");
     begin(ExportPhase::Mapping);

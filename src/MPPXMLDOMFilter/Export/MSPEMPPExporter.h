@@ -45,6 +45,8 @@ public:
     [[nodiscard]] std::size_t numberOfTasks() const noexcept { return _numberOfTasks; }
     /// Is told how far the export is; may be null, and must outlive the export.
     void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
+    /// On how many threads it may work at once, the caller's included. File and log are the same for any number.
+    void setThreads(int threads) noexcept { _threads = threads; }
 
     [[nodiscard]] const MSPEExportInfo& info() const noexcept { return _info; }
 
@@ -58,6 +60,7 @@ private:
     MSPEExportInfo _info;
     ExportMode _mode;
     ExportProgress* _progress = nullptr;
+    int _threads = 1;
     std::string _failureText;
     std::size_t _numberOfTasks = 0;
 };

@@ -9,7 +9,8 @@ namespace brackwater {
 
 /// The log facility. One message becomes one line on standard error, `YYYY-MM-DD HH:MM:SS.mmm Brackwater[pid] text`
 /// with the local wall clock; line ends inside a message stay as they are. Output is buffered, unless standard error is
-/// a terminal, and nothing logged is lost when the process ends, dies by an uncaught exception or by a signal.
+/// a terminal, and nothing logged is lost when the process ends, dies by an uncaught exception or by a signal. Only one
+/// thread of a process may log to standard error; any other has a LogSink of its own.
 void logLine(std::string_view text);
 
 /// Logs one message that stands in pieces, without putting them together first.
@@ -30,8 +31,8 @@ requires(sizeof...(Args) > 0) void logLine(fmt::format_string<Args...> text, Arg
 /// Writes out what is buffered. May be called from a signal handler.
 void flushLog();
 
-/// Where log lines go while the object lives instead of standard error: each message, without time stamp and process.
-/// Objects nest; the innermost receives.
+/// Where log lines of its thread go while the object lives instead of standard error: each message, without time stamp
+/// and process. Objects nest; the innermost receives.
 class LogSink {
 public:
     LogSink();

@@ -118,7 +118,7 @@ private:
     static void onDoctype(void* context, const xmlChar* name, const xmlChar* externalId, const xmlChar* systemId);
 
     /// The library's allocations do not tell for whom they are.
-    static constinit Reading* present;
+    static constinit thread_local Reading* present;
     struct Presence {
         explicit Presence(Reading* reading) { present = reading; }
         ~Presence() { present = nullptr; }
@@ -137,7 +137,7 @@ private:
     std::string _lastFault;
 };
 
-constinit Reading* Reading::present = nullptr;
+constinit thread_local Reading* Reading::present = nullptr;
 
 std::unique_ptr<Tree> Reading::read(XMLSource& source, std::string& reason) {
     _source = &source;
@@ -409,6 +409,8 @@ void prepareXMLLibrary() {
         xmlSetExternalEntityLoader(loadNothing);
         xmlSetGenericErrorFunc(nullptr, printNothing);
         xmlSetStructuredErrorFunc(nullptr, tellNothing);
+        xmlThrDefSetGenericErrorFunc(nullptr, printNothing);
+        xmlThrDefSetStructuredErrorFunc(nullptr, tellNothing);
         return true;
     }();
 }

@@ -5,6 +5,7 @@
 #include "Platform/Files/TextFile.h"
 #include "Platform/Log/Log.h"
 #include "Platform/Values/Exception.h"
+#include "Platform/Values/Processors.h"
 
 #include <filesystem>
 #include <system_error>
@@ -150,7 +151,9 @@ void BrackwaterRunner::exportLine(const std::string& line) {
 
 bool BrackwaterRunner::exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
                                     const MSPEExportInfo& info) {
-    return MSPEMPPExporter(info).exportZelbBundle(bundleUrl, mppUrl, templateUrl);
+    MSPEMPPExporter exporter(info);
+    exporter.setThreads(usableProcessors());
+    return exporter.exportZelbBundle(bundleUrl, mppUrl, templateUrl);
 }
 
 std::string BrackwaterRunner::outputPathForBundle(const std::string& bundlePath) const {

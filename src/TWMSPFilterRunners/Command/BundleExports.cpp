@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "Platform/Log/Log.h"
+#include "Platform/Values/Processors.h"
 
 #include <fmt/format.h>
 
@@ -32,13 +33,17 @@ std::size_t workersFor(const CommandOptions& options, const ExportPlan& plan) {
     return std::min<std::size_t>(options.jobs, std::max<std::size_t>(plan.jobs.size(), 1));
 }
 
+// Processors that no worker would use otherwise.
+int threadsOfEach(std::size_t workers) { return std::max(1, usableProcessors() / static_cast<int>(workers)); }
+
 } // namespace
 
 BundleExports::BundleExports(const CommandOptions& options)
     : _options(options),
       _plan(planExports(options)), _settings{_plan.templatePath,
                                              options.exact ? ExportMode::Exact : ExportMode::Corrected,
-                                             options.replacesOutputs, options.log.has_value()},
+                                             options.replacesOutputs, threadsOfEach(workersFor(options, _plan)),
+                                             options.log.has_value()},
       _output(_stopRequests.descriptor()), _slots(WorkerPool::sizeFor(workersFor(options, _plan))),
       _board(_slots.size()), _pool(workersFor(options, _plan)), _progress(!options.quiet) {
     if (options.log)

@@ -40,6 +40,7 @@ protected:
     bool exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
                       const MSPEExportInfo& info) override {
         MSPEMPPExporter exporter(info, _settings.mode);
+        exporter.setThreads(_settings.threads);
         exporter.setProgress(&_progress);
         if (!exporter.exportZelbBundle(bundleUrl, mppUrl, templateUrl)) {
             _result.fault = exporter.failureText();

@@ -15,6 +15,7 @@ struct WorkerSettings {
     std::string templatePath; ///< absolute
     ExportMode mode = ExportMode::Corrected;
     bool replacesOutputs = false;
+    int threads = 1;        ///< of each export
     bool isLogRead = false; ///< the log goes to standard error; otherwise no line of it is made
 };
 

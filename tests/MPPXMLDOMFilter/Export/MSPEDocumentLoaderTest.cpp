@@ -23,8 +23,9 @@ constexpr std::string_view kLoadFailure = "MSPEXMLExporter.newXmlDocFromUrl: Fai
 
 class DocumentLoader : public testing::Test {
 protected:
-    MSPESourceDocuments load(const TableOfContents& contents) const {
-        return loadSourceDocuments(FileURL::fileURLWithPath(test::writeBundle(_folder, "Plan.zelb", contents), true));
+    MSPESourceDocuments load(const TableOfContents& contents, int threads = 1) const {
+        return loadSourceDocuments(FileURL::fileURLWithPath(test::writeBundle(_folder, "Plan.zelb", contents), true),
+                                   threads);
     }
 
     /// A scenario file whose first task bears the name of the file, so that documents can be told apart.
@@ -156,6 +157,24 @@ TEST_F(DocumentLoader, FileNamesStayInsideTheBundle) {
     EXPECT_EQ(nameOf(load(contents).mainDocument), "sub/inner.xml");
     contents.scenarios[0].filename = "link/../plan.xml";
     EXPECT_EQ(nameOf(load(contents).mainDocument), "Task");
+}
+
+TEST_F(DocumentLoader, FaultsAreToldInTheOrderOfTheScenariosForAnyNumberOfThreads) {
+    TableOfContents contents;
+    contents.scenarios = {{"b", "b0.xml", ""}, {"s1", "now.xml", ""}, {"b", "b1.xml", ""}, {"x", "x.xml", ""},
+                          {"b", "b0.xml", ""}, {"b", "missing", ""},  {"b", "b2.xml", ""}};
+    contents.windows = {{"s1", "b"}};
+    std::vector<std::vector<std::string>> logs;
+    for (const int threads : {1, 2, 4}) {
+        for (const char* name : {"b0.xml", "now.xml", "b1.xml", "b2.xml"})
+            _folder.write(std::string("Plan.zelb/") + name, "<scenario><a>&nobody;</a>\n<a>&nothing;</a></scenario>");
+        const test::LogCapture log;
+        test::expectException(kMSPEXMLException, kLoadFailure, [&] { (void)load(contents, threads); });
+        logs.push_back(log.lines());
+    }
+    EXPECT_EQ(logs[0].size(), 3U * 2 + 1) << "the last baseline comes after the failure";
+    EXPECT_EQ(logs[1], logs[0]);
+    EXPECT_EQ(logs[2], logs[0]);
 }
 
 } // namespace
