@@ -43,7 +43,8 @@ BundleExports::BundleExports(const CommandOptions& options)
       _plan(planExports(options)), _settings{_plan.templatePath,
                                              options.exact ? ExportMode::Exact : ExportMode::Corrected,
                                              options.replacesOutputs, threadsOfEach(workersFor(options, _plan)),
-                                             options.log.has_value()},
+                                             options.log.has_value(),
+                                             !options.quiet || options.report || options.failsOnLoss},
       _output(_stopRequests.descriptor()), _slots(WorkerPool::sizeFor(workersFor(options, _plan))),
       _board(_slots.size()), _pool(workersFor(options, _plan)), _progress(!options.quiet) {
     if (options.log)
@@ -55,7 +56,7 @@ BundleExports::BundleExports(const CommandOptions& options)
 int BundleExports::run() {
     // What it sets up is there in the workers then.
     const CompoundFileLibrary library;
-    prepareForWorkers(_settings);
+    prepareForWorkers();
     while (_stopSignal == 0) {
         beginJobs();
         tellInOrder();

@@ -47,8 +47,10 @@ protected:
             return false;
         }
         _result.tasks = exporter.numberOfTasks();
-        _progress.advance(ExportPhase::Comparing, 0, 0);
-        compare(_job.bundlePath, mppUrl.path(), _result);
+        if (_settings.comparesOutputs) {
+            _progress.advance(ExportPhase::Comparing, 0, 0);
+            compare(_job.bundlePath, mppUrl.path(), _result);
+        }
         _isComputed();
         try {
             const std::string output =
@@ -73,10 +75,7 @@ private:
 
 } // namespace
 
-void prepareForWorkers(const WorkerSettings& settings) {
-    static_cast<void>(TimeZone::system());
-    static_cast<void>(settings);
-}
+void prepareForWorkers() { static_cast<void>(TimeZone::system()); }
 
 ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, const std::string& workFolder,
                        ProgressSlot& progress, const std::function<void()>& isComputed) {

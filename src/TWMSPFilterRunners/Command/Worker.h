@@ -15,12 +15,13 @@ struct WorkerSettings {
     std::string templatePath; ///< absolute
     ExportMode mode = ExportMode::Corrected;
     bool replacesOutputs = false;
-    int threads = 1;        ///< of each export
-    bool isLogRead = false; ///< the log goes to standard error; otherwise no line of it is made
+    int threads = 1;             ///< of each export
+    bool isLogRead = false;      ///< the log goes to standard error; otherwise no line of it is made
+    bool comparesOutputs = true; ///< else the losses of the exports are unknown
 };
 
-/// Looks up what every export needs once, so that the workers begin with it.
-void prepareForWorkers(const WorkerSettings& settings);
+/// Looks up what every export needs, so that the workers begin with it.
+void prepareForWorkers();
 
 /// Exports one bundle, in a process of its own: counters, log and memory are the process's. `workFolder` is an empty
 /// folder beside the output, in which the file is made; `isComputed` is called once only the disk has to be waited for.
