@@ -37,7 +37,8 @@ public:
         if (pieces.empty())
             return {whole};
         // The counted moments are rounded to tenths of a minute, those of the assignment are not.
-        pieces.front().start = whole.start;
+        if (!beginsWithGap(assignment))
+            pieces.front().start = whole.start;
         if (pieces.back().start < whole.finish)
             pieces.back().finish = whole.finish;
         return pieces;
@@ -67,6 +68,11 @@ private:
     static bool mayBeInterrupted(const Assignment& assignment) {
         return std::ranges::any_of(assignment.complete, isGap) || std::ranges::any_of(assignment.remaining, isGap) ||
                (!assignment.complete.empty() && assignment.stop < assignment.resume);
+    }
+
+    static bool beginsWithGap(const Assignment& assignment) {
+        const std::vector<WorkPhase>& phases = assignment.complete.empty() ? assignment.remaining : assignment.complete;
+        return !phases.empty() && isGap(phases.front());
     }
 
     // Whether all moments could be found.

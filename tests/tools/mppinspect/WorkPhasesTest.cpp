@@ -87,6 +87,11 @@ TEST_F(WorkOverTime, IsInterruptedByPhasesWithoutWork) {
                 ElementsAre("2026-03-02 08:00 to 2026-03-03 10:00", "2026-03-05 10:00 to 2026-03-13 17:00"));
 }
 
+TEST_F(WorkOverTime, BeginsBehindAPhaseWithoutWork) {
+    const auto project = decoded(left({{0, false, 2}, {50, true, 52}}), done({}));
+    EXPECT_THAT(textsOf(project.assignments[0].pieces), ElementsAre("2026-03-02 10:00 to 2026-03-13 17:00"));
+}
+
 TEST_F(WorkOverTime, ThatIsLeftGoesOnWhereTheAssignmentIsResumed) {
     resumeAt(kMonday + 3, 4800);
     const auto project =
