@@ -27,9 +27,10 @@ std::uint32_t lengthInMinutes(std::uint32_t start, std::uint32_t end) {
     return end == 0 ? kMinutesPerDay - start : 0;
 }
 
+constexpr std::size_t kDaySize = 60;
 using RangesBlock = RowBuilder<58>;
-using DayBlock = RowBuilder<60>;
-using WeekBlock = RowBuilder<7 * 60>;
+using DayBlock = RowBuilder<kDaySize>;
+using WeekBlock = RowBuilder<7 * kDaySize>;
 
 RangesBlock rangesBlock(const MPPRangeList& ranges) {
     RangesBlock block;
@@ -79,7 +80,7 @@ WeekBlock weekBlock(const MPPCalendarWorkWeek& week) {
     std::size_t offset = 0;
     for (const MPPDayRanges* day : week.days()) {
         block.at(offset).row(dayBlock(day->get()));
-        offset += 60;
+        offset += kDaySize;
     }
     return block;
 }
