@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <stdexcept>
 #include <unordered_set>
 
 namespace brackwater::lossreport {
@@ -16,6 +17,8 @@ constexpr std::array<std::string_view, 7> kWeekdays{"Sunday",   "Monday", "Tuesd
 constexpr std::size_t kFirstWeekday = 6; // of day 0, 1983-12-31
 constexpr std::int64_t kDaysOfWeek = 7;
 constexpr std::int64_t kSecondsOfTenth = 6;
+/// Exceptions of all days together: where they overlap without measure, each further day costs more than the last.
+constexpr std::size_t kMostToCompare = 1'000'000;
 
 std::size_t weekdayOf(std::int64_t day) {
     return static_cast<std::size_t>((day % kDaysOfWeek + kDaysOfWeek + static_cast<std::int64_t>(kFirstWeekday)) %
@@ -105,10 +108,14 @@ public:
         std::ranges::stable_sort(exceptions, {}, &SourceException::firstDay);
         std::vector<const SourceException*> active;
         auto next = exceptions.begin();
+        std::size_t compared = 0;
         for (const std::int64_t day : daysToLookAt(exceptions)) {
             for (; next != exceptions.end() && next->firstDay <= day; ++next)
                 active.push_back(&*next);
             std::erase_if(active, [day](const SourceException* exception) { return exception->lastDay < day; });
+            compared += active.size();
+            if (compared > kMostToCompare)
+                throw std::runtime_error("the events of a calendar overlap too often to be compared");
             if (!active.empty())
                 compareDay(day, active);
         }

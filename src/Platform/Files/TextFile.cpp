@@ -119,8 +119,12 @@ std::optional<std::string> stringWithContentsOfFile(const std::string& path) {
     return text;
 }
 
-std::vector<std::string_view> componentsSeparatedByNewlines(std::string_view text) {
+std::vector<std::string_view> componentsSeparatedByNewlines(std::string_view text, bool (*isWanted)(std::string_view)) {
     std::vector<std::string_view> pieces;
+    const auto add = [&](std::string_view piece) {
+        if (isWanted(piece))
+            pieces.push_back(piece);
+    };
     std::size_t begin = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = newlineLength(text.substr(at));
@@ -128,11 +132,11 @@ std::vector<std::string_view> componentsSeparatedByNewlines(std::string_view tex
             ++at;
             continue;
         }
-        pieces.push_back(text.substr(begin, at - begin));
+        add(text.substr(begin, at - begin));
         at += length;
         begin = at;
     }
-    pieces.push_back(text.substr(begin));
+    add(text.substr(begin));
     return pieces;
 }
 

@@ -23,7 +23,9 @@ enum class FileKinds {
 
 /// The pieces between newline characters: line feed, vertical tab, form feed, carriage return, next line (U+0085), line
 /// and paragraph separator (U+2028, U+2029). Each of them separates on its own, so that a CR LF pair has an empty piece
-/// in its middle; an empty text is one empty piece. The pieces are views of `text`.
-[[nodiscard]] std::vector<std::string_view> componentsSeparatedByNewlines(std::string_view text);
+/// in its middle; an empty text is one empty piece. The pieces are views of `text`; those that are not wanted are left
+/// out.
+[[nodiscard]] std::vector<std::string_view> componentsSeparatedByNewlines(
+    std::string_view text, bool (*isWanted)(std::string_view) = [](std::string_view) { return true; });
 
 } // namespace brackwater

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <glib.h>
 #include <libxml/SAX2.h>
+#include <libxml/dict.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
@@ -32,6 +33,7 @@ constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_RECOVER | XML_PARSE_NOCDATA
 
 constexpr std::size_t kMostAttributes = 1000;
 constexpr std::size_t kMostNamespaces = 500;
+constexpr int kMostNames = 20'000;
 constexpr std::size_t kMostFaultsLogged = 100;
 
 struct FreeContext {
@@ -80,6 +82,7 @@ private:
     bool openContext();
     void setCallbacks();
     void refuse(std::string_view why);
+    void refuseManyNames();
     void report(const xmlError& fault);
     [[nodiscard]] std::optional<std::string> whyRefused(const Element* root);
     [[nodiscard]] bool hasMarkupBehindRoot();
@@ -113,6 +116,7 @@ private:
     }
     static void onInstruction(void* context, const xmlChar* target, const xmlChar* content);
     static void onReference(void* context, const xmlChar* name) {
+        of(context).refuseManyNames();
         of(context)._builder->addNode(Kind::Reference, view(name));
     }
     static void onDoctype(void* context, const xmlChar* name, const xmlChar* externalId, const xmlChar* systemId);
@@ -207,9 +211,17 @@ void Reading::refuse(std::string_view why) {
     xmlStopParser(_context.get());
 }
 
+// The library looks names up in a table that stops growing: each costs the more, the more there are. They are those of
+// elements, attributes, namespaces, entities and instructions.
+void Reading::refuseManyNames() {
+    if (xmlDictSize(_context->dict) > kMostNames)
+        refuse("it has too many different names");
+}
+
 void Reading::onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
                              int namespaceCount, const xmlChar** namespaces, int attributeCount, int,
                              const xmlChar** attributes) {
+    of(context).refuseManyNames();
     TreeBuilder& builder = *of(context)._builder;
     builder.startElement(name, prefix, uri);
     for (int i = 0; i < namespaceCount; ++i, namespaces += 2)
@@ -225,6 +237,7 @@ void Reading::onText(void* context, const xmlChar* text, int length) {
 }
 
 void Reading::onInstruction(void* context, const xmlChar* target, const xmlChar* content) {
+    of(context).refuseManyNames();
     std::string text(view(target));
     if (content != nullptr)
         text.append(" ").append(view(content));
@@ -282,6 +295,7 @@ void Reading::onBlanks(void* context, const xmlChar* blanks, int length) {
 }
 
 void Reading::report(const xmlError& fault) {
+    refuseManyNames(); // those of entities in attributes show here alone
     if (!_refusal.empty())
         return;
     // A warning repairs nothing, but a reference to an entity that nobody declared stays in the text as it stands.

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace brackwater {
 
@@ -23,7 +24,7 @@ constexpr std::size_t kOutputOfSingleExport = 4;
 constexpr std::size_t kOutputOfList = 5;
 constexpr std::size_t kFewestArguments = 4;
 
-bool isComment(std::string_view line) { return line.empty() || line.starts_with("::"); }
+bool namesBundle(std::string_view line) { return !line.empty() && !line.starts_with("::"); }
 
 bool hasExtension(std::string_view path, std::string_view lowercaseExtension) {
     return lowercaseString(pathExtension(path)) == lowercaseExtension;
@@ -68,10 +69,8 @@ void BrackwaterRunner::exportAll() {
     checkArguments();
     readTemplateUrl();
     readInputLines();
-    for (const std::string& line : _inputLines) {
-        if (!isComment(line))
-            exportLine(line);
-    }
+    for (const std::string_view line : _inputLines)
+        exportLine(std::string(line));
 }
 
 void BrackwaterRunner::checkArguments() const {
@@ -97,7 +96,8 @@ void BrackwaterRunner::readInputLines() {
         _outputArgumentIndex = kOutputOfList;
     } else {
         logLine("### Export single file: \"{}\"", argument);
-        _inputLines = {argument};
+        if (namesBundle(argument))
+            _inputLines = {std::string_view(argument)};
         _outputArgumentIndex = kOutputOfSingleExport;
     }
 }
@@ -109,17 +109,13 @@ void BrackwaterRunner::readInputList() {
     const std::string path = stringByStandardizingPath(_arguments[kListPath]);
     if (kindOfPath(path) != PathKind::File)
         throw Exception(kFileNotFoundException, fmt::format("Input list not found or it is a directory: {}", path));
-    const auto text = stringWithContentsOfFile(path);
+    auto text = stringWithContentsOfFile(path);
     if (!text)
         throw Exception(kFileNotFoundException, fmt::format("Input list file could not be read or empty: {}", path));
-    const auto lines = componentsSeparatedByNewlines(*text);
-    if (lines.empty())
-        throw Exception(kFileNotFoundException, fmt::format("Input list could not be built or empty: {}", path));
-    _inputLines.assign(lines.begin(), lines.end());
-    for (const std::string& line : _inputLines) {
-        if (!isComment(line))
-            logLine("    \"{}\"", line);
-    }
+    _inputList = std::move(*text);
+    _inputLines = componentsSeparatedByNewlines(_inputList, namesBundle);
+    for (const std::string_view line : _inputLines)
+        logLine("    \"{}\"", line);
 }
 
 void BrackwaterRunner::exportLine(const std::string& line) {

@@ -49,7 +49,8 @@ private:
     bool _includeInputExtension = false;
     bool _overwriteFilterTarget = false;
     std::optional<FileURL> _templateUrl;
-    std::vector<std::string> _inputLines;
+    std::string _inputList;
+    std::vector<std::string_view> _inputLines; ///< that name bundles
     std::size_t _outputArgumentIndex = 0;
 };
 

@@ -19,6 +19,7 @@ namespace brackwater {
 namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+constexpr std::size_t kMostBundles = 1'000'000;
 constexpr int kMillisecondsForAWriter = 5000;
 
 class ListReader {
@@ -101,12 +102,11 @@ std::vector<std::string> readBundleList(const std::string& path) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(byteOrderMark))
         text.erase(0, byteOrderMark.size());
-    std::vector<std::string> bundles;
-    for (const std::string_view line : componentsSeparatedByNewlines(text)) {
-        if (!line.empty() && !line.starts_with("::"))
-            bundles.emplace_back(line);
-    }
-    return bundles;
+    const auto bundles = componentsSeparatedByNewlines(
+        text, [](std::string_view line) { return !line.empty() && !line.starts_with("::"); });
+    if (bundles.size() > kMostBundles)
+        throw UsageError(fmt::format("the list '{}' names more than {} bundles", path, kMostBundles));
+    return {bundles.begin(), bundles.end()};
 }
 
 } // namespace brackwater

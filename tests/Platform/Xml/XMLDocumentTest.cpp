@@ -143,6 +143,25 @@ TEST(XMLDocument, TagsThatGrowBeyondAnyDocumentAreRefusedInEveryEncoding) {
     EXPECT_EQ(log.joined(), "");
 }
 
+// The library's table of names stops growing, so that each further name costs more than the last.
+TEST(XMLDocument, NamesWithoutNumberAreRefusedWhereverTheyStand) {
+    const auto numbered = [](std::string_view before, std::string_view behind, int count) {
+        std::string text;
+        for (int number = 0; number < count; ++number)
+            text.append(before).append(std::to_string(number)).append(behind);
+        return text;
+    };
+    constexpr int kFew = 15'000, kMany = 30'000;
+    const LogCapture log;
+    EXPECT_EQ(outcomeOf("<s>" + numbered("<t", "/>", kFew) + "</s>").substr(0, 7), "<s><t0/");
+    for (const std::string& content :
+         {numbered("<t", "/>", kMany), numbered("<t a", "=''/>", kMany), numbered("<t xmlns='u", "'/>", kMany),
+          numbered("<p", ":t/>", kMany), numbered("<?t", "?>", kMany), numbered("&e", ";", kMany),
+          "<t a='" + numbered("&e", ";", kMany) + "'/>"})
+        EXPECT_EQ(outcomeOf("<s>" + content + "</s>"), "'Plan.xml' could not be read: it has too many different names")
+            << content.substr(0, 20);
+}
+
 TEST(XMLDocument, ManyRepairsAreCountedNotLogged) {
     const LogCapture log;
     for (const char* foreign : {"", "\xE9"}) {

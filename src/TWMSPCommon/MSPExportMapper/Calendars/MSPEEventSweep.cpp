@@ -1,5 +1,7 @@
 #include "TWMSPCommon/MSPExportMapper/Calendars/MSPEEventSweep.h"
 
+#include "Platform/Values/Exception.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -8,6 +10,7 @@ namespace brackwater {
 namespace {
 
 constexpr double kOneSecond = 1.0;
+constexpr std::size_t kMostWorkingTimes = 100'000;
 
 } // namespace
 
@@ -22,6 +25,7 @@ MSPEEventSweep::MSPEEventSweep(const std::vector<MSPEZelbEventInfo>& events) : _
 
 std::vector<MSPEExceptionInfo> MSPEEventSweep::pieces() {
     std::vector<MSPEExceptionInfo> pieces;
+    std::size_t workingTimes = 0;
     while (_cursor < _rangeEnd) {
         beginEvents();
         endEvents();
@@ -31,6 +35,9 @@ std::vector<MSPEExceptionInfo> MSPEEventSweep::pieces() {
         }
         MSPEExceptionInfo& piece = pieces.emplace_back(_cursor, endOfPiece());
         piece.workingTimes() = activeWorkingTimes();
+        workingTimes += piece.workingTimes().size();
+        assertThat(workingTimes <= kMostWorkingTimes, "Events of one calendar overlap on more than {} occasions.",
+                   kMostWorkingTimes);
         _cursor = piece.toDate().advancedBy(kOneSecond);
     }
     return pieces;

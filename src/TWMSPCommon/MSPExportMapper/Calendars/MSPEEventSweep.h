@@ -15,12 +15,14 @@ namespace brackwater {
 /// ends, a piece ends, and each piece gets the times of day of all events that are active in it. The next piece begins
 /// one second after the end of the last.
 ///
-/// The cost is that of sorting the events plus that of the pieces.
+/// The cost is that of sorting the events plus that of the pieces, whose times of day are bounded: of events that all
+/// overlap, each piece has those of all.
 class MSPEEventSweep {
 public:
     /// `events` are sorted by `fromDate` and outlive the sweep.
     explicit MSPEEventSweep(const std::vector<MSPEZelbEventInfo>& events);
 
+    /// Raises an exception where the pieces have too many times of day.
     [[nodiscard]] std::vector<MSPEExceptionInfo> pieces();
 
 private:

@@ -1,3 +1,4 @@
+#include "Platform/Values/Exception.h"
 #include "TWMSPCommon/MSPExportMapper/Calendars/MSPECalendarExceptions.h"
 #include "TWMSPCommon/MSPExportMapper/Calendars/MSPEEventSweep.h"
 
@@ -167,6 +168,19 @@ TEST(CalendarSweep, MapsManyEventsThatOverlapAFewOthers) {
     EXPECT_EQ(middle.fromDate(), Date{10000 * kDay});
     EXPECT_EQ(middle.toDate(), Date{10001 * kDay - 1.0});
     EXPECT_EQ(middle.workingTimes().size(), 3U);
+}
+
+TEST(CalendarSweep, ManyEventsThatAllOverlapFail) {
+    for (const int count : {400, 4000}) {
+        Events events;
+        for (int day = 0; day < count; ++day)
+            events.emplace_back(Date{0.0}, Date{(day + 1) * kDay - 1.0}, 0.0, 3600.0);
+        MSPECalendarExceptions group("Group", false, events);
+        if (count == 400)
+            EXPECT_NO_THROW(group.mapEvents());
+        else
+            EXPECT_THROW(group.mapEvents(), Exception);
+    }
 }
 
 } // namespace brackwater::test
