@@ -5,6 +5,7 @@
 """
 import difflib
 import fcntl
+import itertools
 import json
 import os
 import pathlib
@@ -199,12 +200,22 @@ def nothing_is_forged():
     with Place() as place:
         evil = "x\n### Exporter SUCCEEDED.\x1b[2K\u202egpj\u0085.zelb"
         os.rename(place.path / "bad.zelb", place.path / evil)
-        status, out, err = place.run(evil, "a.zelb", "--report", "r.json")
+        shutil.copytree(HOUSE, place.path / "House.zelb")
+        plan = place.path / "House.zelb/plan.xml"
+        text = plan.read_text(encoding="utf-8")
+        for shown in ("瓷砖工", "Permit is examined"):  # in a warning and in a loss
+            text = text.replace(shown, "".join(f"&#{ord(letter)};" for letter in evil if letter != "\x1b") + "\u2028")
+        plan.write_text(text, encoding="utf-8")
+        status, out, err = place.run(evil, "a.zelb", "House.zelb", "--report", "r.json")
+        alone = place.run("House.zelb")
+        check(alone[1].count("### Exporter") >= 2, "the texts of the document are shown", *alone)
+        out += alone[1] + alone[2]
         lines = (out + err).splitlines()
         check(status == 1 and not [line for line in lines if line.startswith("###")], "no line of its own", *lines)
         check(not re.search("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028\u2029\u202e]", out + err), "no control is shown", *lines)
-        check((place.path / "r.json").read_text().isascii(), "nor in the report")
-        check(json.loads((place.path / "r.json").read_text())["bundles"][0]["bundle"] == evil, "the report has the name")
+        report = (place.path / "r.json").read_text(encoding="utf-8")
+        check(not re.search("[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028\u2029\u202e]", report), "nor in the report")
+        check(json.loads(report)["bundles"][0]["bundle"] == evil, "the report has the name")
 
 
 def outputs_that_cannot_be_written():
@@ -213,12 +224,28 @@ def outputs_that_cannot_be_written():
             with open("/dev/full", "w", encoding="utf-8") as full:
                 ran = subprocess.run([COMMAND, typed], cwd=place.path, stdout=full, stderr=subprocess.PIPE, text=True)
             check(ran.returncode == 1 and "standard output cannot be written" in ran.stderr, f"a full disk for {typed}", ran)
-        check(place.run("-q", "--report", "/dev/full", "b.zelb")[0] == 1, "a report on a full disk")
-        closed = f'exec "$1" -t "$2" "$3" -o out.mpp 0<&- 1>&- 2>&-'
-        subprocess.run(["sh", "-c", closed, "sh", COMMAND, TEMPLATE, HOUSE], cwd=place.path)
-        wanted = place.path / "wanted.mpp"
-        place.run("-t", TEMPLATE, HOUSE, "-o", wanted.name)
-        check((place.path / "out.mpp").stat().st_size == wanted.stat().st_size, "closed descriptors take nothing of the output")
+        for typed, status in ("-x", 2), ("none.zelb", 1), ("", 2):
+            with open("/dev/full", "w", encoding="utf-8") as full:
+                ran = subprocess.run([COMMAND, *typed.split()], cwd=place.path, stdout=subprocess.DEVNULL, stderr=full)
+            check(ran.returncode == status, f"standard error on a full disk for: brackwater {typed}", ran)
+        for option, what in ("--report", "report"), ("--log", "log"):
+            for bundles in ["b.zelb"], ["b.zelb", HOUSE]:
+                status, _, err = place.run("-q", "-o", "out/", option, "/dev/full", *bundles)
+                check(status == 1 and err == f"brackwater: the {what} cannot be written\n", f"a {what} on a full disk", err)
+
+
+def closed_descriptors():
+    with Place() as place:
+        seen = set()
+        for closed in range(8):  # bits, one a descriptor
+            how = "".join(f" {number}>&-" for number in range(3) if closed >> number & 1)
+            command = f'exec "$0" -f -t "$1" "$2" -o out.mpp --log log --report r.json{how}'
+            ran = subprocess.run(["sh", "-c", command, COMMAND, TEMPLATE, HOUSE], cwd=place.path, capture_output=True)
+            output = (place.path / "out.mpp").read_bytes()
+            log = (place.path / "log").read_bytes()
+            check(len(log) > 1 << 16 and json.loads((place.path / "r.json").read_text()), "a long log and a report")
+            seen.add((ran.returncode, len(output), output.count(b" Brackwater["), log.count(b"\n")))
+        check(len(seen) == 1, "closed descriptors change nothing", *seen)
 
 
 def interrupted():
@@ -232,29 +259,21 @@ def interrupted():
             out, err = run.communicate()
             check(run.returncode == 128 + number, f"status after signal {number}", run.returncode, err)
             sizes = {entry.stat().st_size for entry in (place.path / "out").iterdir()}
-            check(len(sizes) == 1, "whole outputs and nothing else", place.names("out"))
+            outputs = place.names("out")
+            check(len(sizes) == 1, "whole outputs and nothing else", *outputs)
             report = json.loads((place.path / "r.json").read_text())
             jsonschema.validate(report, SCHEMA)
-            check({one["status"] for one in report["bundles"]} == {"exported", "interrupted"}, "the report tells", err)
+            told = sorted(pathlib.Path(one["output"]).name for one in report["bundles"] if one["status"] == "exported")
+            check(told == outputs and err, "the report tells", err, *set(outputs) ^ set(told))
 
 
-def a_reader_that_does_not_read():
-    with Place() as place:
-        (place.path / "out").mkdir()
-        run = place.start("-o", "out", *["a.zelb"] * 300)
-        fcntl.fcntl(run.stdout, fcntl.F_SETPIPE_SZ, 4096)
-        before = 0
-        while before == 0 or len(place.names("out")) != before:  # until it waits for the reader
-            before = len(place.names("out"))
-            time.sleep(2)
-        run.send_signal(signal.SIGTERM)
-        try:
-            run.wait(15)
-        except subprocess.TimeoutExpired:
-            run.kill()
-        check(run.returncode == 143 and 0 < before < 300, "a signal ends it", run.returncode, before)
-        check(not [name for name in place.names("out") if name.startswith(".")], "it left nothing", place.names("out")[:3])
-        run.communicate()
+# What nobody reads, and what is typed.
+UNREAD = [
+    ("stdout", ["a.zelb"] * 300),
+    ("stderr", ["none.zelb"] * 3000),
+    ("log", ["-q", "--log", "pipe", *[HOUSE] * 20]),
+    ("report", ["-q", "--report", "pipe", *["none.zelb"] * 3000]),
+]
 
 
 def progress_on_a_terminal():
@@ -279,8 +298,36 @@ def progress_on_a_terminal():
             check(columns == 20 or all(re.search(step, line) for line in steps), "phase and share", *steps)
 
 
+def readers_that_do_not_read():
+    for (unread, typed), number in itertools.product(UNREAD, (signal.SIGTERM, signal.SIGQUIT)):
+        with Place() as place:
+            (place.path / "out").mkdir()
+            os.mkfifo(place.path / "pipe")
+            pipe = open(os.open(place.path / "pipe", os.O_RDONLY | os.O_NONBLOCK), "rb")
+            files = {name: subprocess.PIPE if name == unread else subprocess.DEVNULL for name in ("stdout", "stderr")}
+            run = subprocess.Popen([COMMAND, "-o", "out", *typed], cwd=place.path, **files)
+            reader = getattr(run, unread, None) or pipe
+            fcntl.fcntl(reader, fcntl.F_SETPIPE_SZ, 4096)
+            before, waiting = None, 0
+            while not waiting or waiting != before:  # until it waits for the reader
+                before = waiting
+                time.sleep(1)
+                waiting = struct.unpack("i", fcntl.ioctl(reader, termios.FIONREAD, b"    "))[0]
+            check(run.poll() is None, f"it waits for the reader of its {unread}", run.returncode)
+            run.send_signal(number)
+            try:
+                run.wait(15)
+            except subprocess.TimeoutExpired:
+                run.kill()
+            check(run.wait() == 128 + number, f"{number} ends it although nobody reads its {unread}", run.returncode)
+            left = [name for name in place.names("out") if name.startswith(".")]
+            check(not left, f"it left nothing when nobody read its {unread}", *left)
+            reader.close()
+            pipe.close()
+
+
 for test in (rows, lists, progress_on_a_terminal, names_of_outputs, log_and_report, nothing_is_forged,
-             outputs_that_cannot_be_written, interrupted, a_reader_that_does_not_read):
+             outputs_that_cannot_be_written, closed_descriptors, interrupted, readers_that_do_not_read):
     test()
 print("all as expected" if failures == 0 else f"{failures} failed")
 sys.exit(failures > 0)

@@ -17,16 +17,18 @@ namespace {
 
 constexpr int kDone = 0, kFailed = 1, kWrongArguments = 2;
 
+void tell(std::string_view fault) { brackwater::tellOnStandardError(fmt::format("make-template: {}\n", fault)); }
+
 int showHelp(const std::string& text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0 &&
                          close(STDOUT_FILENO) == 0;
     if (!written)
-        fmt::print(stderr, "make-template: cannot write the whole of the output\n");
+        tell("cannot write the whole of the output");
     return written ? kDone : kFailed;
 }
 
 int refuse(std::string_view reason) {
-    fmt::print(stderr, "make-template: {}; see make-template --help\n", reason);
+    tell(fmt::format("{}; see make-template --help", reason));
     return kWrongArguments;
 }
 
@@ -66,7 +68,7 @@ int main(int argc, char** argv) {
     try {
         return run(argc, argv);
     } catch (const std::exception& failure) {
-        fmt::print(stderr, "make-template: {}\n", failure.what());
+        tell(failure.what());
         return kFailed;
     }
 }

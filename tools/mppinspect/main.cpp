@@ -12,6 +12,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <csignal>
 #include <exception>
 #include <stdexcept>
 #include <sys/ioctl.h>
@@ -91,13 +92,17 @@ int run(const Arguments& arguments) {
     return kDone;
 }
 
-void complain(std::string_view what) { fmt::print(stderr, "mppinspect: {}\n", printable(what)); }
+void complain(std::string_view what) {
+    brackwater::tellOnStandardError(fmt::format("mppinspect: {}\n", printable(what)));
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
     const bool outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) == -1;
     brackwater::openStandardDescriptors();
+    // Beyond a limit on a file's size writes fail, and that is told.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     try {
         const CommandLine command = parseCommandLine(argc, argv);
         int status = command.status;

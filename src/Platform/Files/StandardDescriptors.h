@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdio>
 #include <fcntl.h>
+#include <string_view>
 
 namespace brackwater {
 
@@ -14,6 +16,11 @@ inline void openStandardDescriptors() noexcept {
         if (open("/dev/null", O_RDWR) == -1)
             static_cast<void>(open("/", O_RDONLY | O_DIRECTORY));
     }
+}
+
+/// Where standard error takes nothing, a full disk or a reader that went away, there is nowhere left to tell it.
+inline void tellOnStandardError(std::string_view text) noexcept {
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
 } // namespace brackwater

@@ -39,6 +39,10 @@ void die(int signalNumber) {
     for (const int request : kRequests)
         setHandler(request, SIG_DFL);
     setHandler(SIGALRM, endNow);
+    sigset_t alarms; // which the process may have been started to hold back
+    sigemptyset(&alarms);
+    sigaddset(&alarms, SIGALRM);
+    sigprocmask(SIG_UNBLOCK, &alarms, nullptr);
     alarm(kMostSecondsForTheLog);
     flushLog();
     endNow(SIGALRM);

@@ -1,5 +1,7 @@
 #include "Platform/Log/LogLines.h"
 
+#include "Platform/Log/LogLoss.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -9,6 +11,8 @@
 namespace brackwater {
 
 namespace {
+
+constinit std::atomic<bool> isWhole = true;
 
 // Bytes taken, 0 to try again, or -1.
 ssize_t writeSome(const char* bytes, std::size_t size) noexcept {
@@ -20,10 +24,15 @@ ssize_t writeSome(const char* bytes, std::size_t size) noexcept {
         poll(&ready, 1, -1);
         return 0;
     }
-    return errno == EINTR ? 0 : -1;
+    if (errno == EINTR)
+        return 0;
+    isWhole = false;
+    return -1;
 }
 
 } // namespace
+
+bool isLogWhole() { return isWhole; }
 
 void writeToStandardError(std::string_view bytes) noexcept {
     while (!bytes.empty()) {

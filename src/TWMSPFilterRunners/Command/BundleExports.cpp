@@ -2,6 +2,7 @@
 
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "Platform/Log/Log.h"
+#include "Platform/Log/LogLoss.h"
 #include "Platform/Values/Processors.h"
 
 #include <fmt/format.h>
@@ -46,12 +47,12 @@ BundleExports::BundleExports(const CommandOptions& options)
                                              threadsOfEach(workersFor(options, _plan)),
                                              options.log.has_value(),
                                              !options.quiet || options.report || options.failsOnLoss},
-      _output(_stopRequests.descriptor()), _slots(WorkerPool::sizeFor(workersFor(options, _plan))),
-      _board(_slots.size()), _pool(workersFor(options, _plan)), _progress(!options.quiet) {
+      _output(&_stopRequests), _slots(WorkerPool::sizeFor(workersFor(options, _plan))), _board(_slots.size()),
+      _pool(workersFor(options, _plan)), _progress(!options.quiet) {
     if (options.log)
-        _log.emplace(*options.log, _stopRequests.descriptor());
+        _log.emplace(*options.log, _stopRequests);
     if (options.report)
-        _report.emplace(*options.report, _plan.templatePath, _stopRequests.descriptor());
+        _report.emplace(*options.report, _plan.templatePath, _stopRequests);
 }
 
 int BundleExports::run() {
@@ -61,16 +62,21 @@ int BundleExports::run() {
     while (_stopSignal == 0) {
         beginJobs();
         tellInOrder();
-        if (_pool.isIdle())
-            break;
-        showProgress();
-        for (const EndedWorker& worker :
-             _pool.wait(_stopRequests.descriptor(), _progress.isShown() ? kProgressPause : -1))
-            endJob(worker);
+        // One that ended the wait for a reader is still there, also when there is nothing more to do.
         if (const int request = _stopRequests.next(); request != 0)
             stop(request);
+        else if (_pool.isIdle())
+            break;
+        else
+            waitForWorkers();
     }
     return finish();
+}
+
+void BundleExports::waitForWorkers() {
+    showProgress();
+    for (const EndedWorker& worker : _pool.wait(_stopRequests.descriptor(), _progress.isShown() ? kProgressPause : -1))
+        endJob(worker);
 }
 
 void BundleExports::beginJobs() {
@@ -108,9 +114,10 @@ bool BundleExports::beginJob(std::size_t job) {
 std::string BundleExports::workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const {
     redirectOutputs(log);
     _stopRequests.releaseInWorker();
-    const ExportResult result =
+    ExportResult result =
         runWorker(_plan.jobs[_slots[slot].job], _settings, _slots[slot].folder.path(), _board.slot(slot), isComputed);
     flushLog();
+    result.isLogWhole = isLogWhole();
     return packedResult(result);
 }
 
@@ -136,7 +143,7 @@ void BundleExports::tellInOrder() {
         const ExportJob& job = _plan.jobs[_told];
         const ExportResult& result = next->second;
         if (_log)
-            _log->endJob(_told);
+            _log->endJob(_told, result.isLogWhole);
         if (_report)
             _report->add(job, result);
         _summary.add(job, result);
@@ -189,7 +196,7 @@ void BundleExports::tellRest() {
             break;
         ++interrupted;
         if (_log)
-            _log->endJob(_told);
+            _log->endJob(_told, true);
         if (_report)
             _report->addInterrupted(_plan.jobs[_told]);
     }

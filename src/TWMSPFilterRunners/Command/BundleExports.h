@@ -37,6 +37,7 @@ private:
         WorkFolder folder;
     };
 
+    void waitForWorkers();
     void beginJobs();
     [[nodiscard]] bool beginJob(std::size_t job);
     [[nodiscard]] std::string workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const;

@@ -10,20 +10,18 @@ namespace brackwater {
 /// What the command tells people. An output that failed once is left alone from then on.
 class CommandOutput {
 public:
-    /// A request that can be read from the descriptor ends the wait for a reader that does not read.
-    explicit CommandOutput(int stopDescriptor) : _stopDescriptor(stopDescriptor) {}
+    /// Requests end the wait for a reader that does not read. Null: they end the process.
+    explicit CommandOutput(const StopRequests* requests) : _requests(requests) {}
 
-    void print(std::string_view text) {
-        _isWhole = _isWhole && writeUnlessStopped(STDOUT_FILENO, text, _stopDescriptor);
-    }
+    void print(std::string_view text) { _isWhole = _isWhole && writeUnlessStopped(STDOUT_FILENO, text, _requests); }
     void printError(std::string_view text) {
-        _takesErrors = _takesErrors && writeUnlessStopped(STDERR_FILENO, text, _stopDescriptor);
+        _takesErrors = _takesErrors && writeUnlessStopped(STDERR_FILENO, text, _requests);
     }
     /// Whether standard output has all that was printed.
     [[nodiscard]] bool isWhole() const noexcept { return _isWhole; }
 
 private:
-    int _stopDescriptor;
+    const StopRequests* _requests;
     bool _isWhole = true;
     bool _takesErrors = true;
 };

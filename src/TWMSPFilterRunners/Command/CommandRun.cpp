@@ -1,5 +1,6 @@
 #include "TWMSPFilterRunners/Command/CommandRun.h"
 
+#include "Platform/Files/StandardDescriptors.h"
 #include "Platform/Text/VisibleText.h"
 #include "TWMSPFilterRunners/Command/BundleExports.h"
 #include "TWMSPFilterRunners/Command/CommandLine.h"
@@ -9,18 +10,16 @@
 #include <fmt/format.h>
 
 #include <csignal>
-#include <cstdio>
 #include <exception>
 
 namespace brackwater {
 
 namespace {
 
-void tell(std::string_view fault) { fmt::print(stderr, "brackwater: {}\n", visibleText(fault)); }
+void tell(std::string_view fault) { tellOnStandardError(fmt::format("brackwater: {}\n", visibleText(fault))); }
 
 int answer(const CommandAnswer& answer) {
-    constexpr int noStopRequests = -1; // they end the process here
-    CommandOutput output(noStopRequests);
+    CommandOutput output(nullptr);
     output.print(answer.text);
     if (output.isWhole())
         return static_cast<int>(CommandStatus::Exported);

@@ -81,6 +81,7 @@ std::string packedResult(const ExportResult& result) {
         for (const auto field : kLossFields)
             packer.add(loss.*field);
     packer.add(result.comparisonFault);
+    packer.add(std::uint64_t{result.isLogWhole});
     return packer.take();
 }
 
@@ -103,6 +104,7 @@ std::optional<ExportResult> unpackedResult(std::string_view bytes) {
             loss.*field = unpacker.text();
     }
     result.comparisonFault = unpacker.text();
+    result.isLogWhole = unpacker.number() != 0;
     return unpacker.isWhole() ? std::optional(std::move(result)) : std::nullopt;
 }
 

@@ -24,6 +24,7 @@ struct ExportResult {
     std::string fault;                  ///< why it failed
     lossreport::LossReport losses;      ///< of an exported one
     std::string comparisonFault;        ///< why the losses are not known; empty where they are
+    bool isLogWhole = true;
 };
 
 /// The result as bytes, for the way from the worker to the command.

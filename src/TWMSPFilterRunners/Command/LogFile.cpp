@@ -28,9 +28,9 @@ FileDescriptor namelessFile() {
 } // namespace
 
 // A pipe without a reader must not hold the opening up.
-LogFile::LogFile(const std::string& path, int stopDescriptor)
+LogFile::LogFile(const std::string& path, const StopRequests& requests)
     : _file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
-      _stopDescriptor(stopDescriptor) {
+      _requests(requests) {
     if (!_file)
         throw UsageError(
             fmt::format("the log '{}' cannot be written: {}", path, std::generic_category().message(errno)));
@@ -42,7 +42,8 @@ int LogFile::beginJob(std::size_t job) {
     return (_waiting[job] = namelessFile()).get();
 }
 
-void LogFile::endJob(std::size_t job) {
+void LogFile::endJob(std::size_t job, bool isWhole) {
+    _isWhole = _isWhole && isWhole;
     if (const auto waiting = _waiting.find(job); waiting != _waiting.end()) {
         append(waiting->second);
         _waiting.erase(waiting);
@@ -54,7 +55,7 @@ void LogFile::append(const FileDescriptor& lines) {
     std::array<char, 65536> piece;
     ssize_t got = lseek(lines.get(), 0, SEEK_SET);
     while (got >= 0 && (got = read(lines.get(), piece.data(), piece.size())) > 0)
-        if (!writeUnlessStopped(_file.get(), {piece.data(), static_cast<std::size_t>(got)}, _stopDescriptor))
+        if (!writeUnlessStopped(_file.get(), {piece.data(), static_cast<std::size_t>(got)}, &_requests))
             break;
     _isWhole = _isWhole && got == 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
+#include "TWMSPFilterRunners/Command/StopRequests.h"
 
 #include <map>
 #include <string>
@@ -11,15 +12,15 @@ namespace brackwater {
 /// overlap.
 class LogFile {
 public:
-    /// Empties the file. Raises UsageError where it cannot be written. A request that can be read from the descriptor
-    /// ends the wait for the reader of a pipe.
-    LogFile(const std::string& path, int stopDescriptor);
+    /// Empties the file. Raises UsageError where it cannot be written. Requests end the wait for the reader of a pipe.
+    LogFile(const std::string& path, const StopRequests& requests);
 
     /// Where a job's lines go, for its worker: into the file where it is the job's turn, otherwise into a file without
     /// a name until then. -1 where there is none.
     [[nodiscard]] int beginJob(std::size_t job);
-    /// Ends the turn of the job, which must be the one whose turn it is; its lines are in the file then.
-    void endJob(std::size_t job);
+    /// Ends the turn of the job, which must be the one whose turn it is; its lines are in the file then. `isWhole`:
+    /// whether its worker could write them all.
+    void endJob(std::size_t job, bool isWhole);
     /// False where a line got lost.
     [[nodiscard]] bool close();
 
@@ -27,7 +28,7 @@ private:
     void append(const FileDescriptor& lines);
 
     FileDescriptor _file;
-    int _stopDescriptor;
+    const StopRequests& _requests;
     std::size_t _turn = 0;
     std::map<std::size_t, FileDescriptor> _waiting; ///< lines of the jobs whose turn has not come
     bool _isWhole = true;

@@ -26,8 +26,8 @@ std::string outputPathOf(const ExportJob& job, const ExportResult& result) {
 
 } // namespace
 
-ReportFile::ReportFile(const std::string& path, const std::string& templatePath, int stopDescriptor)
-    : _path(path), _stopDescriptor(stopDescriptor), _json([this](std::string_view text) { write(text); }) {
+ReportFile::ReportFile(const std::string& path, const std::string& templatePath, const StopRequests& requests)
+    : _path(path), _requests(requests), _json([this](std::string_view text) { write(text); }) {
     struct stat status {};
     if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
         _file = FileDescriptor(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
@@ -118,7 +118,7 @@ bool ReportFile::finish(int status) {
 }
 
 void ReportFile::write(std::string_view text) {
-    _isWhole = _isWhole && writeUnlessStopped(_file.get(), text, _stopDescriptor);
+    _isWhole = _isWhole && writeUnlessStopped(_file.get(), text, &_requests);
 }
 
 } // namespace brackwater

@@ -3,6 +3,7 @@
 #include "TWMSPFilterRunners/Command/ExportPlan.h"
 #include "TWMSPFilterRunners/Command/ExportResult.h"
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
+#include "TWMSPFilterRunners/Command/StopRequests.h"
 #include "mppinspect/JsonWriter.h"
 
 #include <string>
@@ -13,9 +14,8 @@ namespace brackwater {
 /// whole, and replaces an earlier one then. What is no regular file, a pipe or a terminal, is written to at once.
 class ReportFile {
 public:
-    /// Raises UsageError where the file cannot be written. A request that can be read from the descriptor ends the wait
-    /// for the reader of a pipe.
-    ReportFile(const std::string& path, const std::string& templatePath, int stopDescriptor);
+    /// Raises UsageError where the file cannot be written. Requests end the wait for the reader of a pipe.
+    ReportFile(const std::string& path, const std::string& templatePath, const StopRequests& requests);
     /// Leaves no file behind that is not whole.
     ~ReportFile();
     ReportFile(const ReportFile&) = delete;
@@ -35,7 +35,7 @@ private:
     std::string _path;
     std::string _temporaryPath; ///< empty where the file is written to at once
     FileDescriptor _file;
-    int _stopDescriptor;
+    const StopRequests& _requests;
     bool _isWhole = true;
     inspect::JsonWriter _json;
 };

@@ -1,5 +1,6 @@
 #include "TWMSPFilterRunners/Command/StopRequests.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/signalfd.h>
 #include <system_error>
@@ -9,10 +10,13 @@ namespace brackwater {
 
 namespace {
 
+/// The workers take one second of it at most.
+constexpr auto kPatience = std::chrono::seconds(2);
+
 sigset_t heededRequests() {
     sigset_t requests;
     sigemptyset(&requests);
-    for (const int request : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int request : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
         struct sigaction present {};
         if (sigaction(request, nullptr, &present) == 0 && present.sa_handler != SIG_IGN)
             sigaddset(&requests, request);
@@ -31,10 +35,20 @@ StopRequests::StopRequests() {
 
 StopRequests::~StopRequests() { releaseInWorker(); }
 
-int StopRequests::next() const {
+int StopRequests::next() {
     signalfd_siginfo request{};
-    const ssize_t got = read(_requests.get(), &request, sizeof(request));
-    return got == static_cast<ssize_t>(sizeof(request)) ? static_cast<int>(request.ssi_signo) : 0;
+    if (read(_requests.get(), &request, sizeof(request)) != static_cast<ssize_t>(sizeof(request)))
+        return 0;
+    if (!_end)
+        _end = std::chrono::steady_clock::now() + kPatience;
+    return static_cast<int>(request.ssi_signo);
+}
+
+int StopRequests::patience() const {
+    if (!_end)
+        return -1;
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(*_end - std::chrono::steady_clock::now());
+    return std::max(static_cast<int>(left.count()), 0);
 }
 
 void StopRequests::releaseInWorker() const { sigprocmask(SIG_SETMASK, &_maskBefore, nullptr); }

@@ -2,12 +2,14 @@
 
 #include "TWMSPFilterRunners/Command/FileDescriptor.h"
 
+#include <chrono>
 #include <csignal>
+#include <optional>
 
 namespace brackwater {
 
-/// While it lives, requests to end (SIGINT, SIGTERM, SIGHUP) wait until they are asked for, but for those that the
-/// process was started to ignore.
+/// While it lives, requests to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT) wait until they are asked for, but for those that
+/// the process was started to ignore.
 class StopRequests {
 public:
     /// Raises std::system_error.
@@ -19,13 +21,16 @@ public:
     /// Can be read from when a request has come.
     [[nodiscard]] int descriptor() const noexcept { return _requests.get(); }
     /// The number of the next request's signal; 0 without one. Does not wait.
-    [[nodiscard]] int next() const;
+    [[nodiscard]] int next();
+    /// Milliseconds that readers of the outputs may still be waited for; -1 where no request was taken yet.
+    [[nodiscard]] int patience() const;
     /// In a new process: requests end it as usual.
     void releaseInWorker() const;
 
 private:
     sigset_t _maskBefore{};
     FileDescriptor _requests;
+    std::optional<std::chrono::steady_clock::time_point> _end; ///< of patience
 };
 
 } // namespace brackwater

@@ -9,10 +9,13 @@
 
 namespace brackwater {
 
-bool writeUnlessStopped(int descriptor, std::string_view bytes, int stopDescriptor) {
+bool writeUnlessStopped(int descriptor, std::string_view bytes, const StopRequests* requests) {
+    constexpr int noDescriptor = -1, forEver = -1;
+    const int requestDescriptor = requests == nullptr ? noDescriptor : requests->descriptor();
     while (!bytes.empty()) {
-        std::array<pollfd, 2> waiting = {{{descriptor, POLLOUT, 0}, {stopDescriptor, POLLIN, 0}}};
-        if (poll(waiting.data(), waiting.size(), -1) < 0 && errno != EINTR)
+        std::array<pollfd, 2> waiting = {{{descriptor, POLLOUT, 0}, {requestDescriptor, POLLIN, 0}}};
+        const int got = poll(waiting.data(), waiting.size(), requests == nullptr ? forEver : requests->patience());
+        if (got == 0 || (got < 0 && errno != EINTR))
             return false;
         if (waiting[0].revents == 0) {
             if (waiting[1].revents != 0)

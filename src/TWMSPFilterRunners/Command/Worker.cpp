@@ -3,6 +3,7 @@
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/Files/PathText.h"
+#include "Platform/Log/FatalSignals.h"
 #include "Platform/Time/TimeZone.h"
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 #include "TWMSPFilterRunners/Command/ExportLog.h"
@@ -52,6 +53,8 @@ protected:
             compare(_job.bundlePath, mppUrl.path(), _result);
         }
         _isComputed();
+        // Once the output is there the command must learn of it: a request to end comes too late now.
+        static const SignalsHeldBack untilTheProcessEnds;
         try {
             const std::string output =
                 stringByAppendingPathComponent(_job.outputFolder, lastPathComponent(_job.output));

@@ -175,9 +175,16 @@ TEST_F(Program, TellsOutputThatIsCutShort) {
         EXPECT_EQ(err, "mppinspect: cannot write the whole of the output: No space left on device\n");
     }
     const std::string folder = _folder.makeFolder("pages");
-    EXPECT_EQ(shell("trap '' XFSZ; ulimit -f 1; " + kProgram + "--gantt " + folder + "/Plan.html " + plan), 1);
+    EXPECT_EQ(shell("ulimit -f 1; " + kProgram + "--gantt " + folder + "/Plan.html " + plan), 1);
     EXPECT_THAT(err, HasSubstr("File too large"));
     EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST_F(Program, KeepsItsStatusWhereStandardErrorTakesNothing) {
+    EXPECT_EQ(shell(kProgram + "none.mpp 2>/dev/full"), 1);
+    EXPECT_EQ(shell(kProgram + "--none 2>/dev/full"), 2);
+    EXPECT_EQ(shell(BRACKWATER_BINARY_DIR "/bin/make-template --none 2>/dev/full"), 2);
+    EXPECT_EQ(shell(BRACKWATER_BINARY_DIR "/bin/make-template none/T.mpp 2>/dev/full"), 1);
 }
 
 TEST_F(Program, KeepsItsFilesApartFromDescriptorsThatAreClosed) {
