@@ -1,17 +1,19 @@
 // Bundles made from bytes through a grammar of the source format: well-formed documents with likely and unlikely
 // values.
+#include "Choices.h"
 #include "MappedScenario.h"
 
 #include <fmt/format.h>
 
 #include <array>
-#include <fuzzer/FuzzedDataProvider.h>
 
 namespace {
 
+using brackwater::fuzz::Choices;
+
 class BundleMaker {
 public:
-    explicit BundleMaker(FuzzedDataProvider& choices) : _choices(choices) {}
+    explicit BundleMaker(Choices& choices) : _choices(choices) {}
 
     std::string scenario() {
         std::string text = "<scenario xmlns=\"http://tarnwick.example/namespace/Tarnwick/v2\"";
@@ -21,9 +23,9 @@ public:
         text += "<top-resource idref=\"" + pick(kResourceIds) + "\"/><top-task idref=\"" + pick(kTaskIds) + "\"/>";
         optional(text, "start-date", kDates);
         optional(text, "end-date", kDates);
-        for (int i = _choices.ConsumeIntegralInRange(0, 6); i > 0; --i)
+        for (int i = _choices.between(0, 6); i > 0; --i)
             text += resource();
-        for (int i = _choices.ConsumeIntegralInRange(0, 8); i > 0; --i)
+        for (int i = _choices.between(0, 8); i > 0; --i)
             text += task();
         return text + "</scenario>";
     }
@@ -67,9 +69,9 @@ private:
 
     template <std::size_t Count>
     std::string pick(const std::array<const char*, Count>& texts) {
-        return texts[_choices.ConsumeIntegralInRange<std::size_t>(0, Count - 1)];
+        return texts[_choices.between<std::size_t>(0, Count - 1)];
     }
-    bool oneIn(int chances) { return _choices.ConsumeIntegralInRange(1, chances) == 1; }
+    bool oneIn(int chances) { return _choices.between(1, chances) == 1; }
 
     template <std::size_t Count>
     void element(std::string& text, const char* name, const std::array<const char*, Count>& values) {
@@ -86,7 +88,7 @@ private:
     }
     std::string userData() {
         std::string text = "<user-data>";
-        for (int i = _choices.ConsumeIntegralInRange(0, 3); i > 0; --i) {
+        for (int i = _choices.between(0, 3); i > 0; --i) {
             element(text, "key", kTexts);
             if (!oneIn(20))
                 element(text, "string", kTexts);
@@ -96,13 +98,13 @@ private:
 
     std::string spans() {
         std::string text;
-        for (int i = _choices.ConsumeIntegralInRange(0, 6); i > 0; --i)
+        for (int i = _choices.between(0, 6); i > 0; --i)
             text += fmt::format("<time-span start-time=\"{}\" end-time=\"{}\"/>", pick(kTimes), pick(kTimes));
         return text;
     }
     std::string schedule() {
         std::string text = "<schedule>";
-        for (int i = _choices.ConsumeIntegralInRange(0, 4); i > 0; --i) {
+        for (int i = _choices.between(0, 4); i > 0; --i) {
             if (oneIn(2))
                 text += fmt::format("<schedule-day day-of-week=\"{}\">{}</schedule-day>", pick(kDays), spans());
             else if (oneIn(2))
@@ -112,9 +114,9 @@ private:
                 text += fmt::format("<flattened-schedule-day date=\"{}\">{}</flattened-schedule-day>", pick(kDates),
                                     spans());
         }
-        for (int i = _choices.ConsumeIntegralInRange(0, 2); i > 0; --i) {
+        for (int i = _choices.between(0, 2); i > 0; --i) {
             text += fmt::format("<calendar name=\"{}\" overtime=\"{}\">", pick(kBooleans), pick(kBooleans));
-            for (int j = _choices.ConsumeIntegralInRange(0, 4); j > 0; --j)
+            for (int j = _choices.between(0, 4); j > 0; --j)
                 text += event();
             text += "</calendar>";
         }
@@ -124,11 +126,10 @@ private:
         if (oneIn(8))
             return fmt::format("<event start=\"{}\" end=\"{}\"/>", pick(kDates),
                                oneIn(2) ? pick(kDates) : pick(kFarDates));
-        const int day = _choices.ConsumeIntegralInRange(1, 28);
-        const int hour = _choices.ConsumeIntegralInRange(0, 12);
+        const int day = _choices.between(1, 28);
+        const int hour = _choices.between(0, 12);
         return fmt::format("<event start=\"2027-03-{:02}T{:02}:00:00Z\" end=\"2027-03-{:02}T{:02}:00:00Z\"/>", day,
-                           hour, day + _choices.ConsumeIntegralInRange(0, 5),
-                           hour + _choices.ConsumeIntegralInRange(0, 3));
+                           hour, day + _choices.between(0, 5), hour + _choices.between(0, 3));
     }
 
     std::string resource() {
@@ -147,7 +148,7 @@ private:
             text += userData();
         if (oneIn(2))
             text += schedule();
-        for (int i = _choices.ConsumeIntegralInRange(0, 3); i > 0; --i)
+        for (int i = _choices.between(0, 3); i > 0; --i)
             text += "<child-resource idref=\"" + pick(kResourceIds) + "\"/>";
         return text + "</resource>";
     }
@@ -187,16 +188,16 @@ private:
             text += fmt::format("<prerequisite-task idref=\"{}\" kind=\"{}\"><lead-time is-percentage=\"{}\">{}"
                                 "</lead-time></prerequisite-task>",
                                 pick(kTaskIds), pick(kKinds), pick(kBooleans), pick(kNumbers));
-        for (int i = _choices.ConsumeIntegralInRange(0, 2); i > 0; --i)
+        for (int i = _choices.between(0, 2); i > 0; --i)
             text += fmt::format("<assignment idref=\"{}\" units=\"{}\"/>", pick(kResourceIds), pick(kNumbers));
         if (oneIn(8))
             text += "<split/>";
-        for (int i = _choices.ConsumeIntegralInRange(0, 3); i > 0; --i)
+        for (int i = _choices.between(0, 3); i > 0; --i)
             text += "<child-task idref=\"" + pick(kTaskIds) + "\"/>";
         return text + "</task>";
     }
 
-    FuzzedDataProvider& _choices;
+    Choices& _choices;
 };
 
 } // namespace
@@ -204,10 +205,10 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace brackwater;
     const fuzz::SilentLog silent;
-    FuzzedDataProvider choices(data, size);
+    Choices choices(std::span(data, size));
     BundleMaker maker(choices);
     const std::string scenario = maker.scenario();
     const std::string contents = maker.contents();
-    fuzz::mapScenario(scenario, contents, choices.ConsumeBool() ? scenario : std::string());
+    fuzz::mapScenario(scenario, contents, choices.either() ? scenario : std::string());
     return 0;
 }

@@ -16,6 +16,7 @@ extern "C" {
 int replay_template(const std::uint8_t* data, std::size_t size);
 int replay_properties(const std::uint8_t* data, std::size_t size);
 int replay_scenario(const std::uint8_t* data, std::size_t size);
+int replay_bundle(const std::uint8_t* data, std::size_t size);
 int replay_dates(const std::uint8_t* data, std::size_t size);
 int replay_inspect(const std::uint8_t* data, std::size_t size);
 }
@@ -50,8 +51,8 @@ TEST_P(Corpus, IsTakenWithoutAFault) {
 INSTANTIATE_TEST_SUITE_P(Stored, Corpus,
                          testing::Values(Kind{"template", replay_template, 40},
                                          Kind{"properties", replay_properties, 50},
-                                         Kind{"scenario", replay_scenario, 90}, Kind{"dates", replay_dates, 60},
-                                         Kind{"inspect", replay_inspect, 40}),
+                                         Kind{"scenario", replay_scenario, 90}, Kind{"bundle", replay_bundle, 40},
+                                         Kind{"dates", replay_dates, 60}, Kind{"inspect", replay_inspect, 40}),
                          testing::PrintToStringParamName());
 
 } // namespace
