@@ -8,10 +8,13 @@ using enum FieldKind;
 
 void addFirstBlock(std::vector<Field>& fields) {
     fields.insert(fields.end(), {
+                                    flag(4, 0, 40, "split"),
                                     flag(5, 1, 41, "has actual work"),
+                                    flag(6, 2, 42, "is finished"),
                                     flag(12, 10, 83, "flag 10"), // meaning unknown, set in every record
                                     flag(13, 11, 84, "flag 11"), // meaning unknown, set in every record
                                     flag(15, 23, 70, "has notes"),
+                                    flag(20, 10, 269, "flag 10 of the second group"), // meaning unknown, as 12 and 13
                                     first(22, 4, 1, Number32, "task id"),
                                     first(23, 8, 2, Number32, "resource id"),
                                     first(24, 12, 20, Date, "start"),

@@ -11,6 +11,9 @@ void addFirstBlock(std::vector<Field>& fields) {
     fields.insert(fields.end(), {
                                     flag(9, 15, 298, "of type work"),
                                     flag(10, 16, 84, "has notes"),
+                                    flag(12, 19, 163, "flag 19"), // meanings unknown
+                                    flag(13, 20, 316, "flag 20"),
+                                    flag(15, 22, 339, "flag 22"),
                                     first(16, 8, 70, Number16, "standard rate units"),
                                     first(17, 10, 71, Number16, "overtime rate units"),
                                     first(18, 12, 19, Number16, "accrual"),

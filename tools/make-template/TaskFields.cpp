@@ -9,6 +9,9 @@ using enum FieldKind;
 void addFlags(std::vector<Field>& fields) {
     fields.insert(fields.end(), {
                                     flag(5, 0, 24, "milestone"),
+                                    flag(6, 1, 19, "critical"),
+                                    flag(8, 3, 133, "of the project"),
+                                    flag(10, 5, 92, "summary"),
                                     flag(14, 9, 71, "marked"),
                                     flag(15, 10, 386, "not split"),
                                     flag(17, 20, 399, "ignore resource calendar"),
@@ -19,6 +22,8 @@ void addFlags(std::vector<Field>& fields) {
                                     flag(36, 22, 199, "has notes"),
                                     flag(41, 27, 252, "leveling can split"),
                                     flag(42, 28, 253, "level assignments"),
+                                    flag(43, 29, 379, "split"),
+                                    flag(45, 5, 396, "estimated"),
                                 });
 }
 
@@ -82,6 +87,7 @@ void addTextsAndNotes(std::vector<Field>& fields) {
     fields.push_back(variable(115, 14, Text, "title"));
     addTexts(fields, 118, {51, 54, 57, 60, 63, 66, 67, 68, 69, 70}, 194, 317);
     fields.push_back(variable(288, 15, Block, "notes"));
+    fields.push_back(variable(302, 350, Block, "percent over time"));
 }
 
 // The 54 bytes of Fixed2Data.
