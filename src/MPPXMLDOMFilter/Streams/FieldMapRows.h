@@ -32,6 +32,7 @@ struct TaskRow {
         LevelingCanSplit = 41,
         LevelAssignments = 42,
         Split = 43,
+        Estimated = 45,
         FirstField = 46,
         LastField = 104,
         Title = 115,

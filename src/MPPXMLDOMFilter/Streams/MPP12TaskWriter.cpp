@@ -259,6 +259,7 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
     record.bit(TaskRow::LevelingCanSplit, task.levelingCanSplit);
     record.bit(TaskRow::LevelAssignments, task.getLevelAssignments());
     record.bit(TaskRow::Split, task.isSplit);
+    record.bit(TaskRow::Estimated, marksElementsOnly() && task.estimated);
     for (std::size_t i = 0; i < std::min(task.customFieldValues.size(), kTextFieldTypes.size()); ++i)
         record.bit(TaskRow::text(i + 1), !task.customFieldValues[i].empty());
     record.bit(TaskRow::Notes, hasNotes);
