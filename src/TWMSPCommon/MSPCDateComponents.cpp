@@ -10,7 +10,7 @@
 namespace brackwater {
 namespace {
 
-// Far more than a date can be moved by, far less than 64 bits hold once it is counted in seconds.
+// Far more than any date needs, and far less than 64 bits in seconds.
 constexpr std::int64_t kLargestZoneField = 1'000'000'000'000'000;
 
 } // namespace

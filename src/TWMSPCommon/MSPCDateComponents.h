@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// Which fields of a date an operation read or wrote: a set of the bits below, or NSNotFound for a failure.
+/// The fields of a date that an operation parsed or wrote: a set of the bits below, or NSNotFound for a failure.
 using UnitMask = std::uint64_t;
 
 inline constexpr UnitMask kYearUnit = 4;
@@ -24,21 +24,21 @@ inline constexpr UnitMask MSPCTimeZoneMinuteUnit = 0x400000; ///< the zone's min
 inline constexpr UnitMask MSPCTimeZoneUTCUnit = 0x800000;    ///< the zone was given as UTC
 inline constexpr UnitMask MSPCTimeZoneMask = MSPCTimeZoneHourUnit | MSPCTimeZoneMinuteUnit | MSPCTimeZoneUTCUnit;
 inline constexpr UnitMask MSPCAllUnits = kDateUnits | kTimeUnits | MSPCTimeZoneMask;
-/// In place of a mask: failure.
+/// Instead of a mask: failure.
 inline constexpr UnitMask NSNotFound = 0x7FFFFFFFFFFFFFFF;
 
-/// The offset in seconds east of Greenwich that a date is told with: the zone's at that instant; but for a date in
-/// daylight time seen from a present outside it, the present one plus the daylight time.
+/// The offset in seconds east of Greenwich shown with a date: the zone's at that instant; but for a date in daylight
+/// saving time seen from a present outside it, the present offset plus the daylight saving time.
 [[nodiscard]] std::int64_t offsetToldForDate(Date date, const TimeZone& zone, Date now);
 
-/// A broken-down date-time together with the zone in which its fields are to be read: UTC, or an offset from GMT in
-/// hours and minutes that both carry the offset's sign. New components count as UTC until told otherwise.
+/// Date-time fields with their zone: UTC, or an offset from GMT in hours and minutes that both carry the offset's sign.
+/// New components are UTC until changed.
 class MSPCDateComponents : public DateComponents {
 public:
     MSPCDateComponents() = default;
     explicit MSPCDateComponents(const DateComponents& components) : DateComponents(components) {}
 
-    // Plain accessors; `fixUTC` brings isUTC in step with the offset.
+    // Plain accessors; `fixUTC` makes isUTC match the offset.
     [[nodiscard]] bool isUTC() const noexcept { return _isUTC; }
     void setIsUTC(bool isUTC) noexcept { _isUTC = isUTC; }
     [[nodiscard]] std::int64_t timeZoneHour() const noexcept { return _timeZoneHour; }
@@ -48,20 +48,20 @@ public:
 
     /// Sets isUTC to whether both parts of the offset are 0.
     void fixUTC() noexcept;
-    /// The offset that the two zone fields tell, in seconds east of Greenwich, isUTC aside; saturated.
+    /// The offset in the two zone fields, in seconds east of Greenwich, ignoring isUTC; saturated.
     [[nodiscard]] std::int64_t secondsFromGMT() const noexcept;
 
-    /// Writes the system zone's offset at `date` into the zone fields and leaves the wall clock alone; without a date
-    /// the offset is that of the fields as the system zone reads them. For a date in daylight time seen from a present
-    /// outside it, the offset is the present one plus the daylight time. `now` is the present. Answers MSPCAllUnits.
+    /// Writes the system zone's offset at `date` into the zone fields and leaves the local time alone; without a date,
+    /// the offset for the fields in the system zone. For a date in daylight saving time seen from a present outside it,
+    /// the offset is the present one plus the daylight saving time. `now` is the present. Returns MSPCAllUnits.
     UnitMask forceSystemTimezoneforDate(std::optional<Date> date, Date now = Date::now());
 
-    // Moves of the wall clock to another zone. They answer MSPCAllUnits, or NSNotFound where the fields make no
-    // instant, and then leave the components as they were.
+    // Convert the local time to another zone. They return MSPCAllUnits, or NSNotFound, without changes, if the fields
+    // are not an instant.
 
     UnitMask convertToUTC();
-    /// The target is the system zone's offset at the instant that the fields mean in the system zone, whatever the
-    /// zone fields say: near a clock change that differs from the offset at the components' own instant.
+    /// The target is the system zone's offset at the instant of the fields in the system zone, ignoring the zone
+    /// fields: near a clock change that differs from the offset at the components' own instant.
     UnitMask convertToSystemTimezone();
     UnitMask convertToTimeZoneForSecondsFromGMT(std::int64_t seconds);
 

@@ -16,7 +16,7 @@ constexpr std::string_view kZonedPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
 constexpr std::string_view kDateTimePattern = "yyyy-MM-dd'T'HH:mm:ss";
 constexpr std::string_view kDatePattern = "yyyy-MM-dd";
 
-// Zone and pattern are kept for the life of the process, as the format's log shows the zone once.
+// Zone and pattern are kept for the lifetime of the process, since the log shows the zone only once.
 
 const TimeZone& capturedSystemZone() {
     static const TimeZone zone = [] {
@@ -47,7 +47,7 @@ std::optional<RegularExpression::Range> onlyMatch(const RegularExpression& patte
 
 bool hasTime(std::string_view text) { return text.find('T') != std::string_view::npos; }
 
-/// "+01:00" becomes "+0100", "Z" becomes "+00": the forms that the formatter reads.
+/// "+01:00" becomes "+0100", "Z" becomes "+00": the forms that the formatter parses.
 std::string withFormatterOffset(std::string_view text) {
     std::string copy(text);
     if (copy.back() == 'Z') {
@@ -60,7 +60,7 @@ std::string withFormatterOffset(std::string_view text) {
     return copy;
 }
 
-/// Takes the first two digits off. They may be those of any script, of several bytes each.
+/// Removes the first two digits. They may be of any script, with several bytes each.
 std::string_view takeTwoDigits(std::string_view& digits) {
     const auto isFirstByte = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
     std::size_t end = 0;

@@ -19,7 +19,7 @@ void put(Error* slot, std::string_view domain, int code, std::string description
         *slot = Error{domain, code, std::move(description)};
 }
 
-// Blanks and line ends of Unicode beyond ASCII, as UTF-8.
+// Non-ASCII Unicode blanks and line ends, as UTF-8.
 constexpr std::array<std::string_view, 19> kWideBlanks = {
     "\xC2\x85",     "\xC2\xA0",     "\xE1\x9A\x80", "\xE2\x80\x80", "\xE2\x80\x81", "\xE2\x80\x82", "\xE2\x80\x83",
     "\xE2\x80\x84", "\xE2\x80\x85", "\xE2\x80\x86", "\xE2\x80\x87", "\xE2\x80\x88", "\xE2\x80\x89", "\xE2\x80\x8A",
@@ -51,7 +51,7 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-// Letters outside ASCII never fold to one of the words.
+// Non-ASCII letters never fold to one of the words.
 bool equalsFoldingCase(std::string_view text, std::string_view lowerCaseWord) {
     const auto same = [](char left, char right) {
         return (left >= 'A' && left <= 'Z' ? static_cast<char>(left + ('a' - 'A')) : left) == right;
@@ -59,14 +59,14 @@ bool equalsFoldingCase(std::string_view text, std::string_view lowerCaseWord) {
     return std::equal(text.begin(), text.end(), lowerCaseWord.begin(), lowerCaseWord.end(), same);
 }
 
-// Length of the line end that the text begins with, or 0.
+// Length of the line end at the start of the text, or 0.
 std::size_t lineEndInFront(std::string_view text) {
     if (text.front() == '\r' || text.front() == '\n')
         return 1;
     return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9") ? 3 : 0;
 }
 
-// Length of the character reference of a line end that the text begins with, or 0. Only these spellings count.
+// Length of the line end's character reference at the start of the text, or 0. Only these spellings count.
 std::size_t lineEndReferenceInFront(std::string_view text) {
     constexpr std::array<std::string_view, 6> references = {"&#x0D;", "&#x0d;", "&#x2028;",
                                                             "&#x0A;", "&#x0a;", "&#x2029;"};
@@ -172,7 +172,7 @@ void insertComment(XMLElement element, std::optional<std::string_view> text, std
 }
 
 std::string stringByReplacingOccurrencesOfNewline(std::string_view text) {
-    // The bytes that a line end or a reference to one can begin with; most texts have none of them.
+    // The possible first bytes of a line end or its reference; most texts have none of them.
     constexpr std::string_view suspects = "\r\n&\xE2";
     const bool hasReferences = !text.starts_with("<![CDATA[");
     std::string line;

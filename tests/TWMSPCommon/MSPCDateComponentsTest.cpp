@@ -25,7 +25,7 @@ Date utc(const CivilTime& time) { return GregorianCalendar::dateFromFields(time,
 const Date kWinterNow = utc({2012, 1, 15});
 const Date kSummerNow = utc({2012, 7, 15});
 
-TEST(MSPCDateComponents, MoveToAnotherOffset) {
+TEST(MSPCDateComponents, ConvertToAnotherOffset) {
     auto components = componentsOf({2012, 6, 1, 8, 0, 0}, 5, 30);
     EXPECT_EQ(components.convertToTimeZoneForSecondsFromGMT(-3600), MSPCAllUnits);
     EXPECT_EQ(components, componentsOf({2012, 6, 1, 1, 30, 0}, -1, 0));
@@ -36,7 +36,7 @@ TEST(MSPCDateComponents, MoveToAnotherOffset) {
     EXPECT_EQ(components, componentsOf({2012, 6, 1, 2, 30, 0}));
 }
 
-TEST(MSPCDateComponents, StayAsTheyAreWhereTheyMakeNoInstant) {
+TEST(MSPCDateComponents, StayUnchangedIfTheyAreNotAnInstant) {
     constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
     const ScopedTimeZone zone("Europe/Berlin");
     const auto before = componentsOf({most, 6, 1}, 2);
@@ -50,21 +50,21 @@ TEST(MSPCDateComponents, StayAsTheyAreWhereTheyMakeNoInstant) {
     EXPECT_EQ(alreadyUTC.convertToUTC(), MSPCAllUnits) << "nothing to move";
 }
 
-// The offset is asked for at the instant that the fields mean in the system zone. Near a change of the clock that is
-// another one than at the components' own instant.
-TEST(MSPCDateComponents, TakeTheSystemOffsetAtTheirFieldsInTheSystemZone) {
+// The offset is that of the instant of the fields in the system zone. Near a clock change it differs from the offset at
+// the components' own instant.
+TEST(MSPCDateComponents, UseTheSystemOffsetAtTheirFieldsInTheSystemZone) {
     const ScopedTimeZone zone("Europe/Berlin");
     auto summer = componentsOf({2012, 6, 1, 7, 0, 0});
     EXPECT_EQ(summer.convertToSystemTimezone(), MSPCAllUnits);
     EXPECT_EQ(summer, componentsOf({2012, 6, 1, 9, 0, 0}, 2));
 
-    // The clock goes forward at 01:00 UTC. 01:30 in Berlin is before that, 01:30 UTC behind.
+    // The clocks go forward at 01:00 UTC. 01:30 in Berlin is before that, 01:30 UTC after.
     auto nearChange = componentsOf({2012, 3, 25, 1, 30, 0});
     nearChange.convertToSystemTimezone();
     EXPECT_EQ(nearChange, componentsOf({2012, 3, 25, 2, 30, 0}, 1)) << "a wall time that Berlin never had";
 }
 
-TEST(MSPCDateComponents, AreForcedIntoTheSystemZoneWithoutMoving) {
+TEST(MSPCDateComponents, AreForcedIntoTheSystemZoneWithoutChangingLocalTime) {
     const ScopedTimeZone zone("America/St_Johns");
     auto components = componentsOf({2012, 1, 15, 9, 0, 0}, 5);
     EXPECT_EQ(components.forceSystemTimezoneforDate(utc({2012, 1, 15}), kSummerNow), MSPCAllUnits);
@@ -79,8 +79,9 @@ TEST(MSPCDateComponents, AreForcedIntoTheSystemZoneWithoutMoving) {
     EXPECT_TRUE(components.isUTC());
 }
 
-// Samoa moved from 11 hours behind Greenwich to 13 ahead at the end of 2011, and had daylight time before and behind.
-TEST(MSPCDateComponents, AddDaylightTimeToThePresentOffsetWhenForcedFromWinter) {
+// Samoa moved from 11 hours behind Greenwich to 13 ahead at the end of 2011, with daylight saving time before and
+// after.
+TEST(MSPCDateComponents, AddDaylightSavingToThePresentOffsetWhenForcedInWinter) {
     const ScopedTimeZone zone("Pacific/Apia");
     const Date daylightBeforeTheMove = utc({2011, 1, 15});
     const Date standardBeforeTheMove = utc({2011, 7, 15});

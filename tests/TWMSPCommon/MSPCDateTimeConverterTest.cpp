@@ -17,7 +17,7 @@ using Converter = MSPCDateTimeConverter;
 
 Date utc(const CivilTime& time) { return GregorianCalendar::dateFromFields(time, 0).value(); }
 
-/// Every test runs in Berlin, since the zone is captured once in the process's life.
+/// All tests run in Berlin, since the zone is captured once per process.
 class DateTimeConverter : public testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -36,7 +36,7 @@ TEST_F(DateTimeConverter, LogsTheZoneOnce) {
     EXPECT_EQ(firstLines, std::vector<std::string>{"Running in Europe/Berlin"});
 }
 
-TEST_F(DateTimeConverter, ReadsSourceTextsInEveryFormOfOffset) {
+TEST_F(DateTimeConverter, ParsesSourceTextsWithEveryFormOfOffset) {
     const Date seven = utc({2012, 6, 1, 7});
     for (const char* text :
          {"2012-06-01T07:00:00Z", "2012-06-01T08:00:00+01", "2012-06-01T08:00:00+01:00", "2012-06-01T08:00:00+01:00:00",
@@ -46,7 +46,7 @@ TEST_F(DateTimeConverter, ReadsSourceTextsInEveryFormOfOffset) {
     EXPECT_EQ(Converter::mppFromZelbDateOnly("2012-06-01"), utc({2012, 5, 31, 22}));
 }
 
-TEST_F(DateTimeConverter, ReadsNothingFromTextsThatDoNotReadAsAWhole) {
+TEST_F(DateTimeConverter, ParsesOnlyWholeTexts) {
     for (const char* text : {"", " \n", "2012-06-01T07:00:00", "2012-06-01T07:00:00Zx", "2012-06-01T07:00:00+01:00 x",
                              "2012-06-01x", "2012-13-01", "2012-02-30T07:00:00Z", "2012-06-01T25:00:00Z", "\xFF\xFE"})
         EXPECT_EQ(Converter::mppFromZelbDateTime(text), std::nullopt) << text;
@@ -55,7 +55,7 @@ TEST_F(DateTimeConverter, ReadsNothingFromTextsThatDoNotReadAsAWhole) {
     EXPECT_EQ(Converter::mppFromZelbDateTime(std::string(1'000'000, '1') + "T"), std::nullopt);
 }
 
-TEST_F(DateTimeConverter, ReadsMspdiTextsInTheSystemZone) {
+TEST_F(DateTimeConverter, ParsesMspdiTextsInTheSystemZone) {
     EXPECT_EQ(Converter::mppFromMspdiDateTime("2012-06-01T07:00:00"), utc({2012, 6, 1, 5}));
     EXPECT_EQ(Converter::mppFromMspdiDateTime("2012-06-01"), utc({2012, 5, 31, 22}));
     EXPECT_EQ(Converter::mppFromMspdiDateTime("2012-03-25T02:30:00"), utc({2012, 3, 25, 1, 30})) << "in the gap";
@@ -73,7 +73,7 @@ TEST_F(DateTimeConverter, WritesSourceTextsWithAnOffsetOfThreeParts) {
     EXPECT_EQ(Converter::zelbFromMspdiDateOnly("2012-06-01"), "2012-06-01");
     EXPECT_EQ(Converter::zelbFromMspdiDateOnly("2012-06-01", true), "2012-05-31");
     EXPECT_EQ(Converter::zelbFromMspdiDateTime("no date"), std::nullopt);
-    // Digits of another script take several bytes each.
+    // Digits of other scripts have several bytes each.
     EXPECT_EQ(Converter::ensureISOTimeZoneFormat("T+\u0660\u0661\u0662\u0663", false),
               "T+\u0660\u0661:\u0662\u0663:00");
     EXPECT_EQ(Converter::ensureISOTimeZoneFormat("T-\u0660\u0661\u0662\u0663\u0664\u0665", false),

@@ -23,7 +23,7 @@ protected:
     Error _error;
 };
 
-TEST_F(TypedReads, OneNodeIsReadAndLeavesTheErrorAlone) {
+TEST_F(TypedReads, OneNodeGivesItsValueAndNoError) {
     EXPECT_EQ(stringValueForXQuery(_task, "title", &_error), "AB");
     EXPECT_EQ(intValueForXQuery(_task, "effort", &_error), 12);
     EXPECT_EQ(intValueForXQuery(_task, "negative", &_error), -7);
@@ -59,7 +59,7 @@ TEST_F(TypedReads, SeveralNodesGiveTheLastOneAndErrorTwo) {
     EXPECT_EQ(intValueForXQuery(_task, "twice"), 2);
 }
 
-TEST_F(TypedReads, TextThatIsNoNumberIsAFailedAssertion) {
+TEST_F(TypedReads, NonNumericTextIsAFailedAssertion) {
     test::expectAssertion("Failed to get int value from XML node: <word>abc</word>",
                           [this] { (void)intValueForXQuery(_task, "word"); });
     test::expectAssertion("Failed to get float value from XML node: <empty/>",
@@ -74,7 +74,7 @@ TEST_F(TypedReads, UnportedQueryKeepsItsOwnError) {
               "NOT PORTED XQUERY (Mapper.cpp [7]): q");
 }
 
-TEST_F(TypedReads, BooleanAttributesTellWhenTheyAreMissing) {
+TEST_F(TypedReads, MissingBooleanAttributeIsAnError) {
     EXPECT_TRUE(boolAttributeForName(_task, "flag", &_error));
     EXPECT_FALSE(_error);
     EXPECT_FALSE(boolAttributeForName(_task, "fixed-end", &_error));
@@ -87,7 +87,7 @@ TEST_F(TypedReads, BooleanAttributesTellWhenTheyAreMissing) {
     EXPECT_EQ(_error.description, "Failed to get boolean value from string: \"maybe\"");
 }
 
-TEST(BooleanTexts, WordsAndWholeNumbersAreRead) {
+TEST(BooleanTexts, WordsAndWholeNumbersAreParsed) {
     for (const char* text :
          {" YES\n", "True", "1", "-1", "\t+2", "yes", "0001", "99999999999999", "\u00A0\u2028true\u3000"}) {
         Error error;
@@ -121,7 +121,7 @@ TEST(OneLineTexts, EachLineEndBecomesOneBlank) {
     EXPECT_EQ(stringByReplacingOccurrencesOfNewline("&#x0&#x0A;A;"), "&#x0 A;");
 }
 
-TEST(OneLineTexts, OtherTextsStayAsTheyAre) {
+TEST(OneLineTexts, OtherTextsStayUnchanged) {
     for (const char* text :
          {"", "plain", "a\tb", "&#xA;&#10;&#x0D&amp;&", "\u20AC \u2027 \u202A \u0085 \u00E2\xE2", "x<![CDATA["})
         EXPECT_EQ(stringByReplacingOccurrencesOfNewline(text), text);
@@ -133,7 +133,7 @@ TEST(OneLineTexts, CdataKeepsItsCharacterReferencesButNoLineEnds) {
     EXPECT_EQ(stringByReplacingOccurrencesOfNewline(" <![CDATA[a&#x0A;b]]>"), " <![CDATA[a b]]>");
 }
 
-TEST(ElementBuilding, PartsStandInTheOrderOfTheirPlaces) {
+TEST(ElementBuilding, PartsAreInTheOrderOfTheirIndexes) {
     const auto document = XMLDocument::withRootElement("p");
     const XMLElement root = document->rootElement();
     addChildElementWithName(root, "last", "x < y");
@@ -148,7 +148,7 @@ TEST(ElementBuilding, PartsStandInTheOrderOfTheirPlaces) {
                           [&root] { insertChildElementWithName(root, "none", "", 7); });
 }
 
-TEST(ElementBuilding, AttributeWithoutAValueIsMadeOrKept) {
+TEST(ElementBuilding, AttributeWithoutAValueIsCreatedOrKept) {
     const auto document = XMLDocument::withRootElement("p");
     const XMLElement root = document->rootElement();
     setAttributeWithName(root, "a");

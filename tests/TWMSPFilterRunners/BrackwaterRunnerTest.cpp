@@ -30,7 +30,7 @@ protected:
         _folder.write("config/lanthorn.Tarnwick2.MSPExportMPP.conf", "[Preferences]\n" + lines);
     }
 
-    /// Runs the tool with these arguments behind its name; the lines that it and all below it logged.
+    /// Runs the tool with these arguments after its name and returns all lines logged.
     std::vector<std::string> run(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), "/usr/local/bin/Brackwater");
         const test::LogCapture log;
@@ -48,7 +48,7 @@ protected:
         return runWithTemplate(std::move(output));
     }
 
-    /// The end of a run that was stopped by this failure.
+    /// Expects the run to end with this failure.
     static void expectFailure(const std::vector<std::string>& lines, std::string_view name, const std::string& reason) {
         ASSERT_GE(lines.size(), 2u);
         EXPECT_EQ(lines.front(), "Brackwater Runner");
@@ -63,7 +63,7 @@ protected:
 
 class RunnerWithBundle : public Runner {
 protected:
-    /// The output path that a run with this output argument logs.
+    /// The output path logged by a run with this output argument.
     std::string outputPath(const std::vector<std::string>& output) const {
         std::vector<std::string> arguments = {_bundle};
         arguments.insert(arguments.end(), output.begin(), output.end());
@@ -82,7 +82,7 @@ constexpr const char* kUsage =
     "  Brackwater --template-path <MPP_template_path> <input_ZELB_bundle_path> [<output_path>]\n"
     "  Brackwater --template-path <MPP_template_path> --input-list <input_list_path> [<output_path>]";
 
-TEST_F(Runner, TooFewArgumentsOrAnotherFirstSwitchShowTheUsage) {
+TEST_F(Runner, TooFewArgumentsOrAnotherFirstOptionShowTheUsage) {
     for (const std::vector<std::string>& arguments : {std::vector<std::string>(),
                                                       {"--template-path"},
                                                       {"--template-path", "missing.mpp"},
@@ -94,20 +94,20 @@ TEST_F(Runner, TooFewArgumentsOrAnotherFirstSwitchShowTheUsage) {
     EXPECT_TRUE(log.contains("Too few arguments. Usage:\n   --template-path"));
 }
 
-TEST_F(Runner, TemplateIsCheckedByExtensionAndThenByWhatStandsThere) {
+TEST_F(Runner, TemplateIsCheckedByExtensionAndThenOnDisk) {
     expectFailure(run({"--template-path", "Template.mpt", "Plan.zelb"}), "CommandLineArgumentException",
                   "Template is not a valid MPP file: 'Template.mpt'");
     expectFailure(run({"--template-path", _folder.path("x/../No.mpp"), "Plan.zelb"}), "FileNotFoundException",
                   "MPP template file not found: " + _folder.path("No.mpp"));
     expectFailure(run({"--template-path", _folder.makeFolder("Folder.mpp"), "Plan.zelb"}), "FileNotFoundException",
                   "MPP template file not found: " + _folder.path("Folder.mpp"));
-    // The extension test folds case: this one gets as far as the bundle.
+    // The extension check ignores case: this one gets as far as the bundle.
     std::filesystem::copy_file(_template, _folder.path("T.MPP"));
     expectFailure(run({"--template-path", _folder.path("T.MPP"), "Plan.txt"}), "CommandLineArgumentException",
                   "Input file is not a valid ZELB doc folder: 'Plan.txt'");
 }
 
-TEST_F(Runner, BundleIsCheckedByExtensionAndThenByWhatStandsThere) {
+TEST_F(Runner, BundleIsCheckedByExtensionAndThenOnDisk) {
     expectFailure(runWithTemplate({_folder.path("Plan.zelb ")}), "CommandLineArgumentException",
                   "Input file is not a valid ZELB doc folder: '" + _folder.path("Plan.zelb ") + "'");
     expectFailure(runWithTemplate({_folder.path("./No.zelb/")}), "FileNotFoundException",
@@ -127,7 +127,7 @@ TEST_F(Runner, ListFileIsChecked) {
                   "Input list file could not be read or empty: " + _folder.path("list.txt"));
 }
 
-TEST_F(Runner, ListsOfNothingOrOfCommentsExportNothing) {
+TEST_F(Runner, EmptyListsAndCommentsExportNothing) {
     for (const std::string& list : {std::string(), std::string("\r\n"), std::string("::\0one\n::two.zelb\n", 17)})
         EXPECT_THAT(runList(list), ElementsAre("Brackwater Runner", StartsWith("MPP Template URL: 'file:///"),
                                                "### Import files from the list:", "Final clean up."));
@@ -140,7 +140,7 @@ TEST_F(Runner, SingleArgumentThatLooksLikeACommentIsSkipped) {
                                 fmt::format("### Export single file: \"{}\"", argument), "Final clean up."));
 }
 
-TEST_F(RunnerWithBundle, TellsItsStepsInOrder) {
+TEST_F(RunnerWithBundle, LogsItsStepsInOrder) {
     std::vector<std::string> lines;
     for (const std::string& line : runWithTemplate({_bundle + "/"})) {
         if (line.starts_with("Brackwater") || line.starts_with("MPP Template") || line.starts_with("###") ||
@@ -158,21 +158,21 @@ TEST_F(RunnerWithBundle, TellsItsStepsInOrder) {
     EXPECT_TRUE(_folder.has("My Plan.mpp"));
 }
 
-TEST_F(RunnerWithBundle, OutputGoesWhereTheTableSays) {
+TEST_F(RunnerWithBundle, OutputPathFollowsTheTable) {
     EXPECT_EQ(outputPath({}), _folder.path("My Plan.mpp"));
     EXPECT_EQ(outputPath({_folder.path("./New.mpp")}), _folder.path("New.mpp"));
     EXPECT_EQ(outputPath({_folder.write("Old.mpp", "old")}), _folder.path("Old.mpp"));
     EXPECT_EQ(outputPath({_folder.makeFolder("out") + "/"}), _folder.path("out/My Plan.mpp"));
-    // A folder wins whatever its name says.
+    // A folder takes precedence, whatever its name.
     EXPECT_EQ(outputPath({_folder.makeFolder("folder.mpp")}), _folder.path("folder.mpp/My Plan.mpp"));
     EXPECT_EQ(outputPath({_folder.makeFolder("folder.MPP")}), _folder.path("folder.MPP/My Plan.mpp"));
-    // What stands behind the output is not looked at.
+    // Anything after the output is ignored.
     EXPECT_EQ(outputPath({_folder.path("Two.mpp"), "--whatever", "more"}), _folder.path("Two.mpp"));
     EXPECT_EQ(_folder.read("Old.mpp"), "old");
     EXPECT_TRUE(_folder.has("Old-1.mpp"));
 }
 
-TEST_F(RunnerWithBundle, OutputExtensionIsComparedWithItsCase) {
+TEST_F(RunnerWithBundle, OutputExtensionIsCaseSensitive) {
     for (const std::string name : {"Out.MPP", "Out.txt", "Out", ".mpp"}) {
         const auto lines = runWithTemplate({_bundle, _folder.path("./" + name)});
         expectFailure(lines, "CommandLineArgumentException",
@@ -183,7 +183,7 @@ TEST_F(RunnerWithBundle, OutputExtensionIsComparedWithItsCase) {
                   "Output file extension is not 'mpp': " + _folder.path("Old.MPP") + ".");
 }
 
-TEST_F(RunnerWithBundle, RelativePathsCountFromTheWorkingFolder) {
+TEST_F(RunnerWithBundle, RelativePathsAreRelativeToTheWorkingFolder) {
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(_folder.path());
     const auto lines = run({"--template-path", "Template.mpp", "My Plan.zelb"});
@@ -194,7 +194,7 @@ TEST_F(RunnerWithBundle, RelativePathsCountFromTheWorkingFolder) {
     EXPECT_TRUE(_folder.has("My Plan.mpp"));
 }
 
-TEST_F(RunnerWithBundle, PathThroughALinkAndBackNamesOneFileForAllSteps) {
+TEST_F(RunnerWithBundle, PathThroughALinkAndBackMeansTheSameFileInAllSteps) {
     _folder.makeFolder("a/b");
     std::filesystem::create_symlink("a/b", _folder.path("link"));
     test::writeBundle(_folder, "a/My Plan.zelb");
@@ -224,7 +224,7 @@ TEST_F(Runner, BundleExtensionInUpperCaseGivesLowerCaseNames) {
                 Contains("outputFilePath='" + _folder.path("out/Plan.zelb.mpp") + "'"));
 }
 
-TEST_F(RunnerWithBundle, OverwritingRemovesWhatStandsAtTheOutput) {
+TEST_F(RunnerWithBundle, OverwritingRemovesTheExistingOutput) {
     _folder.write("Out.mpp", "old");
     setPreferences("OverwriteFilterTarget=true\n");
     EXPECT_THAT(runWithTemplate({_bundle, _folder.path("Out.mpp")}), Contains("### Exporter SUCCEEDED."));
@@ -236,7 +236,7 @@ TEST_F(RunnerWithBundle, OverwritingRemovesWhatStandsAtTheOutput) {
     EXPECT_TRUE(std::filesystem::is_regular_file(_folder.path("out/My Plan.mpp")));
 }
 
-TEST_F(Runner, ListExportsItsLinesInOrderAndOutlivesAFailedExport) {
+TEST_F(Runner, ListExportsItsLinesInOrderDespiteAFailedExport) {
     const std::string first = test::writeBundle(_folder, "a.zelb");
     const std::string broken = _folder.makeFolder("b.zelb");
     const std::string last = test::writeBundle(_folder, "c.zelb");
@@ -260,7 +260,7 @@ TEST_F(Runner, BadLineStopsTheWholeList) {
     EXPECT_FALSE(_folder.has("c.mpp"));
 }
 
-TEST_F(Runner, OneOutputServesEveryLineOfAList) {
+TEST_F(Runner, OneOutputIsUsedForEveryLineOfAList) {
     const std::string list = test::writeBundle(_folder, "a.zelb") + "\n" + test::writeBundle(_folder, "b.zelb");
     const std::string output = _folder.path("Out.mpp");
     EXPECT_THAT(runList(list, {output}),

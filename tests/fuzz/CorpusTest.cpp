@@ -1,5 +1,5 @@
-// Every stored input of the fuzzers is taken without a crash and without an exception that nobody expects; what else
-// can go wrong, the sanitizers see.
+// Runs every stored input of the fuzzers and expects no crash and no unexpected exception; the sanitizers detect other
+// faults.
 #include "../../fuzz/FuzzSupport.h"
 #undef BRACKWATER_REPLAY
 #include "../../fuzz/LibraryLeaks.h"
@@ -34,7 +34,7 @@ void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 
 class Corpus : public testing::TestWithParam<Kind> {};
 
-TEST_P(Corpus, IsTakenWithoutAFault) {
+TEST_P(Corpus, RunsWithoutAFault) {
     const fuzz::SilentLog silent;
     int inputs = 0;
     for (const auto& entry :

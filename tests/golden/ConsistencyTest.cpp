@@ -1,4 +1,4 @@
-// What all files saved by Microsoft Project 2007 keep in step, corrected exports keep in step as well.
+// Corrected exports are as consistent as all files saved by Microsoft Project 2007.
 #include "DecodedFile.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
@@ -49,8 +49,8 @@ TEST(Consistency, HoldsInCorrectedExportsOfAllBundles) {
         EXPECT_THAT(inconsistencies(bundle, ExportMode::Corrected), IsEmpty()) << bundle;
 }
 
-// So that the check is known to see what it looks for.
-TEST(Consistency, IsBrokenByTheExactExport) {
+// Proves that the check detects inconsistencies.
+TEST(Consistency, IsViolatedByTheExactExport) {
     const auto found = inconsistencies(bundles().front(), ExportMode::Exact);
     for (const char* fault : {"another number of rows", "another size of Var2Data", "another number of elements",
                               "names another calendar", "same number", "another number of days", "no known kind"})

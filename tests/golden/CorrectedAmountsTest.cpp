@@ -1,4 +1,4 @@
-// Work, progress, costs and baselines of a corrected export, from the source to what another reader sees.
+// Work, progress, costs and baselines of a corrected export, from the source to the view of another reader.
 #include "DecodedFile.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
@@ -33,7 +33,7 @@ inspect::ProjectFile exported(const ScenarioBuilder& plan, const ScenarioBuilder
 
 std::string shown(const std::optional<inspect::Date>& date) { return date ? inspect::textOf(*date).substr(5) : "-"; }
 
-// Hours of work, days of duration and whole money, each as whole = done + remaining.
+// Hours of work, days of duration and whole money, each as whole = actual + remaining.
 std::string shownWork(double whole, double done, double remaining) {
     constexpr double kHour = 60000.0;
     return fmt::format("{:.4g}h={:.4g}+{:.4g}", whole / kHour, done / kHour, remaining / kHour);
@@ -88,7 +88,7 @@ ScenarioBuilder withResources() {
     return plan;
 }
 
-TEST(CorrectedAmounts, AreWhatTheSourceTellsAndSumUp) {
+TEST(CorrectedAmounts, MatchTheSourceAndAddUp) {
     ScenarioBuilder plan = withResources();
     plan.task("t9", "title=Wall type=group child=t1,t2,t3 duration=115200 start-date=2027-03-01T08:00:00Z "
                     "end-date=2027-03-04T17:00:00Z static-cost=40");

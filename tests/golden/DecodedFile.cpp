@@ -12,7 +12,7 @@ namespace {
 
 using inspect::Section;
 
-// Properties of the template that an export leaves alone, and maps of its rows, say nothing of the bundle.
+// Template properties that an export leaves alone, and its field maps, have nothing to do with the bundle.
 std::string withoutForeignProperties(const std::string& report) {
     static const std::regex kForeign("0x[0-9a-fA-F]{8} +([0-9]+ bytes .*|field map of .*)");
     std::istringstream lines(report);

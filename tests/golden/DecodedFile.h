@@ -6,14 +6,14 @@
 
 namespace brackwater::test {
 
-/// The template that the build makes for the layout of the folder "   112" or "   114".
+/// The build's template with the layout of the folder "   112" or "   114".
 [[nodiscard]] std::string templateOfLayout(const std::string& layout);
 
-/// A written file, decoded. Links are numbered through all exports of a process: here from 1.
+/// A written file, decoded. Link numbers continue through all exports of a process: here they restart from 1.
 [[nodiscard]] inspect::ProjectFile decodedFile(const std::string& path);
 
-/// What a file tells of its project, without the properties of the template that an export leaves alone, and with
-/// GUIDs, which are random, masked.
+/// The text form of a file, without the template properties that an export leaves alone, and with masked GUIDs, which
+/// are random.
 [[nodiscard]] std::string textOf(const inspect::ProjectFile& project);
 
 } // namespace brackwater::test

@@ -1,5 +1,5 @@
-// The whole road: a bundle in, the decoded file and the log out, compared with readable texts under expected/. Each
-// bundle shows one subject. After a wanted change BRACKWATER_UPDATE_GOLDEN=1 writes the texts anew.
+// The whole path: a bundle in, the decoded file and the log out, compared with readable texts under expected/. Each
+// bundle covers one subject. After an intended change BRACKWATER_UPDATE_GOLDEN=1 rewrites the texts.
 #include "DecodedFile.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
@@ -37,7 +37,7 @@ struct Exported {
     std::string log;
 };
 
-// Paths are the test run's own.
+// Paths differ between test runs.
 std::string masked(std::string text, const std::string& scratch) {
     for (const auto& [path, mask] : {std::pair{scratch, "<out>"}, std::pair{kFolder, "<golden>"},
                                      std::pair{std::string(BRACKWATER_BINARY_DIR), "<build>"}})
@@ -78,7 +78,7 @@ void compareWithGolden(const std::string& name, const std::string& text) {
 
 class Golden : public testing::TestWithParam<std::string> {
 protected:
-    // The line about the system zone comes once a process: here it comes before any log that is compared.
+    // The line about the system zone is logged once per process: here it comes before any compared log.
     static void SetUpTestSuite() {
         const LogCapture log;
         MSPCDateTimeConverter::initialize();

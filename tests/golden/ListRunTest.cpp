@@ -1,5 +1,5 @@
-// A list of bundles exported by one process, compared with a process for each: what one export leaves behind must not
-// show in the next.
+// Compares a list of bundles exported by one process with one process per bundle: no state of one export may show in
+// the next.
 #include "DecodedFile.h"
 
 #include "support/CompoundFile.h"
@@ -20,12 +20,12 @@ namespace {
 
 const std::string kSource = BRACKWATER_SOURCE_DIR;
 
-// The last one holds links and dated weeks as well as the two before it.
+// The last one has links and dated weeks, like the two before it.
 const std::vector<std::string> kBundles = {"tests/golden/bundles/calendars.zelb", "tests/golden/bundles/links.zelb",
                                            "examples/House.zelb"};
 
-// Streams that hold what may differ apart from GUIDs: the numbers of links and of dated weeks, which go on through a
-// process, and the moment of writing. They are compared in their decoded form only.
+// Streams that may differ in more than GUIDs: the numbers of links and of dated weeks, which continue through a
+// process, and the time of writing. Only their decoded form is compared.
 constexpr std::array<std::string_view, 5> kNumberedStreams = {
     "TBkndCons/FixedData", "TBkndCons/Fixed2Data", "TBkndCal/Var2Data", "TBkndAssn/FixedData", "TBkndAssn/Var2Data"};
 
@@ -53,8 +53,8 @@ bool isNumbered(std::string_view path) {
                        [path](std::string_view end) { return path.ends_with(end); });
 }
 
-// Whether the bytes are the same but where two runs of their own differ, which is in GUIDs: a byte of a GUID may be
-// the same by chance, but never the whole of it.
+// Whether the bytes are equal except where two separate runs differ, which is in GUIDs: single bytes of two GUIDs may
+// be equal by chance, but never all of them.
 bool areEqualApartFromGuids(const Bytes& own, const Bytes& ownAgain, const Bytes& listed) {
     if (own.size() != ownAgain.size() || own.size() != listed.size())
         return false;
@@ -86,7 +86,7 @@ protected:
     TempFolder _folder;
 };
 
-TEST_P(ListRun, GivesTheFilesThatARunForEachBundleGives) {
+TEST_P(ListRun, GivesTheSameFilesAsARunPerBundle) {
     std::string list;
     for (const std::string& bundle : kBundles)
         list += kSource + "/" + bundle + "\n";

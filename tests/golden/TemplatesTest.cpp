@@ -1,5 +1,5 @@
-// The example under every template of templates.txt, and of the file that BRACKWATER_TEMPLATES names: a template that
-// somebody saved with a program of his own goes there.
+// The example with every template in templates.txt and in the file named by BRACKWATER_TEMPLATES, which is for
+// templates saved by users.
 #include "DecodedFile.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
@@ -21,12 +21,12 @@ namespace {
 const std::string kListFile = std::string(BRACKWATER_SOURCE_DIR) + "/tests/golden/templates.txt";
 const std::string kExample = std::string(BRACKWATER_SOURCE_DIR) + "/examples/House.zelb";
 
-// One path a line; blank lines and lines that begin with "#" are passed over.
+// One path per line; skips blank lines and lines that begin with "#".
 void addTemplatesOfList(const std::string& listPath, std::vector<std::string>& paths) {
     constexpr std::string_view kBuildFolder = "<build>";
     std::ifstream list(listPath);
     if (!list) {
-        paths.push_back(listPath); // shows as a template that is missing
+        paths.push_back(listPath); // shows as a missing template
         return;
     }
     for (std::string line; std::getline(list, line);) {
@@ -58,7 +58,8 @@ inspect::ProjectFile exampleUnder(const std::string& templatePath) {
     return succeeded ? decodedFile(output) : inspect::ProjectFile{};
 }
 
-// What the file of a bundle holds whatever the template: the layouts differ in lags and in the hours of calendars.
+// The contents of a bundle's file, independent of the template: the layouts differ in lags and in the hours of
+// calendars.
 std::string commonText(const inspect::ProjectFile& project) {
     using inspect::Section;
     return report(project, Section::Tasks) + report(project, Section::Resources) +
@@ -67,7 +68,7 @@ std::string commonText(const inspect::ProjectFile& project) {
 
 class Templates : public testing::TestWithParam<std::string> {};
 
-TEST_P(Templates, ExampleHoldsTheSameUnderEachOfThem) {
+TEST_P(Templates, ExampleHasTheSameContentsWithEachOfThem) {
     const inspect::ProjectFile project = exampleUnder(GetParam());
     const inspect::ProjectFile expected = exampleUnder(templateOfLayout("112"));
     EXPECT_EQ(commonText(project), commonText(expected));

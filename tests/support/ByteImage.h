@@ -12,13 +12,12 @@
 
 namespace brackwater::test {
 
-/// Bytes of a row or stream: zeros of a size, then little-endian values at offsets, which make it longer where they
-/// reach beyond its end.
+/// Bytes of a row or stream: zeros, then little-endian values at offsets. Grows if a value exceeds its end.
 class ByteImage {
 public:
     explicit ByteImage(std::size_t size = 0) : _bytes(size) {}
 
-    /// The lowest byte, two or four bytes of a value.
+    /// The lowest one, two or four bytes of a value.
     ByteImage& byte(std::size_t offset, std::uint64_t value) { return put(offset, value, 1); }
     ByteImage& word(std::size_t offset, std::uint64_t value) { return put(offset, value, 2); }
     ByteImage& integer(std::size_t offset, std::uint64_t value) { return put(offset, value, 4); }
@@ -41,10 +40,10 @@ private:
     Bytes _bytes;
 };
 
-/// The bytes of a text alone.
+/// Only the bytes of a text.
 [[nodiscard]] inline Bytes text16(std::string_view text) { return ByteImage().text(0, text).bytes(); }
 
-/// `size` bytes of a stream; a failure and what there is when the stream is shorter.
+/// `size` bytes of a stream; a failure and the available bytes if the stream is shorter.
 [[nodiscard]] Bytes slice(const Bytes& stream, std::size_t offset, std::size_t size);
 [[nodiscard]] std::uint16_t wordAt(const Bytes& stream, std::size_t offset);
 [[nodiscard]] std::uint32_t integerAt(const Bytes& stream, std::size_t offset);

@@ -80,7 +80,7 @@ CompoundEntry stream(std::string name, Bytes bytes) { return {std::move(name), s
 CompoundEntry storage(std::string name, CompoundTree children) { return {std::move(name), {}, std::move(children)}; }
 
 CompoundEntry compObj(const std::string& userType, const std::string& formatName) {
-    Bytes bytes(28, 0xEE); // not looked at
+    Bytes bytes(28, 0xEE); // ignored
     appendCounted(bytes, userType);
     appendCounted(bytes, formatName);
     return stream("\x01"

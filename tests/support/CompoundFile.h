@@ -9,14 +9,14 @@
 
 namespace brackwater::test {
 
-/// A tree of storages and streams: what a compound file is made from, and what one holds when it is read back.
+/// A tree of storages and streams: the source of a compound file, or its contents.
 struct CompoundEntry {
     std::string name;
-    Bytes bytes;                                        ///< of a stream
-    std::optional<std::vector<CompoundEntry>> children; ///< of a storage
+    Bytes bytes;                                        ///< if a stream
+    std::optional<std::vector<CompoundEntry>> children; ///< if a storage
 
     friend bool operator==(const CompoundEntry&, const CompoundEntry&) = default;
-    /// Paths and sizes, one entry a line, for test output.
+    /// Paths and sizes, one entry per line, for test output.
     friend void PrintTo(const CompoundEntry& entry, std::ostream* out);
 };
 using CompoundTree = std::vector<CompoundEntry>;
@@ -27,7 +27,7 @@ using CompoundTree = std::vector<CompoundEntry>;
 [[nodiscard]] CompoundEntry compObj(const std::string& userType, const std::string& formatName);
 /// "\x01CompObj" of the 2007 family.
 [[nodiscard]] CompoundEntry compObj2007();
-/// `size` bytes that differ from place to place and by `seed`.
+/// `size` bytes that vary by position and `seed`.
 [[nodiscard]] Bytes patternBytes(std::size_t size, unsigned seed = 1);
 
 /// The bytes of a compound file with this tree.
@@ -40,12 +40,12 @@ void writeCompoundFile(const std::string& path, const CompoundTree& tree);
 /// A compound file with this tree, in memory, as an open reader of its root.
 [[nodiscard]] std::shared_ptr<MPPFormatReader> readerOfCompoundFile(const CompoundTree& tree);
 
-/// Reads a compound file back, in the library's order of entries; throws when it does not open or a stream cannot be
+/// Reads a compound file back, in the library's order of entries; throws if it cannot be opened or a stream cannot be
 /// read.
 [[nodiscard]] CompoundTree readCompoundFile(const std::string& path);
-/// The entry at "   112/TBkndTask/Var2Data"; null where there is none.
+/// The entry at "   112/TBkndTask/Var2Data"; null if there is none.
 [[nodiscard]] const CompoundEntry* entryAt(const CompoundTree& tree, const std::string& path);
-/// Paths of all entries, storages with a slash at the end, one a line.
+/// Paths of all entries, one per line, storages with a trailing slash.
 [[nodiscard]] std::string listing(const CompoundTree& tree, const std::string& prefix = {});
 
 } // namespace brackwater::test

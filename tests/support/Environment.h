@@ -6,7 +6,7 @@
 
 namespace brackwater::test {
 
-/// Sets a variable of the environment, or takes it out where `value` is null, while the object lives.
+/// Sets an environment variable, or unsets it if `value` is null, for the lifetime of the object.
 class ScopedEnvironment {
 public:
     ScopedEnvironment(const char* name, const char* value) : _name(name) {

@@ -8,7 +8,7 @@
 
 namespace brackwater::test {
 
-/// Collects what is logged while it lives, one entry a message, without time stamps.
+/// Collects the log during its lifetime, one entry per message, without time stamps.
 class LogCapture : public LogSink {
 public:
     void receive(std::string_view text) override { _lines.emplace_back(text); }

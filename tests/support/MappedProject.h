@@ -15,7 +15,7 @@
 
 namespace brackwater::test {
 
-/// A scenario mapped from beginning to end, with its log.
+/// A completely mapped scenario, with its log.
 class MappedProject {
 public:
     explicit MappedProject(const ScenarioBuilder& scenario, std::string_view tocProjectXml = "",
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] const std::vector<std::string>& log() const { return _log.lines(); }
     [[nodiscard]] bool logged(std::string_view text) const { return _log.contains(text); }
 
-    /// What the log tells of the children of the task that was mapped as the n-th (0 is the top), "Name=value" each.
+    /// The children of the n-th mapped task (0 is the top) from the log, each as "Name=value".
     [[nodiscard]] std::vector<std::string> childrenOfTask(std::size_t position) const {
         return childrenOf(position, "Task /");
     }
@@ -65,7 +65,7 @@ private:
     std::shared_ptr<MPPProject> _project;
 };
 
-/// The mapping of a scenario ends in a failed check with this message.
+/// Expects that mapping a scenario fails with this check's message.
 inline void expectMappingFails(const ScenarioBuilder& scenario, std::string_view message) {
     const LogCapture log;
     MSPEMapper mapper(scenario.document(), tableOfContents(), {}, std::nullopt);

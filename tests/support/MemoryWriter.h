@@ -17,15 +17,15 @@ using Bytes = std::vector<std::uint8_t>;
 /// What a MemoryWriter and its children have written, by path ("TBkndTask/Var2Data").
 struct MemoryOutput {
     std::map<std::string, Bytes> streams;
-    std::vector<std::string> created;       ///< streams and storages, in the order of their creation
-    std::size_t calls = 0;                  ///< creations, writes and closes asked for so far
-    std::optional<std::size_t> failingCall; ///< the call, counted from 0, that fails, and no other
+    std::vector<std::string> created;       ///< streams and storages, in order of creation
+    std::size_t calls = 0;                  ///< creations, writes and closes so far
+    std::optional<std::size_t> failingCall; ///< index of the one call that fails, counted from 0
     int openStreams = 0;
-    int mostOpenStreams = 0; ///< the library that writes real files bears one
+    int mostOpenStreams = 0; ///< the library for real files allows one
 
     std::string failedPath; ///< of the stream whose call failed
 
-    /// Counts a call that concerns a stream or storage; false for the one that is to fail.
+    /// Counts a call for a stream or storage; false if it has to fail.
     bool nextCallSucceeds(const std::string& path) {
         if (calls++ != failingCall)
             return true;
@@ -34,7 +34,7 @@ struct MemoryOutput {
     }
 };
 
-/// A sink in memory in place of a compound file. Fails once at a call that the output names.
+/// An in-memory sink instead of a compound file. Fails once, at the call set in the output.
 class MemoryWriter : public MPPFormatWriter {
 public:
     /// A storage, by default the root.

@@ -9,10 +9,10 @@
 
 namespace brackwater::test {
 
-/// A scenario of one top group and one task of this title, as the source format has it.
+/// A scenario in the source format with one top group and one task of this title.
 [[nodiscard]] std::string scenarioText(std::string_view title);
 
-/// Builds a bundle's table of contents. By default it names one scenario "s1" in "plan.xml", and a window edits it.
+/// Builds a bundle's table of contents. By default it lists one scenario "s1" in "plan.xml", and a window edits it.
 struct TableOfContents {
     struct Scenario {
         std::optional<std::string> id;
@@ -31,7 +31,7 @@ struct TableOfContents {
     [[nodiscard]] std::string text() const;
 };
 
-/// Writes a bundle with this table of contents, and "plan.xml" in it, and gives its path.
+/// Writes a bundle with this table of contents and a "plan.xml", and returns its path.
 std::string writeBundle(const TempFolder& folder, std::string_view name, const TableOfContents& contents = {});
 
 } // namespace brackwater::test

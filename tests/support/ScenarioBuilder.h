@@ -10,13 +10,13 @@ namespace brackwater::test {
 
 /// Builds scenario documents from short texts: a record is its id, a list of items "name=value ...", and further XML.
 ///
-/// The items become child elements, "effort=3600" <effort>3600</effort>, but for these:
+/// The items become child elements, "effort=3600" <effort>3600</effort>, except these:
 ///   child=t2,t3      references to children ("child-task" or "child-resource")
-///   assign=r1:0.5    an assignment, with units where a colon follows; repeated for several
-///   after=t1:SS:60   a predecessor with kind and lead in seconds, both of which may be missing; a
-///                    percent sign behind it marks the lead as a fraction
-/// A task gets dates and a duration of one working day where its items do not name them; "start-date=-" leaves one out.
-/// The roots are "r-1" and "t-1" unless others are named.
+///   assign=r1:0.5    an assignment, with optional units after a colon; repeat it for several
+///   after=t1:SS:60   a predecessor with optional kind and lead in seconds; a percent sign after the lead makes it a
+///                    fraction
+/// Tasks get default dates and a duration of one working day; "start-date=-" leaves one out. The default roots are
+/// "r-1" and "t-1".
 class ScenarioBuilder {
 public:
     ScenarioBuilder& rootAttribute(std::string_view attribute); ///< further attributes of the root: fixed-end="yes"
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::string text() const;
     [[nodiscard]] std::shared_ptr<XMLDocument> document() const;
 
-    /// A group of everybody, and a group of everything: the least that a document has.
+    /// A group of all resources and a group of all tasks: the minimum of a document.
     [[nodiscard]] static ScenarioBuilder withRoots(std::string_view childResources = "",
                                                    std::string_view childTasks = "");
 
@@ -41,7 +41,7 @@ private:
     std::string _body;
 };
 
-/// A document of a text that must read.
+/// Parses a text, which must be valid.
 [[nodiscard]] std::shared_ptr<XMLDocument> documentOf(std::string_view text);
 /// A table of contents with that XML in its `project`.
 [[nodiscard]] std::shared_ptr<XMLDocument> tableOfContents(std::string_view projectXml = "");

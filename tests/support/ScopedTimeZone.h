@@ -8,7 +8,7 @@
 
 namespace brackwater::test {
 
-/// Sets TZ while it lives and puts back what was there before.
+/// Sets TZ for its lifetime and then restores the previous value.
 class ScopedTimeZone {
 public:
     explicit ScopedTimeZone(const std::string& zone) {

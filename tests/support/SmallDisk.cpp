@@ -9,7 +9,7 @@ SmallDisk::SmallDisk(std::size_t bytes)
     : _mounted(mount("tmpfs", _folder.path().c_str(), "tmpfs", 0, ("size=" + std::to_string(bytes)).c_str()) == 0) {
     if (_mounted)
         return;
-    // The write beyond the limit is to fail, not to end the process.
+    // A write beyond the limit must fail, not end the process.
     _signalBefore = std::signal(SIGXFSZ, SIG_IGN);
     getrlimit(RLIMIT_FSIZE, &_limitBefore);
     const rlimit limit{bytes, _limitBefore.rlim_max};

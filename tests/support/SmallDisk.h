@@ -8,8 +8,8 @@
 
 namespace brackwater::test {
 
-/// A folder in which only so many bytes find room while the object lives: a file system of its own where the process
-/// may mount one, else a limit on the size of every file that the process writes.
+/// A folder of limited size during the lifetime of the object: its own file system if the process may mount one,
+/// otherwise a limit on the size of every file that the process writes.
 class SmallDisk {
 public:
     explicit SmallDisk(std::size_t bytes);

@@ -5,7 +5,7 @@
 
 namespace brackwater::test {
 
-/// A fresh folder that is removed with all it holds at the end of the object's life.
+/// A new folder, removed with its contents in the destructor.
 class TempFolder {
 public:
     TempFolder();
@@ -13,13 +13,13 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    /// The folder itself, without a slash at the end.
+    /// The folder itself, without a trailing slash.
     [[nodiscard]] const std::string& path() const noexcept { return _path; }
     /// The path of an entry, which need not exist.
     [[nodiscard]] std::string path(std::string_view entry) const;
-    /// Writes a file, with the folders above it, and gives its path.
+    /// Writes a file, creating its parent folders, and returns its path.
     std::string write(std::string_view entry, std::string_view bytes) const;
-    /// Makes a folder and gives its path.
+    /// Creates a folder and returns its path.
     std::string makeFolder(std::string_view entry) const;
     [[nodiscard]] bool has(std::string_view entry) const;
     [[nodiscard]] std::string read(std::string_view entry) const;

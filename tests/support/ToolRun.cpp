@@ -14,18 +14,18 @@ namespace brackwater::test {
 
 namespace {
 
-// In the new process: nothing of the test's own may come back.
+// Runs in the new process and must not return to the test.
 [[noreturn]] void becomeTool(const ToolStart& start) {
     const int log = open(start.logPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     dup2(log, STDERR_FILENO);
     close(log);
     for (const auto& [name, value] : start.environment)
         setenv(name.c_str(), value.c_str(), 1);
-    // As a shell starts it, whatever the test's process does with these signals.
+    // As when started by a shell, whatever the test's process does with these signals.
     for (const int signalNumber : {SIGXFSZ, SIGINT, SIGQUIT, SIGHUP, SIGTERM})
         std::signal(signalNumber, SIG_DFL);
-    // Limits are not set here: what a build with coverage counters writes in between would meet them first. Nor may the
-    // tool cut off the files of such counters.
+    // Sets no limits here: a build with coverage counters would hit them first when it writes in between. The tool must
+    // not truncate the files of such counters either.
     std::vector<std::string> command;
     if (start.mostBytesOfAFile != 0) {
         command = {"prlimit", "--fsize=" + std::to_string(start.mostBytesOfAFile)};

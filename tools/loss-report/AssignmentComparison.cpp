@@ -9,7 +9,7 @@ namespace brackwater::lossreport {
 
 namespace {
 
-constexpr double kWorkOfPiece = 60'000; ///< a piece of a material stands as an hour of work
+constexpr double kWorkOfPiece = 60'000; ///< a unit of material is stored as an hour of work
 constexpr double kWholeUnits = 10'000;
 constexpr double kSecondsOfWork = 60.0 / 1000;
 
@@ -38,11 +38,11 @@ public:
     }
 
 private:
-    // A piece of the task's work that nobody has been assigned to.
+    // A piece of unassigned work of the task.
     void comparePlaceholder() {
         if (_rows.empty())
             return _comparison.add(subjectOf(_task), Kind::Unexplained, "unassigned work", hoursText(_task.effort), "");
-        // Where no effort is told, real files have the duration.
+        // If the source has no effort, real files have the duration.
         const double work = _rows.front()->work;
         if (_task.effort > 0 || !isSameWork(workOfSeconds(_task.duration), work))
             _comparison.work(subjectOf(_task), "unassigned work", _task.effort, work);
@@ -67,7 +67,7 @@ private:
         compareBaseline(subject, source, *row);
     }
 
-    /// The rows of a task are mostly in the order of the document.
+    /// The rows of a task are mostly in document order.
     const inspect::Assignment* takeRow(std::uint32_t resource) {
         const auto isRight = [resource](const inspect::Assignment* row) { return row->resourceId == resource; };
         if (_next < _rows.size() && isRight(_rows[_next]))
@@ -81,7 +81,7 @@ private:
         _comparison.number(subject, "units", source.units, row.units, kWholeUnits);
         _comparison.work(subject, "work", effort, row.work);
         const double done = _task.progress();
-        // Of the work in the file, whose own differences are told already.
+        // Relative to the work in the file, whose own differences are already reported.
         if (!isSameWork(row.work * done, row.actualWork))
             _comparison.add(subject, Kind::Progress, "work done", hoursText(effort * done),
                             hoursOfWork(row.actualWork));
@@ -94,7 +94,7 @@ private:
         _comparison.number(subject, "quantity as work", source.units, row.work, kWorkOfPiece, Kind::MaterialQuantity);
     }
 
-    // What an hour or a piece costs, and each use of a resource, by its units or once.
+    // The cost per hour or unit, and per use of a resource, times its units or once.
     void compareCost(const Subject& subject, const SourceAssignment& source, const std::optional<double>& effort,
                      const SourceResource& resource, const inspect::Assignment& row) {
         const double cost = resource.costPerHour.value_or(0) * (effort ? *effort / 3600 : source.units);
@@ -111,7 +111,7 @@ private:
             _comparison.number(subjectOf(_task), "whole cost", cost / 100, _file.cost, 100, Kind::CostOfWork);
     }
 
-    // A resource that is assigned twice has one baseline on the task; material has none.
+    // A resource assigned twice has one baseline on the task; material has none.
     void compareBaseline(const Subject& subject, const SourceAssignment& source, const inspect::Assignment& row) {
         const auto [first, end] = _baselineAssignments.equal_range(source.resource);
         if (first == end)
@@ -140,7 +140,7 @@ private:
     std::size_t _next = 0;
     const SourceTask* _baselineTask = nullptr;
     std::optional<EffortShares> _baselineShares;
-    std::unordered_multimap<std::string_view, const SourceAssignment*> _baselineAssignments; ///< not yet looked at
+    std::unordered_multimap<std::string_view, const SourceAssignment*> _baselineAssignments; ///< not yet compared
 };
 
 } // namespace

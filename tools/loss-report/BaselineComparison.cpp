@@ -5,7 +5,7 @@ namespace brackwater::lossreport {
 
 namespace {
 
-/// Compares what the baseline document says of a task.
+/// Compares a task with the baseline document.
 class BaselineComparison {
 public:
     BaselineComparison(Comparison& comparison, const SourceTask& source, const inspect::Task& file)
@@ -32,13 +32,13 @@ private:
         constexpr double workOfHour = 60'000;
         Kind kind = _source.isGroup() ? Kind::Summary : Kind::Unexplained;
         if (isSameWork(_source.effort * workOfHour, inFile))
-            kind = Kind::BaselineWork; // seconds that were taken for hours
+            kind = Kind::BaselineWork; // seconds written as hours
         else if (EffortShares(_source, *_comparison.plan.baseline).hasBothKinds())
             kind = Kind::BothKindsOfWork;
         _comparison.work(_subject, "work", _source.effort, inFile, kind);
     }
 
-    // The file has the whole cost, with that of the work, and mostly the fixed part as well.
+    // The file has the total cost, including that of the work, and usually the fixed part as well.
     void compareCost() {
         const double whole = _baseline.cost.value_or(0), work = costOfWork();
         _comparison.number(_subject, "cost", *_source.staticCost, _baseline.fixedCost.value_or(whole - work), 100,

@@ -32,7 +32,7 @@ SourceSpans spansOf(const std::vector<inspect::TimeRange>& ranges) {
     return united(std::move(spans));
 }
 
-/// Times of documents are written in whole minutes.
+/// Documents have times in whole minutes.
 SourceSpans inWholeMinutes(SourceSpans spans) {
     for (SourceSpan& span : spans)
         span = {span.start / 60 * 60, span.end / 60 * 60};
@@ -43,7 +43,7 @@ bool isSame(const SourceSpans& source, const SourceSpans& file) {
     return united(source) == file || inWholeMinutes(source) == file;
 }
 
-/// Exceptions of a calendar of the file, sorted by their first days.
+/// A calendar's exceptions in the file, sorted by first day.
 using Exceptions = std::vector<const inspect::CalendarException*>;
 
 Exceptions inOrder(const std::vector<inspect::CalendarException>& exceptions) {
@@ -60,10 +60,10 @@ const inspect::CalendarException* exceptionOf(const Exceptions& exceptions, std:
     return behind == exceptions.begin() || (*(behind - 1))->lastDay < day ? nullptr : *(behind - 1);
 }
 
-/// What the exceptions that hold on one day say of it.
+/// The combined effect of the exceptions on one day.
 struct DayHours {
     SourceSpans worked, off;
-    bool isWhole = false; ///< they tell all of the day
+    bool isWhole = false; ///< they define the whole day
 
     explicit DayHours(const std::vector<const SourceException*>& active) {
         for (const SourceException* one : active) {
@@ -71,7 +71,7 @@ struct DayHours {
             isWhole = isWhole || one->wholeDay;
         }
     }
-    /// What is worked on a day of these regular hours.
+    /// The working time of a day with these regular hours.
     [[nodiscard]] SourceSpans expected(const SourceSpans& regular) const {
         SourceSpans hours = isWhole ? SourceSpans() : without(regular, off);
         hours.insert(hours.end(), worked.begin(), worked.end());
@@ -79,10 +79,10 @@ struct DayHours {
     }
 };
 
-/// Compares one schedule with the calendar that stands for it.
+/// Compares one schedule with its calendar in the file.
 class CalendarComparison {
 public:
-    /// `told` is what was found already of the schedules that this one takes its exceptions from.
+    /// `told` lists the losses already reported for the schedules from which this one inherits exceptions.
     CalendarComparison(Comparison& comparison, const SourceCalendar& source, const inspect::Calendar& file,
                        Subject subject, std::unordered_set<std::string>& told)
         : _comparison(comparison), _source(source), _file(file), _subject(subject), _told(told),
@@ -92,7 +92,7 @@ public:
             _ofBase = inOrder(_base->exceptions);
     }
 
-    /// `all`: also the days that the schedule takes from its group.
+    /// `all`: also the days that the schedule inherits from its group.
     void compareWeek(bool all) {
         for (std::size_t day = 0; day < kWeekdays.size(); ++day) {
             if (!all && !_source.hasOwn(day))
@@ -122,7 +122,7 @@ public:
     }
 
 private:
-    // The first days of each exception, in which each weekday comes once, and the last one.
+    // The first days of each exception, up to one of each weekday, and the last one.
     static std::set<std::int64_t> daysToLookAt(const std::vector<SourceException>& exceptions) {
         std::set<std::int64_t> days;
         for (const SourceException& exception : exceptions) {
@@ -142,7 +142,7 @@ private:
         return SourceCalendar::usual(weekday);
     }
 
-    // A resource has the exceptions of its group as well, where it tells none of its own.
+    // A resource also has the exceptions of its group, if it has none itself.
     void compareDay(std::int64_t day, const std::vector<const SourceException*>& active) {
         const std::size_t weekday = weekdayOf(day);
         const inspect::CalendarException *own = exceptionOf(_exceptions, day), *ofBase = exceptionOf(_ofBase, day);
@@ -200,7 +200,7 @@ private:
     const inspect::Calendar* _base;
 };
 
-/// Finds the calendar of each schedule and compares the two.
+/// Finds the calendar of each schedule and compares them.
 class CalendarsComparison {
 public:
     explicit CalendarsComparison(Comparison& comparison) : _comparison(comparison) {
@@ -269,7 +269,7 @@ private:
     Comparison& _comparison;
     std::unordered_map<std::string_view, const inspect::Calendar*> _byName;
     std::unordered_set<std::string> _told;
-    std::vector<const inspect::Calendar*> _calendars; ///< of each resource of the match
+    std::vector<const inspect::Calendar*> _calendars; ///< for each resource of the match
 };
 
 } // namespace

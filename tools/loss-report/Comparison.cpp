@@ -12,14 +12,14 @@ namespace {
 
 constexpr double kSecondsOfTenth = 6;
 constexpr std::int64_t kWholeTenth = 6, kHour = 3600;
-// As far as digits of a double go astray in a calculation.
+// The rounding error of a calculation with doubles.
 constexpr double kRelativeError = 1e-9;
 
 bool isClose(double one, double other, double absolute) {
     return std::abs(one - other) <= absolute + kRelativeError * std::max(std::abs(one), std::abs(other));
 }
 
-/// The text with each line end as a blank, as a field of one line holds it.
+/// The text with line ends as blanks, as in a single-line field.
 std::string oneLine(std::string_view text) {
     std::string line;
     while (!text.empty()) {

@@ -7,12 +7,12 @@
 
 namespace brackwater::lossreport {
 
-/// What a value belongs to.
+/// The object that a value belongs to.
 struct Subject {
     std::string_view object, id, name;
 };
 
-/// A bundle and its file, side by side, and the list of what differs.
+/// A bundle and its file, and the list of their differences.
 class Comparison {
 public:
     Comparison(const SourcePlan& source, const inspect::ProjectFile& mpp)
@@ -21,32 +21,31 @@ public:
     const SourcePlan& plan;
     const inspect::ProjectFile& file;
     const PlanMatch match;
-    /// Seconds that the baseline has for each resource of the main document, summed up over the tasks.
+    /// Seconds in the baseline for each resource of the main document, summed over the tasks.
     std::unordered_map<std::string_view, double> baselineEfforts;
 
     void add(const Subject& subject, Kind kind, std::string_view field, std::string source, std::string inFile);
 
-    // Each compares one value and adds a loss where the file does not say the same. `otherwise` is the reason where
-    // none of the general ones accounts for it.
+    // Each compares one value and adds a loss if the file differs. `otherwise` is the reason if no general one applies.
 
     void text(const Subject& subject, std::string_view field, std::string_view source, std::string_view inFile,
               Kind otherwise = Kind::Unexplained);
     void date(const Subject& subject, std::string_view field, const SourceDate& source,
               const std::optional<inspect::Date>& inFile, Kind otherwise = Kind::Unexplained);
-    /// Of seconds with tenths of a minute.
+    /// Compares seconds with tenths of a minute.
     void duration(const Subject& subject, std::string_view field, double seconds, const inspect::Duration& inFile,
                   Kind otherwise = Kind::Unexplained);
-    /// Of seconds with thousandths of a minute.
+    /// Compares seconds with thousandths of a minute.
     void work(const Subject& subject, std::string_view field, double seconds, double inFile,
               Kind otherwise = Kind::Unexplained);
-    /// Of a number with another one in units of `scale` to one.
+    /// Compares a number with one in units of 1/`scale`.
     void number(const Subject& subject, std::string_view field, double source, double inFile, double scale,
                 Kind otherwise = Kind::Unexplained);
     void note(const Subject& subject, const std::optional<SourceNote>& source, std::string_view inFile);
     void fields(const Subject& subject, const SourceFields& source, const inspect::TextFields& inFile,
                 const std::map<std::size_t, std::string>& names);
 
-    /// The wall time of a date-time; nothing where there is none to be read.
+    /// The local time of a date-time; nothing if it is missing or unparsable.
     [[nodiscard]] std::optional<WallTime> wallTime(const SourceDate& date) const {
         return date ? _clock.read(*date) : std::nullopt;
     }
@@ -61,11 +60,11 @@ private:
     LossReport _report;
 };
 
-/// Thousandths of a minute of so many seconds.
+/// Seconds in thousandths of a minute.
 [[nodiscard]] constexpr double workOfSeconds(double seconds) noexcept { return seconds / 60 * 1000; }
-/// Whether two numbers are the same but for the rounding of their arithmetic.
+/// Whether two numbers are equal except for rounding errors.
 [[nodiscard]] bool isSameNumber(double one, double other) noexcept;
-/// Whether two works are the same but for the rounding of their arithmetic.
+/// Whether two work values are equal except for rounding errors.
 [[nodiscard]] bool isSameWork(double one, double other) noexcept;
 /// "2.5 h"
 [[nodiscard]] std::string hoursText(double seconds);

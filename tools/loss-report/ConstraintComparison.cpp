@@ -17,7 +17,7 @@ enum ConstraintType : std::uint16_t {
     kFinishNoLater = 7,
 };
 
-/// A date that a planner may fix, and the constraints that say the same.
+/// A date that a planner may fix, and the equivalent constraints.
 struct Bound {
     std::string_view name;
     SourceDate SourceTask::*date;
@@ -46,7 +46,7 @@ void compareScheduleType(Comparison& comparison, const Subject& subject, const T
     const bool isLate = type == "alap";
     if (!isLate && type != "asap")
         return;
-    // A constraint on a date leaves the type to the direction of the whole plan.
+    // With a constraint on a date, the direction of the whole plan determines the type.
     const bool isTold = pair.file->constraintType == (isLate ? kAsLateAsPossible : kAsSoonAsPossible) ||
                         (pair.file->constraintType > kAsLateAsPossible && isLate == comparison.plan.main.fixedEnd);
     if (!isTold)

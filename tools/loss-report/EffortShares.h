@@ -4,8 +4,8 @@
 
 namespace brackwater::lossreport {
 
-/// How a task's effort is shared out. The document leaves open whether the effort is that of each kind of resource, or
-/// of both together, or that of the staff beside equipment that runs as long as the task.
+/// How a task's effort is shared. The document does not say whether each kind of resource has the effort, both share
+/// it, or staff share it while equipment runs as long as the task.
 class EffortShares {
 public:
     EffortShares(const SourceTask& task, const SourceScenario& scenario);
@@ -13,7 +13,7 @@ public:
     /// Seconds of an assignment of the task, by units within its kind; nothing for material, which has a quantity
     /// instead.
     [[nodiscard]] std::optional<double> of(const SourceAssignment& assignment) const;
-    /// Of the readings that a task of both kinds allows, the one that is nearest to so many seconds.
+    /// For a task with both kinds, the possible value closest to `seconds`.
     [[nodiscard]] std::optional<double> nearest(const SourceAssignment& assignment, double seconds) const;
     [[nodiscard]] bool hasBothKinds() const noexcept { return _kinds.at(kStaff).any && _kinds.at(kEquipment).any; }
     [[nodiscard]] bool hasWorkers() const noexcept { return _kinds.at(kStaff).any || _kinds.at(kEquipment).any; }

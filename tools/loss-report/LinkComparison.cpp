@@ -18,7 +18,7 @@ std::uint16_t typeOf(std::string_view kind) {
     return kind == "FF" ? kFinishFinish : kFinishStart;
 }
 
-/// Compares the links that lead to one task.
+/// Compares the links to one task.
 class LinkComparison {
 public:
     LinkComparison(Comparison& comparison, const TaskPair& successor)
@@ -62,7 +62,7 @@ private:
     Comparison& _comparison;
     const TaskPair& _successor;
     Subject _subject;
-    std::unordered_map<std::uint32_t, std::size_t> _turns; ///< links seen from each predecessor
+    std::unordered_map<std::uint32_t, std::size_t> _turns; ///< links found so far for each predecessor
 };
 
 } // namespace

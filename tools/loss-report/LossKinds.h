@@ -5,7 +5,7 @@
 
 namespace brackwater::lossreport {
 
-/// Why a value of a document does not stand in the file. Each has its row in the table below and in docs/fidelity.md.
+/// Why a value of a document is not in the file. Each has a row in the table below and in docs/fidelity.md.
 enum class Kind {
     DateRange,
     Seconds,
@@ -71,7 +71,7 @@ enum class Kind {
 /// Which exports have a kind of loss.
 enum class Occurs {
     Always,         ///< the format has no place for the value, or no export writes it
-    InExactExports, ///< a corrected export carries the value
+    InExactExports, ///< a corrected export writes the value
 };
 
 struct LossKind {

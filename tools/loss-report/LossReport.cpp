@@ -10,7 +10,7 @@ namespace brackwater::lossreport {
 
 LossReport findLosses(const std::string& bundlePath, const std::string& mppPath) {
     const SystemTimeZoneHold hold;
-    // Reading takes most of the time, and neither of the two needs the other.
+    // Parsing takes most of the time, and the two are independent.
     auto decoded =
         std::async(std::launch::async, [&mppPath] { return inspect::decode(inspect::CompoundFile::open(mppPath)); });
     const SourcePlan plan = readPlan(bundlePath);

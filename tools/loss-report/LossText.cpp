@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kLongestValue = 60; ///< bytes of a value on its line
 
-// Characters that write from right to left, or change the order of those around them.
+// Characters that write from right to left, or change the order of others.
 bool turnsOrder(char32_t c) {
     return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
@@ -33,7 +33,7 @@ char32_t codeOf(std::string_view character) {
     return code;
 }
 
-/// The text as it may be shown, cut where it is long.
+/// The text made safe to show, truncated if it is long.
 std::string shown(std::string_view text) {
     std::string out;
     while (!text.empty()) {
@@ -65,13 +65,13 @@ std::string lineOf(const Loss& loss) {
 
 std::string valuesText(std::size_t count) { return fmt::format("{} {}", count, count == 1 ? "value" : "values"); }
 
-/// The losses of a kind, and how many of them have a line of their own.
+/// The losses of a kind, and how many of them have their own line.
 struct Group {
     std::vector<const Loss*> losses;
     std::size_t lines = 0;
 };
 
-/// Gives lines to the groups by turns, so that a long one hides no other.
+/// Distributes lines among the groups in turn, so that a long one hides no other.
 void shareOut(std::map<std::string_view, Group>& groups, std::size_t lines) {
     for (bool isGiven = true; isGiven;) {
         isGiven = false;

@@ -25,14 +25,14 @@ std::vector<const Record*> sortedBy(const std::vector<Record>& records, const Ke
 
 std::uint32_t taskOf(const inspect::Assignment* assignment) { return assignment->taskId; }
 
-/// Those of a sorted list that have the key.
+/// The records of a sorted list with this key.
 template <typename Record, typename Value, typename Key>
 std::span<const Record* const> withKey(const std::vector<const Record*>& sorted, const Value& value, const Key& key) {
     return {std::ranges::lower_bound(sorted, value, {}, key), std::ranges::upper_bound(sorted, value, {}, key)};
 }
 
-/// Goes over two lists in step. Where they differ in length, a record of the document whose successor bears the row's
-/// name is one that the file lacks.
+/// Walks two lists in parallel. If their lengths differ, a document record whose successor has the row's name is
+/// missing from the file.
 template <typename Pairs, typename Rows, typename Name, typename RowName>
 void pairInOrder(Pairs& pairs, const Rows& rows, const Name& name, const RowName& rowName) {
     std::size_t row = 0;
@@ -45,7 +45,7 @@ void pairInOrder(Pairs& pairs, const Rows& rows, const Name& name, const RowName
     }
 }
 
-/// Adds what a tree reaches, parents first, each once.
+/// Adds the records reachable in a tree, parents first, each once.
 template <typename Pairs, typename Places, typename Find, typename Goes>
 void walk(Pairs& pairs, Places& places, std::string_view top, const Find& find, const Goes& goesDown) {
     struct Step {

@@ -9,36 +9,36 @@
 
 namespace brackwater::lossreport {
 
-/// A task of the document and its row; the top task's is the project's own where it has no other.
+/// A task of the document and its row; the top task's is the project's own if it has no other.
 struct TaskPair {
     const SourceTask* source = nullptr;
-    const inspect::Task* file = nullptr; ///< null where the file has none
+    const inspect::Task* file = nullptr; ///< null if it is not in the file
     bool isTop = false;
 };
 
 /// A resource of the document and its row.
 struct ResourcePair {
     const SourceResource* source = nullptr;
-    const inspect::Resource* file = nullptr;          ///< null for groups and where the file has none
-    std::optional<std::size_t> parent = std::nullopt; ///< place in the list of pairs
+    const inspect::Resource* file = nullptr;          ///< null for groups, and if it is not in the file
+    std::optional<std::size_t> parent = std::nullopt; ///< index in the list of pairs
 };
 
-/// Which record of the file stands for which of the document: rows are in the order of the document's trees.
+/// Matches records of the file with those of the document: rows are in the order of the document's trees.
 class PlanMatch {
 public:
     PlanMatch(const SourcePlan& plan, const inspect::ProjectFile& file);
 
-    /// In the order of the tree, the top task first.
+    /// In tree order, the top task first.
     [[nodiscard]] const std::vector<TaskPair>& tasks() const noexcept { return _tasks; }
-    /// Groups included, the top resource first.
+    /// Including groups, the top resource first.
     [[nodiscard]] const std::vector<ResourcePair>& resources() const noexcept { return _resources; }
-    /// Whether the top task has a row of its own beside the project's.
+    /// Whether the top task has its own row beside the project's.
     [[nodiscard]] bool hasTopTaskRow() const noexcept { return _hasTopTaskRow; }
-    /// By the document's id; null where the tree has none.
+    /// By the document's id; null if it is not in the tree.
     [[nodiscard]] const TaskPair* task(std::string_view id) const;
     [[nodiscard]] const ResourcePair* resource(std::string_view id) const;
 
-    /// Of a resource of the file.
+    /// For a resource of the file.
     [[nodiscard]] bool isMaterial(std::uint32_t resource) const { return _materials.contains(resource); }
     [[nodiscard]] std::span<const inspect::Assignment* const> assignmentsOf(std::uint32_t task) const;
     [[nodiscard]] std::span<const inspect::Link* const> links(std::uint32_t predecessor, std::uint32_t successor) const;

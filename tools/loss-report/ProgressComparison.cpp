@@ -12,7 +12,7 @@ namespace {
 
 std::string percentText(double share) { return inspect::numberText(share * 100) + " %"; }
 
-/// What the work assignments of a task add up to.
+/// The total work of a task's assignments.
 double assignedWork(const Comparison& comparison, const inspect::Task& task) {
     double sum = 0;
     for (const inspect::Assignment* assignment : comparison.match.assignmentsOf(task.uniqueId)) {
@@ -22,7 +22,7 @@ double assignedWork(const Comparison& comparison, const inspect::Task& task) {
     return sum;
 }
 
-/// Compares work and progress of a task that is no group.
+/// Compares work and progress of a task that is not a group.
 class ProgressComparison {
 public:
     ProgressComparison(Comparison& comparison, const TaskPair& pair)
@@ -53,7 +53,7 @@ private:
     }
 
     void compareRest() {
-        // Of the work in the file, whose own differences are told already.
+        // Relative to the work in the file, whose own differences are already reported.
         if (!isSameWork(_file.work * (1 - _progress), _file.remainingWork))
             _comparison.add(_subject, Kind::Progress, "remaining work", hoursText(_source.effort * (1 - _progress)),
                             hoursOfWork(_file.remainingWork));
@@ -82,7 +82,7 @@ private:
         return std::abs(_duration * _progress - 6.0 * _file.actualDuration.tenths) <= 6;
     }
 
-    // A share between two percents is no loss where work or duration tell it.
+    // A fraction of a percent is not lost if work or duration show it.
     void comparePercent() {
         const double percent = _progress * 100;
         const double difference = std::abs(percent - _file.percentComplete);

@@ -30,10 +30,10 @@ void compareTitle(Comparison& comparison) {
                     summary == comparison.file.summary.end() ? std::string() : summary->text, Kind::SummaryTitle);
 }
 
-/// What a sample of an amount, as "$ 1,234.50", tells of a currency.
+/// The currency settings derived from a sample of an amount, such as "$ 1,234.50".
 struct CurrencySample {
     std::string symbol;
-    int place = 0; ///< 0 before the amount, 1 behind, 2 and 3 the same with a blank between
+    int place = 0; ///< 0 before the amount, 1 after, 2 and 3 the same with a blank between
     std::size_t digits = 0;
 };
 

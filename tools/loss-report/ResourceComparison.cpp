@@ -12,7 +12,7 @@ constexpr double kWholeUnits = 10'000;
 
 Subject subjectOf(const SourceResource& resource) { return {"resource", resource.id, resource.name}; }
 
-/// Compares the resources one after the other.
+/// Compares the resources one by one.
 class ResourceComparison {
 public:
     explicit ResourceComparison(Comparison& comparison) : _comparison(comparison) {}
@@ -87,7 +87,7 @@ private:
             _comparison.add(subject, Kind::Equipment, "type", "Equipment", kindText(file.kind));
     }
 
-    // The names of the groups from the outside in.
+    // The names of the groups from the outermost in.
     void compareGroup(const Subject& subject, const ResourcePair& pair) {
         std::string path;
         bool hasNameless = false;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int64_t kWholeDay = 86'400;
 
-// Overtime has its hours on each day of an event. Time off goes on from the start to the end.
+// Overtime has the same hours on each day of an event. Time off lasts from start to end.
 void addEvent(std::vector<SourceException>& found, const SourceExceptions& calendar, const SourceEvent& event,
               const WallClock& clock) {
     const auto start = clock.read(event.start), end = clock.read(event.end);

@@ -16,18 +16,18 @@
 
 namespace brackwater::lossreport {
 
-// What a planner wrote, element by element. Texts are views into the documents that the plan owns.
+// The planner's document, element by element. Texts are views into the documents, which the plan owns.
 
-/// A date-time as it stands; nothing where the element is absent.
+/// A date-time as written; nothing if the element is absent.
 using SourceDate = std::optional<std::string_view>;
 
-/// A paragraph of a note, and whether the document tells more of it than its text.
+/// A paragraph of a note, and whether it has anything besides its text.
 struct SourceNote {
     std::vector<std::string> paragraphs;
     bool hasMarkup = false;
 };
 
-/// Keys and values of custom fields in their order.
+/// Keys and values of custom fields, in order.
 using SourceFields = std::vector<std::pair<std::string_view, std::string_view>>;
 
 struct SourceLink {
@@ -62,7 +62,7 @@ struct SourceTask {
     std::vector<std::string_view> children; ///< of a group, or the segments of a split task
 
     [[nodiscard]] bool isGroup() const noexcept { return type == SourceTaskType::Group; }
-    /// The share that is done, from 0 to 1: of the effort where it tells, else as stated.
+    /// The finished share, from 0 to 1: of the effort if it is known, otherwise as stated.
     [[nodiscard]] double progress() const noexcept {
         return effort > 0 && effortDone > 0 ? effortDone / effort : completion;
     }
@@ -75,7 +75,7 @@ struct SourceSpan {
 };
 using SourceSpans = std::vector<SourceSpan>;
 
-/// From one moment to another, or a whole day with the spans that are worked on it.
+/// From one moment to another, or a whole day with its working spans.
 struct SourceEvent {
     std::string_view start, end;
 };
@@ -93,10 +93,10 @@ struct SourceDay {
 };
 
 struct SourceSchedule {
-    /// Sunday first; absent: as the parent's.
+    /// Sunday first; absent: inherited from the parent.
     std::array<std::optional<SourceSpans>, 7> week;
     std::vector<SourceExceptions> calendars;
-    std::vector<SourceDay> days; ///< dated ones, which take the place of `calendars`
+    std::vector<SourceDay> days; ///< dated ones, which replace `calendars`
 };
 
 struct SourceResource {
@@ -110,14 +110,14 @@ struct SourceResource {
 
     [[nodiscard]] bool isGroup() const noexcept { return type == "Group"; }
     [[nodiscard]] bool isMaterial() const noexcept { return type == "Material"; }
-    /// Whether it is one of the kinds that a project file has rows for.
+    /// Whether project files have rows for this kind.
     [[nodiscard]] bool isWorker() const noexcept { return type == "Staff" || type == "Equipment" || isMaterial(); }
 };
 
 /// A scenario document.
 struct SourceScenario {
     std::unique_ptr<XMLDocument> document;
-    std::deque<std::string> texts; ///< those that do not stand in one piece in the document
+    std::deque<std::string> texts; ///< texts that are not contiguous in the document
     bool fixedEnd = false;
     SourceDate start, end;
     std::string_view topResource, topTask;
@@ -135,16 +135,16 @@ struct SourceScenario {
     }
 };
 
-/// A bundle: its table of contents and the scenarios that its front window shows.
+/// A bundle: its table of contents and the scenarios of its front window.
 struct SourcePlan {
     std::optional<std::string> title, currencyFormat;
     SourceScenario main;
     std::optional<SourceScenario> baseline;
     std::string mainName, baselineName;
-    std::vector<std::string> otherScenarios; ///< names of those that no window of the front shows
+    std::vector<std::string> otherScenarios; ///< names of the scenarios that are not in the front window
 };
 
-/// Reads a bundle. Throws std::runtime_error with a sentence for the user where it is none.
+/// Reads a bundle. Throws std::runtime_error with a sentence for the user if it is not one.
 [[nodiscard]] SourcePlan readPlan(const std::string& bundlePath);
 
 } // namespace brackwater::lossreport

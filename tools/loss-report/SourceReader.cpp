@@ -12,7 +12,7 @@ namespace brackwater::lossreport {
 
 namespace {
 
-// The export has logged already what it met in the documents.
+// The export has already logged its findings in the documents.
 class SilentLog : public LogSink {
 public:
     void receive(std::string_view) override {}

@@ -8,10 +8,10 @@ namespace brackwater::lossreport {
 
 namespace {
 
-/// When a task is worked on, in seconds of the wall clock.
+/// Working periods of a task, in local seconds.
 using Bars = std::vector<std::pair<std::int64_t, std::int64_t>>;
 
-constexpr std::int64_t kRounding = 60; ///< moments of the file are counted in tenths of a minute from pause to pause
+constexpr std::int64_t kRounding = 60; ///< the file counts its moments in tenths of a minute from gap to gap
 
 bool isClose(std::int64_t one, std::int64_t other) { return one - other <= kRounding && other - one <= kRounding; }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::int64_t kMostPriority = 1000;
 
-/// The range of a document's priorities, in which 0 always lies.
+/// The range of a document's priorities, which always includes 0.
 struct PriorityRange {
     std::int64_t least = 0, most = 0;
 
@@ -32,7 +32,7 @@ PriorityRange rangeOf(const SourceScenario& scenario) {
     return range;
 }
 
-/// Compares the tasks one after the other.
+/// Compares the tasks one by one.
 class TaskComparison {
 public:
     explicit TaskComparison(Comparison& comparison)
@@ -52,7 +52,7 @@ private:
         const Subject subject = subjectOf(*pair.source);
         if (pair.file == nullptr)
             return _comparison.add(subject, Kind::Unexplained, "task", std::string(pair.source->title), "");
-        // The project's own row holds its dates, its duration and what hangs on it.
+        // The project's own row has its dates, its duration and what depends on them.
         compareTimes(subject, pair);
         if (pair.isTop && !_comparison.match.hasTopTaskRow()) {
             compareAbsorbedTask(_comparison, pair);
@@ -96,7 +96,7 @@ private:
         compareRecalculation(subject, source, file);
     }
 
-    // A group is neither: what it holds follows from its tasks.
+    // A group is neither: its values follow from its tasks.
     void compareRecalculation(const Subject& subject, const SourceTask& source, const inspect::Task& file) {
         const std::string_view rule = source.recalculate.empty() ? "duration" : source.recalculate;
         if (rule == "something_else")

@@ -2,7 +2,7 @@
 
 namespace brackwater::lossreport {
 
-// The project's row is shown under the name of the document, and what else it holds some readers show.
+// Readers show the project's row under the name of the document, and some show its other values.
 void compareAbsorbedTask(Comparison& comparison, const TaskPair& pair) {
     const SourceTask& source = *pair.source;
     const inspect::Task& file = *pair.file;

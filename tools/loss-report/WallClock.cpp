@@ -14,7 +14,7 @@ constexpr std::int64_t kDay = kSecondsOfCivilDay;
 constexpr std::int64_t kFirstDay = 5112 * kDay; // 1983-12-31, since 1970
 constexpr std::int64_t kLastDayNumber = 0xFFFF;
 
-/// Takes a text apart from its front.
+/// Scans a text from the front.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : _rest(text) {}
@@ -25,7 +25,7 @@ public:
         _rest.remove_prefix(1);
         return true;
     }
-    /// A number of one digit or more that any date could hold.
+    /// A number of at least one digit, small enough for any date.
     std::optional<std::int64_t> number() {
         constexpr std::size_t mostDigits = 9;
         std::size_t length = 0;
@@ -105,7 +105,7 @@ std::optional<WallTime> WallClock::read(std::string_view text) const {
     const std::int64_t instant = *wall - *offset;
     const Date date{static_cast<double>(instant)};
     const std::int64_t local = instant + _zone.secondsFromGMT(date);
-    // Of the two instants that a clock shows alike, the zone reads the first from the clock.
+    // Of two instants with the same local time, the zone's conversion gives the first.
     const bool isSecond = local - _zone.secondsFromGMTAtWallTime(local) != instant;
     return WallTime{local - kFirstDay, isSecond, _zone.isDaylightSavingTime(date)};
 }

@@ -20,7 +20,7 @@ public:
     ByteBuilder& f64(double value);
     ByteBuilder& zeroes(std::size_t count);
     ByteBuilder& bytes(std::span<const std::uint8_t> value);
-    /// The ASCII characters as they stand, without a terminator.
+    /// The ASCII characters, without a terminator.
     ByteBuilder& ascii(std::string_view text);
     /// ASCII text as UTF-16 with its two-byte terminator.
     ByteBuilder& text16(std::string_view text);
@@ -32,7 +32,7 @@ private:
     Bytes _bytes;
 };
 
-/// Replaces bytes at an offset; the value must lie within the bytes.
+/// Replaces bytes at an offset; the value must be within the bytes.
 void put16(Bytes& bytes, std::size_t offset, std::uint16_t value);
 void put32(Bytes& bytes, std::size_t offset, std::uint32_t value);
 

@@ -37,7 +37,7 @@ void close(GsfOutput* node, const std::string& name) {
         throw std::runtime_error("cannot finish '" + name + "'");
 }
 
-// One stream after the other: the library allows one open stream at a time.
+// One stream after the other: the library allows only one open stream.
 void writeEntries(GsfOutput* parent, const std::vector<Entry>& entries) {
     for (const Entry& entry : entries) {
         const Output child(
@@ -62,7 +62,7 @@ void writeCompoundFile(const std::string& path, const std::vector<Entry>& entrie
         fail("cannot create '" + path + "'", error);
     const Output root(reinterpret_cast<GsfOutput*>(gsf_outfile_msole_new(sink.get())));
     writeEntries(root.get(), entries);
-    close(root.get(), path); // closes the sink as well, which moves the file into its place
+    close(root.get(), path); // also closes the sink, which moves the file to its path
 }
 
 } // namespace brackwater::layout

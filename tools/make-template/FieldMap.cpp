@@ -5,11 +5,11 @@ namespace brackwater::layout {
 namespace {
 
 constexpr std::uint16_t kNotFixed = 0xFFFF;
-constexpr std::uint32_t kNoField = 0xFFFF; ///< low half of a field id that no field has
+constexpr std::uint32_t kNoField = 0xFFFF; ///< low half of a field id, used by no field
 
-// Form of a field, second word of a row.
+// Form of a field, the second word of a row.
 constexpr std::uint32_t kFixedForm = 0x0A, kFlagForm = 0x12, kVariableForm = 0x04, kSizedVariableForm = 0x06;
-// Traits of a field: meaning unknown, the commonest value of each form in real files.
+// Traits of a field: meaning unknown, the most common value of each form in real files.
 constexpr std::uint32_t kFixedTraits = 0x28, kFlagTraits = 0x28, kVariableTraits = 0xCA, kSizedVariableTraits = 0xA8;
 // Size of a text in Var2Data, always this in real files.
 constexpr std::uint16_t kTextSize = 0x0200;
@@ -30,7 +30,7 @@ struct Form {
 void append(ByteBuilder& map, const Form& row) {
     map.u32(row.mask);           //  0
     map.u16(row.offset);         //  4
-    map.u16(row.variableNumber); //  6 running number of the Var2Data fields, marked in the upper byte
+    map.u16(row.variableNumber); //  6 sequence number of the Var2Data fields, marked in the upper byte
     map.u32(row.form);           //  8
     map.u32(row.fieldId);        // 12
     map.u32(row.traits);         // 16

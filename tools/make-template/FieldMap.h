@@ -5,10 +5,10 @@
 
 namespace brackwater::layout {
 
-/// The field map of a kind of row: tells readers where each field stands. A row of the map is 28 bytes; rows that no
-/// written field stands for are kept as empty rows, since a field's bit in the meta records is the number of its row.
+/// The field map of a kind of row: tells readers the location of each field. A row of the map is 28 bytes; rows without
+/// a written field are kept empty, since the row number is also the field's bit in the meta records.
 [[nodiscard]] Bytes fieldMap(const FieldTable& table);
-/// The rows of the first block alone, as earlier versions of the format know them.
+/// Only the rows of the first block, as in earlier versions of the format.
 [[nodiscard]] Bytes oldFieldMap(const FieldTable& table);
 
 } // namespace brackwater::layout

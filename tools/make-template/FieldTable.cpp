@@ -65,8 +65,8 @@ std::uint16_t sizeOf(FieldKind kind) {
 
 namespace {
 
-// Fixed fields of one block must not overlap and must rise with their map rows: a map has no other way to say where the
-// second block begins than an offset that falls.
+// Fixed fields of one block must not overlap and must have rising map rows: only a falling offset marks the start of
+// the second block in a map.
 class BlockCheck {
 public:
     explicit BlockCheck(std::uint16_t rowSize) : _rowSize(rowSize) {}

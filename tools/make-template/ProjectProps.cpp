@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint16_t kYes = 1, kNo = 0;
 
-// Ranges of a working day: their number, the total, starts, lengths and running totals, all in tenths of a minute.
+// Ranges of a working day: count, total, starts, lengths and running totals, all in tenths of a minute.
 void workingDay(ByteBuilder& hours) {
     constexpr std::uint16_t eight = 8 * 600, thirteen = 13 * 600, four = 4 * 600;
     hours.u16(kNo); // not inherited
@@ -57,7 +57,7 @@ void addProjectValues(PropsFrame& props) {
     props.open(0x024013C2, Bytes(kStandardCalendarGuid.begin(), kStandardCalendarGuid.end()));
 }
 
-// What readers and the writer of the rows agree on for one kind of row.
+// Properties of one kind of row, on which readers and the writer of the rows must agree.
 void addRowKind(PropsFrame& props, const RowStorage& storage) {
     const FieldTable& table = storage.table;
     const std::uint32_t n = table.number;
@@ -98,7 +98,7 @@ Bytes projectProps(const std::vector<RowStorage>& storages) {
 Bytes rootProps() {
     PropsFrame props(kProjectPropsMagic);
     props.text(0x35400008, "");                           // title
-    props.open(0x35400000, ByteBuilder().u8(kNo).take()); // not protected by a password
+    props.open(0x35400000, ByteBuilder().u8(kNo).take()); // no password
     return props.take();
 }
 

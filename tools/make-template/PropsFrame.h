@@ -8,7 +8,7 @@ namespace brackwater::layout {
 inline constexpr std::uint32_t kProjectPropsMagic = 0x00011528;
 inline constexpr std::uint32_t kStoragePropsMagic = 0x00016974;
 
-/// Builds a Props stream: a 16-byte header, then properties of a 12-byte head and a payload padded to an even length.
+/// Builds a Props stream: a 16-byte header, then properties with a 12-byte head and a payload padded to an even length.
 class PropsFrame {
 public:
     explicit PropsFrame(std::uint32_t magic) : _magic(magic) {}

@@ -13,7 +13,7 @@ namespace brackwater::layout {
 namespace {
 
 constexpr std::uint32_t kMetaMagic = 0xFADFADBA;
-constexpr std::size_t kRecordHead = 8; ///< count of elements and offset of the row, in front of a record's bits
+constexpr std::size_t kRecordHead = 8; ///< count of elements and offset of the row, before a record's bits
 constexpr std::size_t kHeaderRowSize = 16;
 
 const Field& fieldNamed(const FieldTable& table, std::string_view name) {
@@ -33,7 +33,7 @@ Bytes metaHeader(std::size_t count, std::size_t dataSize) {
         .take();
 }
 
-// Header rows carry no values: a number, and in the records the mark 4.
+// Header rows contain no values: a number, and the mark 4 in the records.
 Bytes headerRow(std::uint16_t number) {
     return ByteBuilder().u16(number).u16(0xFFFF).zeroes(kHeaderRowSize - 4).take();
 }

@@ -7,8 +7,8 @@
 
 namespace brackwater::layout {
 
-/// One row with its records and elements, set field by field by the field's name in its table. Fields that are not set
-/// are zero, dates and the flags of a meta record absent.
+/// One row with its records and elements. Fields are set by their name in the table; unset fields are zero, unset dates
+/// and meta record flags absent.
 class Row {
 public:
     explicit Row(const FieldTable& table);
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] const Bytes& firstBlock() const noexcept { return _first; }
     [[nodiscard]] const Bytes& secondBlock() const noexcept { return _second; }
     [[nodiscard]] const std::map<std::uint16_t, Bytes>& elements() const noexcept { return _elements; }
-    /// The records of the row, which name the offsets of its blocks.
+    /// The records of the row, with the offsets of its blocks.
     [[nodiscard]] Bytes firstMeta(std::uint32_t offset) const;
     [[nodiscard]] Bytes secondMeta(std::uint32_t offset) const;
 
@@ -36,8 +36,8 @@ private:
     std::map<std::uint16_t, Bytes> _elements;
 };
 
-/// A storage of rows: the header rows that stand before them, the rows, and the "Props" of the storage. The parts that
-/// the format leaves out of a kind of storage are told by the flags.
+/// A storage of rows: header rows, rows, and the storage's "Props". The flags say which parts the format omits for this
+/// kind of storage.
 struct RowStorage {
     std::string name;
     const FieldTable& table;
@@ -46,14 +46,14 @@ struct RowStorage {
     bool hasVar2Data = true;
 
     [[nodiscard]] Entry entry(Bytes props) const;
-    /// What the project's properties keep about it.
+    /// Values for the project's properties.
     [[nodiscard]] std::uint32_t rowCount() const;
     [[nodiscard]] std::uint32_t var2DataSize() const;
 };
 
 /// "Props" of a storage without names of custom fields.
 [[nodiscard]] Bytes storageProps();
-/// The same with the property that only tasks have in front.
+/// The same, preceded by a property that only tasks have.
 [[nodiscard]] Bytes taskStorageProps();
 
 } // namespace brackwater::layout

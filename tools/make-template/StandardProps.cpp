@@ -17,7 +17,7 @@ struct Setting {
 // Default start and end of a working day, in tenths of a minute: 8:00 and 17:00.
 constexpr std::uint16_t kDayStart = 4800, kDayEnd = 10200;
 
-// The meaning of most is unknown.
+// Most meanings are unknown.
 constexpr std::array<Setting<std::uint16_t>, 66> kShortSettings{
     {{0x0240000F, 3}, {0x02400013, 0}, {0x02400017, 0},         {0x02400018, 0},       {0x02400019, 1},
      {0x0240001A, 1}, {0x0240001B, 1}, {0x0240001C, kDayStart}, {0x02400021, kDayEnd}, {0x02400024, 0},
@@ -34,7 +34,7 @@ constexpr std::array<Setting<std::uint16_t>, 66> kShortSettings{
      {0x024013B7, 0}, {0x024013B8, 0}, {0x024013B9, 0},         {0x024013BA, 0},       {0x024013C0, 0},
      {0x024013C1, 1}}};
 
-// Language, country and code pages of the author's system: English of the United States.
+// Language, country and code pages of the author's system: US English.
 constexpr std::uint32_t kLanguage = 0x0409, kCountry = 1, kConsoleCodePage = 437, kCodePage = 1252;
 
 constexpr std::array<Setting<std::uint32_t>, 28> kLongSettings{{
@@ -84,7 +84,7 @@ constexpr std::array<Blank, 10> kBlanks{{{0x0240138B, 4},
                                          {0x024013C3, 16},
                                          {0x024013C5, 8}}};
 
-// A rate an hour; the third word of its head is always this.
+// An hourly rate; the third word of its head is always this.
 Bytes noRate() { return ByteBuilder().zeroes(sizeof(double)).take(); }
 constexpr std::uint32_t kRateMark = 9;
 
@@ -104,7 +104,7 @@ Bytes propertyList() {
         .take();
 }
 
-// When the project was created, in the words of the system's time: year, month, weekday, day, hour and so on.
+// When the project was created, as a system time: year, month, weekday, day, hour and so on.
 Bytes creationTime() { return ByteBuilder().u16(2007).u16(1).u16(1).u16(1).u16(8).zeroes(std::size_t{3} * 2).take(); }
 
 } // namespace

@@ -4,8 +4,7 @@
 
 namespace brackwater::layout {
 
-/// Adds the properties of the project that all real files have and no export sets, with the values that most of them
-/// hold.
+/// Adds the project properties that all real files have and no export sets, with their most common values.
 void addStandardProps(PropsFrame& props);
 
 } // namespace brackwater::layout

@@ -103,7 +103,7 @@ void addSecondBlock(std::vector<Field>& fields) {
                                 });
 }
 
-// Baselines 1 to 10, ten map rows and eleven ids each; baseline 5's ids are followed by a gap.
+// Baselines 1 to 10 with ten map rows and eleven ids each; baseline 5's ids are followed by a gap.
 void addBaselines(std::vector<Field>& fields) {
     for (int n = 1; n <= 10; ++n) {
         const int id = n <= 5 ? 482 + 11 * (n - 1) : 544 + 11 * (n - 6);
@@ -134,7 +134,7 @@ FieldTable makeTaskFields() {
     addTextsAndNotes(table.fields);
     addSecondBlock(table.fields);
     addBaselines(table.fields);
-    table.fields.push_back(variable(927, 1252, Block, "sheet counters")); // meaning unknown, in the project's row only
+    table.fields.push_back(variable(927, 1252, Block, "sheet counters")); // meaning unknown, only in the project's row
     return table;
 }
 

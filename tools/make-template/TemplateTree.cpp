@@ -36,7 +36,7 @@ Row projectRow() {
     return row;
 }
 
-// The row that stands for work without a resource.
+// The placeholder row for work without a resource.
 Row defaultResourceRow() {
     Row row(resourceFields());
     row.number("standard rate units", kPerHour).number("overtime rate units", kPerHour).number("accrual", kProrated);
@@ -65,7 +65,7 @@ Row defaultResourceCalendarRow() {
     return row;
 }
 
-// All real files have this one row: the code that stands for none.
+// All real files have this one row: the code for none.
 Row noOutlineCodeRow() {
     Row row(outlineCodeFields());
     row.guid("guid", kNoOutlineCodeGuid).guid("guid of the parent", kNoOutlineCodeGuid);

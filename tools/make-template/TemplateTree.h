@@ -4,7 +4,7 @@
 
 namespace brackwater::layout {
 
-/// Folder of the rows: its number decides which forms of calendars and links an export writes.
+/// The folder of the rows: its number selects the layout of calendars and links in exports.
 enum class VersionFolder { Project2007 = 112, Project2010 = 114 };
 
 /// The entries of the root of a template: a complete file with an empty project.

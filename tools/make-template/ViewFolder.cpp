@@ -9,7 +9,7 @@ namespace brackwater::layout {
 
 namespace {
 
-/// A collection of the view folder: its rows, the tail of each row's record, and its numbers in the properties.
+/// A collection of the view folder: its rows, the tail of each row's record, and its counts in the properties.
 struct Collection {
     const char* name;
     std::uint32_t number;
@@ -21,7 +21,7 @@ struct Collection {
     bool hasStreams = true;
 };
 
-constexpr std::size_t kNameSize = 104; ///< with its terminator and zeroes
+constexpr std::size_t kNameSize = 104; ///< including terminator and zeros
 
 Bytes filled(ByteBuilder row, std::size_t size) { return row.zeroes(size - row.size()).take(); }
 
@@ -48,7 +48,7 @@ Bytes entryList() {
     return filled(std::move(ByteBuilder().u32(1)), rowSize);
 }
 
-// In the order in which real files name them.
+// In the order of real files.
 std::vector<Collection> collections() {
     return {
         {.name = "CV_iew",

@@ -4,8 +4,8 @@
 
 namespace brackwater::layout {
 
-/// The storage "   212": a Gantt chart, a table and an entry list without contents of their own, empty collections of
-/// all else that real files have, and the properties that count them.
+/// The storage "   212": an empty Gantt chart, table and entry list, empty collections of everything else in real
+/// files, and the properties that count them.
 [[nodiscard]] Entry viewFolder();
 
 } // namespace brackwater::layout

@@ -50,7 +50,7 @@ int run(int argc, char** argv) {
     } catch (const CLI::CallForVersion& version) {
         return showHelp(fmt::format("{}\n", version.what()));
     } catch (const CLI::RequiredError& error) {
-        // A word that is not understood may be what keeps the name from being found.
+        // An unknown word may be the reason that the name is missing.
         const std::vector<std::string> unknown = app.remaining();
         return refuse(unknown.empty() ? error.what() : CLI::ExtrasError(unknown).what());
     } catch (const CLI::Error& error) {

@@ -5,13 +5,13 @@
 
 namespace brackwater {
 
-/// A parent's check of a child that it was given: there must be one.
+/// A parent's check that it was given a child at all.
 inline const MSPEXMLAdapter& requireChild(const std::shared_ptr<MSPEXMLAdapter>& child) {
     assertThat(child != nullptr, "Unexpected 'child' argument class: {}", MSPEXMLAdapter::classNameOf(child.get()));
     return *child;
 }
 
-/// ... and it must be of the class that goes with its name.
+/// Checks that the child is of the class that belongs to its name.
 template <typename Concrete>
 const Concrete& requireChildClass(const MSPEXMLAdapter& child) {
     const auto* concrete = dynamic_cast<const Concrete*>(&child);
@@ -19,7 +19,7 @@ const Concrete& requireChildClass(const MSPEXMLAdapter& child) {
     return *concrete;
 }
 
-/// The same check as the calendar elements tell it.
+/// The same check with the message of the calendar elements.
 template <typename Concrete>
 const Concrete& requireReceivedClass(const MSPEXMLAdapter& child) {
     const auto* concrete = dynamic_cast<const Concrete*>(&child);

@@ -9,8 +9,8 @@
 
 namespace brackwater::conversions {
 
-// The conversions of element texts, under the names that the vocabularies use. A missing text reads as an empty one,
-// except for `text`. A text that does not read gives 0, 0.0, false or nothing.
+// The conversions of element texts, under the names that the vocabularies use. A missing text counts as an empty one,
+// except for `text`. An unparsable text gives 0, 0.0, false or nothing.
 
 /// The text unchanged.
 [[nodiscard]] std::optional<std::string> text(ElementText text);
@@ -18,14 +18,14 @@ namespace brackwater::conversions {
 [[nodiscard]] std::int32_t int32(ElementText text) noexcept;
 [[nodiscard]] double number(ElementText text) noexcept;
 [[nodiscard]] bool boolean(ElementText text) noexcept;
-/// An instant from a wall clock of the system zone; a failed assertion for a text that is no date.
+/// An instant from local time in the system zone; a failed assertion if the text is not a date.
 [[nodiscard]] std::optional<Date> date(ElementText text);
 /// Seconds.
 [[nodiscard]] double duration(ElementText text);
-/// Hours of a duration, its minutes and seconds cut off; a failed assertion for a text that is no duration.
+/// Hours of a duration without its minutes and seconds; a failed assertion if the text is not a duration.
 [[nodiscard]] double wholeHours(ElementText text);
 
-/// How a log line or a failure shows a text: "(null)" for a missing one.
+/// The text as shown in log lines and failures: "(null)" if missing.
 [[nodiscard]] std::string_view shown(ElementText text) noexcept;
 
 } // namespace brackwater::conversions

@@ -10,7 +10,7 @@
 
 namespace brackwater {
 
-/// A format of texts around `Count` times "{}", taken apart when the program is compiled.
+/// A format of texts around `Count` times "{}", parsed at compile time.
 template <std::size_t Count>
 struct ElementLogTexts {
     consteval explicit ElementLogTexts(std::string_view format) {
@@ -25,21 +25,21 @@ struct ElementLogTexts {
     std::array<std::string_view, Count + 1> texts{};
 };
 
-/// Logs a line of texts: `logElement(FMT_COMPILE("..."), ...)`. Tens of lines are logged for each task, so nothing is
-/// formatted on the way: the texts go piece by piece into the log's buffer.
+/// Logs a line of texts: `logElement(FMT_COMPILE("..."), ...)`. Each task logs tens of lines, so nothing is formatted:
+/// the texts are copied piece by piece to the log's buffer.
 template <typename Format, typename... Texts>
 void logElement(const Format&, const Texts&... texts) {
     static constexpr ElementLogTexts<sizeof...(texts)> between{
         std::string_view(fmt::string_view(Format()).data(), fmt::string_view(Format()).size())};
     std::array<std::string_view, 2 * sizeof...(texts) + 1> pieces{between.texts[0]};
     std::size_t count = 0;
-    // The checker does not work the size out.
+    // The checker does not compute the size.
     // cppcheck-suppress containerOutOfBounds
     ((pieces[2 * count + 1] = texts, pieces[2 * count + 2] = between.texts[count + 1], ++count), ...);
     logPieces(pieces);
 }
 
-/// What stands in front of an element's log line: the first element of a record opens its block.
+/// The prefix of an element's log line: the first element of a record opens its block.
 [[nodiscard]] inline std::string_view logMark(std::string_view name) noexcept {
     return name == "UID" ? std::string_view("Mapping") : std::string_view("       ");
 }

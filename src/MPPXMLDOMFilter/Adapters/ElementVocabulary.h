@@ -17,20 +17,20 @@ struct VocabularyRow {
     void (*store)(Record& record, ElementText text);
 };
 
-/// The element names that an adapter knows, as one table. A name is found in one step, whatever its place: the compiler
-/// looks for a multiplier that sends every name of the table to a slot of its own.
+/// The element names that an adapter knows, as one table with perfect hashing: the compiler looks for a multiplier that
+/// sends each name to its own slot.
 template <typename Record, std::size_t Size>
 class ElementVocabulary {
 public:
     using Rows = std::array<VocabularyRow<Record>, Size>;
 
-    // A table whose names cannot be told apart by `key` has no multiplier and does not compile.
+    // If `key` cannot distinguish two names, there is no multiplier and the table does not compile.
     consteval explicit ElementVocabulary(const Rows& rows) : _rows(rows) {
         while (!placeRows())
             _multiplier = _multiplier * 6364136223846793005U + 1442695040888963407U;
     }
 
-    /// Stores the text in the record as the name's row tells; an unknown name changes nothing.
+    /// Stores the text in the record according to the name's row; an unknown name changes nothing.
     void store(Record& record, std::string_view name, ElementText text) const {
         const std::uint8_t place = _slots[slot(name)];
         if (place < Size && _rows[place].name == name)
@@ -55,7 +55,7 @@ private:
     constexpr std::size_t slot(std::string_view name) const noexcept {
         return static_cast<std::size_t>(key(name) * _multiplier >> (64 - kSlotBits));
     }
-    /// False when two rows fall into one slot.
+    /// False if two rows fall into one slot.
     consteval bool placeRows() {
         _slots.fill(kEmpty);
         for (std::size_t place = 0; place < Size; ++place) {
@@ -72,14 +72,14 @@ private:
     std::array<std::uint8_t, std::size_t{1} << kSlotBits> _slots{};
 };
 
-/// A row that puts the converted text into a field: `setField<&MPPTask::work, wholeHours>`.
+/// A row that stores the converted text in a field: `setField<&MPPTask::work, wholeHours>`.
 template <auto Field, auto Conversion, typename Record>
 void setField(Record& record, ElementText text) {
     auto& field = record.*Field;
     field = static_cast<std::remove_reference_t<decltype(field)>>(Conversion(text));
 }
 
-/// A row for a field that names another record by its UID: it holds the text until post-processing.
+/// A row for a field that refers to another record by UID: it holds the text until post-processing.
 template <auto Field, typename Record>
 void setProxy(Record& record, ElementText text) {
     if (text)

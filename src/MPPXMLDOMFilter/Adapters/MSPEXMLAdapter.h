@@ -9,15 +9,15 @@ namespace brackwater {
 
 class MSPEMapper;
 
-/// The text of an element; nothing where the mapper has none. Made from any kind of text, optional or not, and valid
-/// for the call only.
+/// The text of an element; nothing if the mapper has none. Made from any kind of text, optional or not, and valid only
+/// during the call.
 using ElementText = std::optional<std::string_view>;
 
-/// An element of the target document. It answers the calls that build an XML element, but makes no XML: what is added
-/// to it goes at once into fields of a record of the model. A child with a text sets a field of this element's own
-/// record; a child element has a record of its own, which joins a list of this element's record.
+/// An element of the target document. It has the interface for building an XML element but makes no XML: whatever is
+/// added goes straight into fields of a model record. A child with a text sets a field of this element's record; a
+/// child element has its own record, which joins a list of this element's record.
 ///
-/// A name that an adapter does not know is dropped without a message: every concrete adapter hands it on to this class.
+/// Every concrete adapter passes unknown names on to this class, which drops them silently.
 class MSPEXMLAdapter {
 public:
     MSPEXMLAdapter(std::string_view name, MSPEMapper* mapper);
@@ -25,9 +25,9 @@ public:
     MSPEXMLAdapter(const MSPEXMLAdapter&) = delete;
     MSPEXMLAdapter& operator=(const MSPEXMLAdapter&) = delete;
 
-    /// Takes a child that was made on its own. Here: drops it.
+    /// Takes a child that was created separately. Here: drops it.
     virtual void addChild(const std::shared_ptr<MSPEXMLAdapter>& child);
-    /// Makes a child element, takes it and returns it. Here: null.
+    /// Creates a child element, takes it and returns it. Here: null.
     virtual std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name);
     /// Sets a field from a child's text. Always null: such a child has no object.
     virtual std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue);
@@ -44,13 +44,13 @@ public:
     [[nodiscard]] MSPEMapper* mapper() const noexcept { return _mapper; }
     /// Whether the adapter has a record; the record itself is the concrete class's `mppDomObject()`.
     [[nodiscard]] virtual bool hasMppDomObject() const noexcept { return false; }
-    /// The class's name, as failures tell it.
+    /// The class name that failures report.
     [[nodiscard]] virtual std::string_view className() const noexcept { return "MSPEXMLAdapter"; }
     /// The same for a child that may be missing.
     [[nodiscard]] static std::string_view classNameOf(const MSPEXMLAdapter* adapter) noexcept;
 
 protected:
-    // An adapter cannot exist without its mapper: the element-making calls that lack one raise a failure.
+    // An adapter cannot exist without its mapper: the factory calls that lack one raise a failure.
     [[noreturn]] static void failElementWithName(std::string_view className, std::string_view name);
     [[noreturn]] static void failInitWithName(std::string_view className, std::string_view name);
     [[noreturn]] static void failInitWithName(std::string_view className, std::string_view name,
@@ -61,7 +61,7 @@ private:
     MSPEMapper* _mapper;
 };
 
-/// What every concrete adapter class has besides its vocabulary: its makers and its name. `Concrete` states
+/// What every concrete adapter class has besides its vocabulary: its factories and its name. `Concrete` defines
 /// `kClassName`.
 template <typename Concrete, typename Base>
 class MSPEXMLAdapterClass : public Base {

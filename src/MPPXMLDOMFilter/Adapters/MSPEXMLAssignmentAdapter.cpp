@@ -12,7 +12,7 @@ namespace {
 
 using namespace conversions;
 
-/// Sent as a factor; the record's unit is a hundredth of a percent.
+/// Given as a factor; the record's unit is a hundredth of a percent.
 double units(ElementText text) { return number(text) * 10000.0; }
 
 constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPAssignment>>({

@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// "Assignment". Logs every name that it is sent with a text, known or not.
+/// "Assignment". Logs every name that it gets with a text, known or not.
 class MSPEXMLAssignmentAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLAssignmentAdapter, MSPEXMLRecordAdapter<MPPAssignment>> {
 public:

@@ -11,7 +11,7 @@
 
 namespace brackwater {
 
-/// What the three "Baseline" elements share: the number, which stays in the adapter.
+/// Base of the three "Baseline" elements: the number, which stays in the adapter.
 template <typename Record>
 class MSPEXMLBaselineAdapter : public MSPEXMLRecordAdapter<Record> {
 public:
@@ -37,7 +37,7 @@ public:
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };
 
-/// "Baseline" of a resource: just its number.
+/// "Baseline" of a resource: only its number.
 class MSPEXMLResourceBaselineAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLResourceBaselineAdapter, MSPEXMLBaselineAdapter<MPPResourceBaseline>> {
 public:
@@ -48,7 +48,7 @@ public:
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };
 
-/// "Baseline" of an assignment: just its number.
+/// "Baseline" of an assignment: only its number.
 class MSPEXMLAssignmentBaselineAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLAssignmentBaselineAdapter, MSPEXMLBaselineAdapter<MPPAssignmentBaseline>> {
 public:

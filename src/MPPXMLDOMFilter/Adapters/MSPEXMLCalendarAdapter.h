@@ -42,8 +42,8 @@ public:
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };
 
-/// "WorkWeek", a dated week. It has no record until it gets its "WeekDays", whose record it takes; so they come first,
-/// before the work week joins its collection.
+/// "WorkWeek", a dated week. It has no record until it gets its "WeekDays", whose record it takes; so they must be
+/// added before the work week joins its collection.
 class MSPEXMLWorkWeekAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLWorkWeekAdapter, MSPEXMLRecordAdapter<MPPCalendarWorkWeek>> {
 public:
@@ -52,7 +52,7 @@ public:
 
     /// Takes "TimePeriod".
     void addChild(const std::shared_ptr<MSPEXMLAdapter>& child) override;
-    /// Makes "WeekDays", once.
+    /// Creates "WeekDays", once.
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name) override;
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };

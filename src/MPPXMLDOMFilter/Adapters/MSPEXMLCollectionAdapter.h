@@ -9,7 +9,7 @@
 
 namespace brackwater {
 
-/// What all collections share: children come through addChild only, made by the mapper.
+/// Base of all collections: children, created by the mapper, are added only with addChild.
 class MSPEXMLCollectionAdapterBase : public MSPEXMLAdapter {
 public:
     static constexpr std::string_view kClassName = "MSPEXMLCollectionAdapter";
@@ -25,8 +25,9 @@ protected:
     [[noreturn]] static void failUnexpectedChild(const MSPEXMLAdapter* child);
 };
 
-/// A list of records, such as "Tasks": each child hands its record over. The list is a record's own, or the
-/// collection's where no record has one. A child is not kept once its record is in the list: nothing asks for it again.
+/// A list of records, such as "Tasks", to which each child gives its record. The list belongs to a record or, if no
+/// record has one, to the collection. The collection does not keep a child whose record is in the list: nothing needs
+/// it again.
 template <typename Record>
 class MSPEXMLCollectionAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLCollectionAdapter<Record>, MSPEXMLCollectionAdapterBase> {
@@ -35,7 +36,7 @@ class MSPEXMLCollectionAdapter final
 public:
     using Collection = std::vector<std::shared_ptr<Record>>;
 
-    /// With a list of its own.
+    /// With its own list.
     MSPEXMLCollectionAdapter(std::string_view name, MSPEMapper* mapper)
         : MSPEXMLCollectionAdapter(name, mapper, std::make_shared<Collection>()) {}
     /// On a given list. For a list inside a record the pointer shares the record's ownership.

@@ -7,7 +7,7 @@ namespace brackwater {
 
 class MSPEXMLProjectAdapter;
 
-/// The target document: it holds its root element, and with it the project.
+/// The target document: owns its root element, and with it the project.
 class MSPEXMLDocumentAdapter {
 public:
     explicit MSPEXMLDocumentAdapter(std::shared_ptr<MSPEXMLProjectAdapter> rootElement)

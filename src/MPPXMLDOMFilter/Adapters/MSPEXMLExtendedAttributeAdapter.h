@@ -9,8 +9,8 @@
 
 namespace brackwater {
 
-/// The definition of a custom field, or a value of one. What it holds stands in the model until post-processing turns
-/// it into names and values.
+/// The definition of a custom field, or a value of one. The model holds it until post-processing turns it into names
+/// and values.
 class MSPEXMLExtendedAttributeAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLExtendedAttributeAdapter, MSPEXMLRecordAdapter<MPPExtendedAttribute>> {
 public:
@@ -18,7 +18,7 @@ public:
     using MSPEXMLAdapterClass::MSPEXMLAdapterClass;
 
     using MSPEXMLAdapter::addChildElementWithName;
-    /// Each name may come once; a second time is a failed assertion.
+    /// Each name may occur once; a repetition is a failed assertion.
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 
     [[nodiscard]] const std::optional<std::string>& fieldID() const noexcept { return mppDomObject()->fieldID; }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace conversions;
 
-// Counts the links made by this process: it goes on from one export to the next.
+// Counts the links made by this process, across exports.
 std::int64_t linkCounter = 0;
 
 constexpr std::int32_t kLagFormatPercent = 19;

@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// "PredecessorLink": a link from another task to the one that made it. Its record's ID counts all links made by the
+/// "PredecessorLink": a link from another task to the one that created it. Its record's ID counts all links made by the
 /// process, from 1.
 class MSPEXMLPredecessorLinkAdapter final
     : public MSPEXMLAdapterClass<MSPEXMLPredecessorLinkAdapter, MSPEXMLRecordAdapter<MPPConstraint>> {
@@ -17,7 +17,7 @@ public:
     MSPEXMLPredecessorLinkAdapter(std::string_view name, MSPEMapper* mapper);
 
     using MSPEXMLAdapter::addChildElementWithName;
-    /// "LagFormat" is sent for percentage lags only and must be a percentage format.
+    /// "LagFormat" is given only for percentage lags and must be a percentage format.
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };
 

@@ -12,7 +12,7 @@ namespace {
 
 using namespace conversions;
 
-/// Before, behind, and both again with a blank between: 0 to 3. Any other value means before.
+/// 0 to 3: before, after, before with a blank, after with a blank. Any other value means before.
 void setCurrencySymbolPosition(MPPProject& project, ElementText text) {
     const std::int64_t position = integer(text);
     project.currencySymbolPosition = position >= 0 && position <= 3 ? static_cast<std::int32_t>(position) : 0;
@@ -45,7 +45,7 @@ constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPProject>>
     {"WeekStartDay", setField<&MPPProject::weekStartDay, int32>},
 }));
 
-/// Begins a list anew.
+/// Starts a new list.
 template <typename Record>
 std::shared_ptr<MSPEXMLAdapter> newCollection(const MSPEXMLProjectAdapter& project, std::string_view name,
                                               std::vector<std::shared_ptr<Record>> MPPProject::*list) {

@@ -28,7 +28,7 @@ public:
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
     /// Comments have no place in a record.
     void insertComment(ElementText text, int index);
-    /// Nothing can be asked of adapters: always null, without an error.
+    /// Adapters cannot be queried: always null, without an error.
     std::shared_ptr<MSPEXMLAdapter> singleObjectForXQuery(std::string_view query, Error* error = nullptr);
 };
 

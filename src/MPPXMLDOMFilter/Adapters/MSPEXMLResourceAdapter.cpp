@@ -16,7 +16,7 @@ namespace {
 
 using namespace conversions;
 
-/// MSPDI numbers the types the other way round than the record: 0 is material, 1 is work.
+/// MSPDI numbers the types the other way round: 0 is material, 1 is work.
 void setType(MPPResource& resource, ElementText text) {
     switch (const std::int32_t type = int32(text)) {
     case 0:
@@ -28,10 +28,10 @@ void setType(MPPResource& resource, ElementText text) {
     }
 }
 
-/// Sent in hundredths of the currency.
+/// Given in hundredths of the currency.
 double hundredths(ElementText text) { return number(text) / 100.0; }
 
-/// Sent as a factor.
+/// Given as a factor.
 double percent(ElementText text) { return number(text) * 100.0; }
 
 constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPResource>>({

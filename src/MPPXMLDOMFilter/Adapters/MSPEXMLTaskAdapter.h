@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// "Task". Logs every name that it is sent, known or not.
+/// "Task". Logs every name that it gets, known or not.
 class MSPEXMLTaskAdapter final : public MSPEXMLAdapterClass<MSPEXMLTaskAdapter, MSPEXMLRecordAdapter<MPPTask>> {
 public:
     static constexpr std::string_view kClassName = "MSPEXMLTaskAdapter";
@@ -16,8 +16,8 @@ public:
 
     /// Takes "Baseline", "ExtendedAttribute" and "Notes".
     void addChild(const std::shared_ptr<MSPEXMLAdapter>& child) override;
-    /// Makes an MSPEXMLPredecessorLinkAdapter for "PredecessorLink". The link is the caller's: no list of the task
-    /// takes it.
+    /// Creates an MSPEXMLPredecessorLinkAdapter for "PredecessorLink". The caller owns the link: it joins no list of
+    /// the task.
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name) override;
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 };

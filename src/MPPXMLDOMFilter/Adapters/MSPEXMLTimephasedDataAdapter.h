@@ -4,7 +4,7 @@
 
 namespace brackwater {
 
-/// "TimephasedData": drops all that it is sent. Timephased values have no place in the model.
+/// "TimephasedData": drops everything. The model has no place for timephased values.
 class MSPEXMLTimephasedDataAdapter final : public MSPEXMLAdapterClass<MSPEXMLTimephasedDataAdapter, MSPEXMLAdapter> {
 public:
     static constexpr std::string_view kClassName = "MSPEXMLTimephasedDataAdapter";

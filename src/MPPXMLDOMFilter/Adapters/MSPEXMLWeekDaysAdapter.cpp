@@ -20,7 +20,7 @@ constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPCalendarT
 
 constexpr bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
 
-/// The number in a run of digits, cut to its low 8 bits; 0 for an empty run.
+/// The number in a run of digits, truncated to its low 8 bits; 0 for an empty run.
 std::uint8_t lowByte(std::string_view digits) noexcept {
     return static_cast<std::uint8_t>(static_cast<std::uint64_t>(integerValue(digits)) & 0xFF);
 }
@@ -33,7 +33,7 @@ std::shared_ptr<MSPEXMLAdapter> MSPEXMLWorkingTimeAdapter::addChildElementWithNa
     return nullptr;
 }
 
-// A clock text is digits, a colon, digits and a colon, found anywhere in the text; each run of digits may be empty.
+// A clock text is digits, a colon, digits and a colon, anywhere in the text; each run of digits may be empty.
 std::optional<MPPCalendarTime> MSPEXMLWorkingTimeAdapter::newMppCalendarTimeFromMspdiTime(ElementText text) {
     const std::string_view clock = text.value_or("");
     for (std::size_t colon = clock.find(':'); colon != std::string_view::npos; colon = clock.find(':', colon + 1)) {

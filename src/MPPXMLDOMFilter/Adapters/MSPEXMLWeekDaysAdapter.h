@@ -20,13 +20,13 @@ public:
     using MSPEXMLAdapter::addChildElementWithName;
     std::shared_ptr<MSPEXMLAdapter> addChildElementWithName(std::string_view name, ElementText stringValue) override;
 
-    /// "08:30:45" as 08:30: seconds are not kept. Nothing where the text has no two colons.
+    /// "08:30:45" as 08:30: seconds are dropped. Nothing if the text does not have two colons.
     [[nodiscard]] static std::optional<MPPCalendarTime> newMppCalendarTimeFromMspdiTime(ElementText text);
 };
 
-/// Takes the child "WorkingTime" of a day or an exception into its list of ranges.
+/// Adds the child "WorkingTime" of a day or an exception to its list of ranges.
 void addWorkingTimeToRanges(MPPRangeList& ranges, const MSPEXMLAdapter& child);
-/// Makes a "WorkingTime" whose range is in the list.
+/// Creates a "WorkingTime" whose range is in the list.
 [[nodiscard]] std::shared_ptr<MSPEXMLWorkingTimeAdapter> newWorkingTimeInRanges(MPPRangeList& ranges,
                                                                                 MSPEMapper* mapper);
 
@@ -60,8 +60,8 @@ public:
     static constexpr std::string_view kClassName = "MSPEXMLWeekDaysAdapter";
     using MSPEXMLAdapterClass::MSPEXMLAdapterClass;
 
-    /// Takes a "WeekDay" whose day type is set. The day shares the child's list: ranges that the child gets later
-    /// reach the week.
+    /// Takes a "WeekDay" whose day type is set. The day shares the child's list: ranges that the child gets later reach
+    /// the week.
     void addChild(const std::shared_ptr<MSPEXMLAdapter>& child) override;
 };
 

@@ -8,7 +8,7 @@ namespace {
 
 void dropMessage(const gchar*, GLogLevelFlags, const gchar*, gpointer) {}
 
-/// Libraries that live now, and the message handler from before the first of them.
+/// The number of live objects, and the message handler from before the first.
 int livingLibraries = 0;
 GLogFunc handlerBefore = nullptr;
 

@@ -2,8 +2,8 @@
 
 namespace brackwater {
 
-/// Starts the compound-file library for one export and stops it at the end. While it lives, what the library would
-/// print about damaged files stays off the terminal: damage is told by the results of its calls. Objects nest.
+/// Starts the compound-file library for one export and stops it at the end. Meanwhile the library prints no messages
+/// about damaged files: its results report damage. Objects nest.
 class CompoundFileLibrary {
 public:
     CompoundFileLibrary();

@@ -20,10 +20,10 @@ constexpr std::uint64_t kFirstTableListSector = 68;
 constexpr std::uint64_t kTableList = 76;
 constexpr std::uint64_t kTableListLength = 109;
 
-/// Sector numbers from here on mark the end of a chain or a sector that holds no stream.
+/// Sector numbers from here on mark the end of a chain or a sector without a stream.
 constexpr std::uint32_t kFirstMark = 0xFFFFFFFA;
 
-/// Follows the chain of the directory through the allocation table, and counts.
+/// Follows the directory's chain through the allocation table and counts its sectors.
 class DirectoryChain {
 public:
     explicit DirectoryChain(GsfInput* input) : _input(input) {}
@@ -55,7 +55,7 @@ private:
     }
 
     std::optional<std::uint32_t> wordInSector(std::uint32_t sector, std::uint64_t index) {
-        // The header takes one sector, or 512 bytes at least.
+        // The header takes one sector, at least 512 bytes.
         return wordAt(std::max(kHeaderSize, _sectorSize) + sector * _sectorSize + 4 * index);
     }
 
@@ -67,7 +67,7 @@ private:
     }
 
     /// The sector that holds the given part of the allocation table: listed in the header, then in a chain of sectors
-    /// whose last word leads on.
+    /// whose last word is the next sector.
     std::optional<std::uint32_t> tableSector(std::uint64_t index) {
         if (index < kTableListLength)
             return wordAt(kTableList + 4 * index);

@@ -10,11 +10,11 @@ struct GObjectRelease {
     void operator()(gpointer object) const noexcept { g_object_unref(object); }
 };
 
-/// Owns one reference of an object of the compound-file library. Included by this folder's sources only.
+/// Owns one reference to an object of the compound-file library. Only this folder's sources include it.
 template <typename Object>
 using GObjectPointer = std::unique_ptr<Object, GObjectRelease>;
 
-/// A further reference of an object that someone else owns.
+/// Another reference to an object that someone else owns.
 template <typename Object>
 [[nodiscard]] GObjectPointer<Object> shareGObject(Object* object) {
     return GObjectPointer<Object>(static_cast<Object*>(g_object_ref(object)));

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::int64_t kUnknownFileSize = std::numeric_limits<std::int64_t>::max();
 
-/// The node as a storage; null for a plain stream and for no node.
+/// The node as a storage; null for a stream or no node.
 GsfInfile* asInfile(GsfInput* node) { return GSF_IS_INFILE(node) ? GSF_INFILE(node) : nullptr; }
 
 } // namespace

@@ -15,11 +15,11 @@ namespace brackwater {
 
 namespace {
 
-/// What all open nodes of one output share.
+/// State shared by all open nodes of one output.
 struct OutputState {
-    /// The stream that is open. With a second one the library would damage the file without a word.
+    /// The open stream. With a second one the library would silently damage the file.
     const GsfOutput* openStream = nullptr;
-    /// A child's failed close, seen or not, spoils the whole file.
+    /// A child's failed close spoils the whole file, whether or not the caller noticed.
     bool childCloseFailed = false;
     std::string failureText;
 
@@ -34,9 +34,9 @@ struct OutputState {
 
 struct MPPFormatWriter::Node {
     std::optional<NumberedPath> ownDestination;
-    NumberedPath* destination = nullptr;            ///< of the root only
+    NumberedPath* destination = nullptr;            ///< root only
     std::unique_ptr<TemporaryOutput> temporaryFile; ///< while the sink is open
-    GObjectPointer<GsfOutput> output;               ///< the file sink; of the root only
+    GObjectPointer<GsfOutput> output;               ///< the file sink; root only
     GObjectPointer<GsfOutput> outfile;
     std::shared_ptr<OutputState> state = std::make_shared<OutputState>();
     bool isDir = true;
@@ -62,7 +62,7 @@ MPPFormatWriter::~MPPFormatWriter() {
     try {
         MPPFormatWriter::close();
     } catch (...) {
-        // No memory for a text: who wants to know of failures closes the node.
+        // Not enough memory for the text. Closing the node still reports the failure.
     }
 }
 
@@ -154,8 +154,8 @@ bool MPPFormatWriter::Node::closeChild() {
 }
 
 bool MPPFormatWriter::Node::closeRoot() {
-    // The library closes the sink together with the root. A sink that has met an error answers true to its close all
-    // the same; only the error tells.
+    // The library closes the sink with the root. After an error in the sink it still returns true; only the error shows
+    // the failure.
     const bool closed = gsf_output_close(outfile.get()) && gsf_output_error(outfile.get()) == nullptr &&
                         gsf_output_is_closed(output.get()) && gsf_output_error(output.get()) == nullptr;
     if (!closed) {

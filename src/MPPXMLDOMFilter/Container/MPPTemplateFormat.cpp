@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kCompObj = "\x01"
                                  "CompObj";
-/// Where "\x01CompObj" has its first text: a class id and other bytes that are not looked at stand in front of it.
+/// Offset of the first text in "\x01CompObj", after a class id and other bytes that do not matter here.
 constexpr std::size_t kUserType = 28;
 constexpr std::string_view kUserTypeOfFormat4 = "Microsoft Project 4.0";
 
@@ -36,13 +36,13 @@ constexpr std::array<FormatName, 9> kFormatNames = {{
     {"MSProject.GLOBAL14", 3},
 }};
 
-/// A text with its 32-bit length, the NUL counted, in front.
+/// A text preceded by its 32-bit length, including the NUL.
 struct CountedText {
     std::string_view text; ///< up to the NUL
-    std::size_t end = 0;   ///< of the whole, in the stream
+    std::size_t end = 0;   ///< offset of the end in the stream
 };
 
-/// Nothing where the stream ends too early: the lengths in a template are not to be trusted.
+/// Nothing if the stream ends too early: lengths in a template are untrusted.
 std::optional<CountedText> countedTextAt(std::span<const std::uint8_t> bytes, std::size_t offset) {
     if (offset > bytes.size() || bytes.size() - offset < 4)
         return std::nullopt;

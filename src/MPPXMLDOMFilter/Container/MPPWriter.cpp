@@ -10,7 +10,7 @@ namespace brackwater {
 
 namespace {
 
-/// A sentence of what failed, with the library's words where there are any.
+/// A sentence about the failure, with the library's message if there is one.
 std::string sentence(const std::string& what, const MPPFormatWriter& writer) {
     const std::string text = writer.failureText();
     return text.empty() ? what : what + ": " + text;

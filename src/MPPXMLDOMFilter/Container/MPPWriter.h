@@ -15,32 +15,32 @@ struct MPPProject;
 inline constexpr std::string_view kWriteToStreamException = "WriteToStreamException";
 inline constexpr std::string_view kReadFromStreamException = "ReadFromStreamException";
 
-/// Writes one entry of the output. This base class is the copier: it takes the entry's bytes from the template. Stream
-/// writers derive from it.
+/// Writes one entry of the output. This base class copies the entry's bytes from the template. Stream writers derive
+/// from it.
 class MPPWriter {
 public:
-    /// Both are shared with the walk and held for the object's life.
+    /// Both are shared with the walk and kept for the object's lifetime.
     MPPWriter(std::shared_ptr<MPPFormatWriter> writer, std::shared_ptr<MPPFormatReader> reader);
     virtual ~MPPWriter();
     MPPWriter(const MPPWriter&) = delete;
     MPPWriter& operator=(const MPPWriter&) = delete;
 
-    /// Writes the entry; false on failure, and `failureReason` then tells why. `project` may be null: the copier does
-    /// not look at it, stream writers answer false.
+    /// Writes the entry; false on failure, with a `failureReason`. `project` may be null: the copier ignores it, stream
+    /// writers return false.
     virtual bool writeDataForProject(MPPProject* project);
-    /// Closes the entry's node of the output; false, with a `failureReason`, when the library could not finish it.
+    /// Closes the entry's output node; false, with a `failureReason`, if the library could not finish it.
     bool finish();
-    /// Why the entry could not be written, for the log: "NAME: REASON" of an exception, or a sentence. Empty when all
-    /// went well.
+    /// Why the entry could not be written, for the log: "NAME: REASON" of an exception, or a sentence. Empty on
+    /// success.
     [[nodiscard]] const std::string& failureReason() const noexcept { return _failureReason; }
 
-    /// Writes the bytes of a buffer and clears it, whatever the write returned.
+    /// Writes the bytes of a buffer and clears it, even if the write fails.
     static bool flushData(MPPData& data, MPPFormatWriter& writer);
 
 protected:
-    /// Copies one stream; false for a reader that is a storage, true at once for an empty stream.
+    /// Copies one stream; false if the reader is a storage, true for an empty stream.
     bool writeStreamFromReader(MPPFormatReader& reader, MPPFormatWriter& writer);
-    /// Copies all streams of this storage; false, with a `failureReason`, when one of them cannot be copied.
+    /// Copies all streams of this storage; false, with a `failureReason`, if one of them cannot be copied.
     bool copyStreamsOfStorage();
     /// Copies the named child stream of this entry; raises on failure.
     void copyChildFromTemplate(const std::string& name);

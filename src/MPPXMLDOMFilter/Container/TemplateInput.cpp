@@ -17,9 +17,9 @@ namespace brackwater {
 
 namespace {
 
-/// What a wrapped template may unpack to. A few kilobytes can unpack to gigabytes; real templates have some megabytes.
+/// Limit for unpacked templates. A few kilobytes can unpack to gigabytes; real templates have some megabytes.
 constexpr std::size_t kLargestUnpacked = std::size_t{128} << 20;
-/// Wrappings inside one another. An archive can be made that unpacks to itself.
+/// Limit for nested compression. An archive can be crafted to unpack to itself.
 constexpr int kMostWrappings = 4;
 constexpr std::size_t kPiece = std::size_t{64} << 10;
 
@@ -42,7 +42,7 @@ GObjectPointer<GsfInput> inputOfBytes(const Bytes& bytes) {
     return GObjectPointer<GsfInput>(gsf_input_memory_new_clone(bytes.data(), static_cast<gsf_off_t>(bytes.size())));
 }
 
-/// Reads on to the end, piece by piece, so that nothing is believed about the size.
+/// Reads to the end in chunks, without trusting any size.
 std::optional<Bytes> readToEnd(GsfInput* input) {
     Bytes bytes;
     for (gsf_off_t left = gsf_input_remaining(input); left > 0; left = gsf_input_remaining(input)) {
@@ -60,7 +60,7 @@ std::optional<Bytes> unpackGzip(GsfInput* packed) {
     return unpacked ? readToEnd(unpacked.get()) : std::nullopt;
 }
 
-/// The library's own unpacking of this kind knows no bound, so the bytes are unpacked here.
+/// The library's own decompression has no limit, so this code does it.
 std::optional<Bytes> unpackBzip2(GsfInput* packed) {
     struct Unpacking {
         bz_stream stream{};

@@ -16,7 +16,7 @@ namespace brackwater {
 
 namespace {
 
-constexpr int kReadableAndWritable = 0666; // what the user's mask leaves of it
+constexpr int kReadableAndWritable = 0666; // reduced by the user's umask
 
 } // namespace
 
@@ -31,7 +31,7 @@ std::unique_ptr<TemporaryOutput> TemporaryOutput::beside(const std::string& dest
     std::string path =
         stringByAppendingPathComponent(stringByDeletingLastPathComponent(destination), ".gsf-save-XXXXXX");
     std::unique_ptr<TemporaryOutput> output(new TemporaryOutput);
-    // Neither a signal nor a lack of memory between the two steps leaves a file that nobody knows of.
+    // Neither a signal nor a lack of memory between the two steps leaves an untracked file.
     const SignalsHeldBack heldBack;
     const int file = g_mkstemp_full(path.data(), O_WRONLY | O_CLOEXEC, kReadableAndWritable);
     if (file < 0) {

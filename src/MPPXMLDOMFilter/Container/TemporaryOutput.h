@@ -10,11 +10,11 @@
 
 namespace brackwater {
 
-/// The file that an output is written into before it is moved into place: ".gsf-save-XXXXXX" beside the destination,
-/// six characters by chance. It is removed with the object or by a signal that ends the process, unless it was moved.
+/// The temporary file of an output: ".gsf-save-XXXXXX" beside the destination, with six random characters. Unless it
+/// was moved, it is removed with the object or by a signal that ends the process.
 class TemporaryOutput {
 public:
-    /// Makes the file; null where it cannot be made, with `fault` telling why.
+    /// Creates the file; null, with the reason in `fault`, on failure.
     [[nodiscard]] static std::unique_ptr<TemporaryOutput> beside(const std::string& destination, std::string& fault);
     ~TemporaryOutput();
     TemporaryOutput(const TemporaryOutput&) = delete;
@@ -22,15 +22,15 @@ public:
 
     /// Opens the file as a stream, which the caller closes; null on failure.
     [[nodiscard]] std::FILE* openStream(std::string& fault);
-    /// Moves the file to its destination, or, where something stands there, even a link that leads nowhere, to the next
-    /// of its names that is free. Nothing is ever replaced. False with `fault` telling why.
+    /// Moves the file to its destination or, if that exists, even as a dangling link, to the next free name. Never
+    /// replaces anything. False, with the reason in `fault`, on failure.
     [[nodiscard]] bool moveTo(NumberedPath& destination, std::string& fault);
 
 private:
     TemporaryOutput() = default;
 
     std::optional<FileRemovedAtSignal> _file;
-    int _descriptor = -1; ///< until the stream has it
+    int _descriptor = -1; ///< until the stream owns it
     bool _moved = false;
 };
 

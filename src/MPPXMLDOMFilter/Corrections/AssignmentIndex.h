@@ -15,7 +15,7 @@ class AssignmentIndex {
 public:
     explicit AssignmentIndex(const MPPProject& project);
 
-    /// In the order of their IDs; none for a task that is not of the project.
+    /// In the order of their IDs; none if the task is not in the project.
     [[nodiscard]] std::span<MPPAssignment* const> ofTask(const MPPTask& task) const;
 
 private:

@@ -24,7 +24,7 @@ void setWork(MPPAssignment& assignment, double hours) {
     assignment.remainingWork = hours;
 }
 
-// A task that nobody works on has the effort of the source, or none: a placeholder's work is then its duration.
+// A task without workers has the source's effort or none; in that case the placeholder's work is the task's duration.
 double workOfPlaceholder(MPPAssignment& placeholder, const MPPTask& task) {
     const double effort = task.source ? task.source->effort : 0;
     setWork(placeholder, (effort > 0 ? effort : task.duration) / kSecondsOfHour);

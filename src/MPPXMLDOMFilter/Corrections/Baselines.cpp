@@ -28,12 +28,12 @@ ResourcesById resourcesById(const MPPProject& project) {
     return resources;
 }
 
-// What a baseline has of a task's work and its cost; material has none.
+// One resource's share of a task's work and cost in a baseline; material has no work.
 struct Amount {
-    const MPPResource* resource = nullptr; ///< null for one that the plan does not have any more
+    const MPPResource* resource = nullptr; ///< null if the plan no longer has it
     double hours = 0;
     double cost = 0;
-    std::ptrdiff_t taken = 0; ///< of the first amount of a resource: how many of its amounts have their assignment
+    std::ptrdiff_t taken = 0; ///< in a resource's first amount: how many of its amounts already have an assignment
 };
 
 class BaselinePass {
@@ -83,7 +83,7 @@ private:
         }
     }
 
-    // A resource that is assigned several times has an amount for each, in the order of the document.
+    // A resource assigned several times has one amount per assignment, in document order.
     void correctAssignment(const MPPAssignment& assignment, const MPPTaskBaseline& ofTask) {
         const MPPResource* resource = assignment.resource.record();
         if (!resource || !assignment.baseline0)
@@ -104,12 +104,12 @@ private:
     }
 
     ResourcesById _resources;
-    std::vector<WorkShare> _shares; ///< of the task at hand, in one order with the amounts
+    std::vector<WorkShare> _shares; ///< of the current task, in the order of the amounts
     std::vector<Amount> _amounts;
 };
 
-// From the last task to the first, so that a summary is complete before its parent takes its amounts. An effort that
-// the baseline tells of a summary is that of all its tasks.
+// From the last task to the first, so that a summary is complete before its parent adds it. A summary's effort in the
+// baseline is the effort of all its tasks.
 void addToParents(MPPProject& project) {
     for (auto it = project.tasks.rbegin(); it != project.tasks.rend(); ++it) {
         const MPPTask& task = **it;

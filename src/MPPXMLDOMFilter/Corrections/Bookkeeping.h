@@ -4,12 +4,12 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Keeps the numbers that a file holds about itself in step with its rows, as in all real files: numbers of rows and of
-/// their elements, sizes, and the calendars that the resources' rows name.
+/// Makes the file's own counts match its rows, as in all real files: the numbers of rows and of their elements, sizes,
+/// and the calendars that resource rows refer to.
 void keepBookkeeping(MPPProject& project);
 
-/// Takes the views, tables and entry lists from the template, whose other streams count them. The exact export's
-/// minimum breaks those counts, and its view is of no known kind.
+/// Keeps the template's views, tables and entry lists, which the template's other streams count. The exact export's
+/// minimum breaks those counts, and its view is of an unknown kind.
 void keepTemplateViews(MPPProject& project);
 
 } // namespace brackwater

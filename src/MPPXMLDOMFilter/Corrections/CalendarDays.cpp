@@ -14,7 +14,7 @@ std::size_t weekdayOf(std::int64_t day) {
     return static_cast<std::size_t>(remainder < 0 ? remainder + 7 : remainder);
 }
 
-// What readers show of a day that no calendar tells anything of.
+// The hours that readers show for a day that no calendar mentions.
 const MinuteRanges& defaultHours(std::size_t weekday) {
     static const MinuteRanges kNone;
     static const MinuteRanges kWorkingDay = {{8 * 60, 12 * 60}, {13 * 60, 17 * 60}};

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 
-/// Calls `visit` for every calendar that is written, base calendars first, once each.
+/// Calls `visit` once for every written calendar, base calendars first.
 template <typename Visit>
 void forEachCalendar(const MPPProject& project, const Visit& visit) {
     std::unordered_set<const MPPCalendar*> visited;
@@ -38,7 +38,7 @@ bool isWrittenAs(const MPPRangeList& list, const MinuteRanges& hours) {
     });
 }
 
-/// By the day that they fall on.
+/// By the day on which they fall.
 std::array<MinuteRanges, 7> minutesBehindMidnight(const MPPCalendarWorkWeek& week) {
     std::array<MinuteRanges, 7> minutes;
     const auto lists = week.days();
@@ -93,7 +93,7 @@ const CalendarDays* CalendarHours::baseOf(const MPPCalendar& calendar) const {
     return found == _baseCalendars.end() ? nullptr : &found->second;
 }
 
-// Each day's hours as the format can hold them; a range that crosses midnight is split there.
+// Each day's hours as the format can store them; ranges are split at midnight.
 void CalendarHours::correctWeek(MPPCalendarWorkWeek& week, const CalendarDays& days) const {
     const std::array<MinuteRanges, 7> behindMidnight = minutesBehindMidnight(week);
     const auto lists = week.days();

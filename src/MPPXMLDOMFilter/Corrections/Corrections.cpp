@@ -23,7 +23,7 @@
 
 namespace brackwater {
 
-// The order counts where a pass reads what another one sets.
+// The order matters if a pass reads what another one sets.
 void applyCorrections(MPPProject& project) {
     keepTopTask(project);
     composeNotes(project);
@@ -45,7 +45,7 @@ void applyCorrections(MPPProject& project) {
     correctBaselines(project, assignments);
     correctSummaryTotals(project);
     correctResourceTotals(project);
-    // What holds of all records, whichever pass has set their fields.
+    // Applies to all records, whichever pass has set their fields.
     dropDatesOutsideFormat(project);
     numberCalendarExceptions(project);
     correctGuidOrder(project);

@@ -5,8 +5,8 @@ namespace brackwater {
 struct MPPProject;
 class AssignmentIndex;
 
-/// What assignments cost by their resources' rates, and tasks by their assignments and fixed costs; done and remaining
-/// parts follow the progress. Summaries have but their own costs so far, and of their fixed cost nothing is done.
+/// Costs of assignments from their resources' rates, and of tasks from their assignments and fixed costs; actual and
+/// remaining costs follow the progress. At this point summaries have only their own costs, with no actual fixed cost.
 void correctCosts(MPPProject& project, const AssignmentIndex& assignments);
 
 } // namespace brackwater

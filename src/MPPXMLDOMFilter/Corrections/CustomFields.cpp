@@ -16,10 +16,11 @@ namespace {
 constexpr std::size_t kMostFields = 30;
 constexpr std::size_t kLongestAlias = 50; // UTF-16 units
 
-/// The text fields of one kind of records, in the order in which their keys come first.
+/// The text fields of one kind of record, in the order in which their keys first appear.
 class FieldTable {
 public:
-    /// Sets the values of one record by position. Of several values of a key the last counts; an empty one is none.
+    /// Sets the values of one record by position. If a key has several values, the last one counts; an empty one is
+    /// ignored.
     void setValues(const MPPSourceFields& fields, std::vector<std::string>& values) {
         values.clear();
         for (const auto& [key, value] : fields) {
@@ -43,7 +44,7 @@ private:
         return found->second;
     }
 
-    // No two fields have one alias: where cutting makes them the same, a number tells them apart.
+    // Aliases are unique: if truncation makes two equal, a number distinguishes them.
     [[nodiscard]] std::string aliasOf(const std::string& key) const {
         std::string alias = key.substr(0, sizeOfPrefix(key, kLongestAlias));
         for (std::size_t number = 2; std::ranges::find(_aliases, alias) != _aliases.end(); ++number) {

@@ -4,8 +4,8 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Makes each key of custom fields one text field of all tasks, or of all resources, with one alias. The format has
-/// thirty: keys beyond them are left out. Aliases longer than planners take are cut.
+/// Makes each key of custom fields one text field, with one alias, of all tasks or of all resources. The format has
+/// thirty: further keys are left out. Truncates aliases that planners do not accept.
 void numberCustomFields(MPPProject& project);
 
 } // namespace brackwater

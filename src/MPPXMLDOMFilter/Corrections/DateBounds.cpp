@@ -10,9 +10,9 @@ namespace brackwater {
 namespace {
 
 constexpr double kSecondsPerDay = 86400;
-/// Day 0 of the format, 1983-12-31, in seconds since 1970 of the wall clock.
+/// Day 0 of the format, 1983-12-31, in local seconds since 1970.
 constexpr double kFirstSecond = 441676800;
-/// Behind day 65534: the number after it stands for no date.
+/// The end of day 65534: the next number means no date.
 constexpr double kEndSecond = kFirstSecond + 65535 * kSecondsPerDay;
 
 class Bounds {

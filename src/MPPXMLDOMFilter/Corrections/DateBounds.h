@@ -4,9 +4,8 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Takes out the dates that the format cannot hold: days before 1983-12-31 and from 2163-06-05 on would wrap around to
-/// other ones. An absent date is what readers show as none. Spans of a calendar's days are cut at the bounds; those
-/// that lie outside go.
+/// Removes dates that the format cannot store: days before 1983-12-31 and from 2163-06-05 on would wrap around to other
+/// days. Readers show an absent date as none. Clips spans of calendar days to the bounds and removes those outside.
 void dropDatesOutsideFormat(MPPProject& project);
 
 } // namespace brackwater

@@ -7,24 +7,24 @@ namespace brackwater {
 
 namespace {
 
-// Days that the format can hold: 1983-12-31 to 2163-06-04.
+// Days that the format can store: 1983-12-31 to 2163-06-04.
 constexpr std::int64_t kFirstDay = 5112;
 constexpr std::int64_t kLastDay = kFirstDay + 65534;
 
 constexpr MinuteRange kWholeDay{0, kMinutesPerDay};
 
-/// Spans of more days get a week of their own instead of an exception for every few days: half a year.
+/// Half a year. Longer spans get their own week instead of an exception every few days.
 constexpr std::int64_t kMostSingleDays = 182;
 
-/// Days on which an event does the same to the hours.
+/// Days on which an event has the same effect on the hours.
 struct Part {
     std::int64_t firstDay = 0;
     std::int64_t lastDay = 0;
     MinuteRange minutes;
-    std::size_t event = 0; ///< its place in the list of events
+    std::size_t event = 0; ///< index in the list of events
 };
 
-/// A part begins or ends to hold.
+/// The start or end of a part.
 struct Edge {
     std::int64_t day = 0;
     bool begins = false;
@@ -64,7 +64,7 @@ std::vector<Edge> edgesOf(const std::vector<Part>& parts) {
     return edges;
 }
 
-/// Goes through time from edge to edge; between two of them the same parts hold.
+/// Sweeps from edge to edge, between which the same parts are active.
 class EventSweep {
 public:
     EventSweep(const MPPCalendarSource& events, const CalendarDays& calendar) : _events(events), _calendar(calendar) {}
@@ -78,8 +78,8 @@ private:
 
     const MPPCalendarSource& _events;
     const CalendarDays& _calendar;
-    std::multiset<std::size_t> _active; ///< places of the events
-    std::size_t _activeHours = 0;       ///< how many of them tell the day's hours
+    std::multiset<std::size_t> _active; ///< indexes of the events
+    std::size_t _activeHours = 0;       ///< how many of them define the day's hours
     MinuteCover _timeOff;
     MinuteCover _overtime;
     MinuteCover _hours;
@@ -135,7 +135,7 @@ void EventSweep::addDays(std::int64_t firstDay, std::int64_t lastDay) {
         addDay(day, day, remaining(_calendar.regularHoursOn(day)), name);
 }
 
-// Days of equal hours that touch are one exception.
+// Adjacent days with equal hours form one exception.
 void EventSweep::addDay(std::int64_t firstDay, std::int64_t lastDay, MinuteRanges hours, const std::string& name) {
     hours = fittingTheFormat(std::move(hours));
     const bool goesOn = !_days.empty() && _days.back().lastDay + 1 == firstDay && _days.back().hours == hours &&

@@ -19,7 +19,7 @@ void turnEach(const Records& records) {
         turn(*record);
 }
 
-// Resources may share a calendar, and the project's is one of the others: each is turned once.
+// Resources may share a calendar, and the project's is one of the others: each is converted once.
 void turnCalendars(const MPPProject& project) {
     std::unordered_set<const MPPCalendar*> turned;
     const auto turnOnce = [&turned](MPPCalendar* calendar) {

@@ -44,7 +44,7 @@ private:
         assignment.resumeDate = moments.resume;
     }
 
-    // A task stops where the first of those who work on it stops; material does not count.
+    // A task stops where its first worker stops; material does not count.
     static void takeEarlier(std::optional<ProgressMoments>& moments, const MPPAssignment& assignment) {
         const MPPResource* resource = assignment.resource.record();
         const bool isMaterial = resource && resource->getResourceType() != 0;
@@ -76,7 +76,7 @@ private:
         task.progressPoints = path.pointsOf(done);
     }
 
-    // The calendar of the first one who works on the task, as long as they work.
+    // The calendar of the first worker, for as long as they work.
     const WorkingTimeline* lineOfTask(const MPPTask& task) {
         for (const MPPAssignment* assignment : _assignments.ofTask(task))
             if (const MPPResource* resource = assignment->resource.record(); resource && !resource->getResourceType())

@@ -8,7 +8,7 @@ namespace brackwater {
 
 namespace {
 
-// Where the percentage stands before the task begins, as real files tell it.
+// The percentage before the task begins, as in real files.
 constexpr double kBeforeBegin = 32768.0;
 
 } // namespace
@@ -20,12 +20,12 @@ ProgressPath::ProgressPath(const MPPTask& task, const WorkingTimeline* line) : _
                 addPiece(*segment.start, *segment.end);
     if (_pieces.empty() && task.startDate && task.endDate) {
         addPiece(*task.startDate, std::max(*task.startDate, *task.endDate));
-        // The source's own duration of an unbroken task goes before what the calendar has for it.
+        // For an unbroken task, the source's own duration takes precedence over the calendar's.
         _work = _pieces.front().work = task.duration;
     }
 }
 
-// Pieces that do not follow each other are left out.
+// Drops pieces that are out of order.
 void ProgressPath::addPiece(Date start, Date end) {
     if (end < start || (!_pieces.empty() && start < _pieces.back().end))
         return;

@@ -9,24 +9,24 @@ namespace brackwater {
 
 class WorkingTimeline;
 
-/// Where work that is begun has stopped, and where it goes on. Both are the end when all is done.
+/// Where started work has stopped and where it resumes. Both are the end if all work is done.
 struct ProgressMoments {
     Date stop;
     Date resume;
 };
 
-/// The way of a task's progress from its start to its end: one piece, or the pieces of a split task.
+/// The progress of a task from start to end: one piece, or the pieces of a split task.
 class ProgressPath {
 public:
-    /// Along the working time of a calendar; without one, or where it does not work within the task, time passes
-    /// evenly. `line` may be null and must outlive the path.
+    /// Along the working time of a calendar; without a calendar, or if it has no working time within the task, time
+    /// passes evenly. `line` may be null and must outlive the path.
     ProgressPath(const MPPTask& task, const WorkingTimeline* line);
 
-    /// A task without dates has no way.
+    /// True for a task without dates.
     [[nodiscard]] bool isEmpty() const noexcept { return _pieces.empty(); }
-    /// Of a fraction above 0; the path is not empty.
+    /// For a fraction above 0; the path must not be empty.
     [[nodiscard]] ProgressMoments momentsOf(double fraction) const;
-    /// How the percentage grew up to the fraction: its begin and end in each piece, and that it grows no more.
+    /// The growth of the percentage up to the fraction: its start and end in each piece, and the end of all growth.
     [[nodiscard]] std::vector<MPPProgressPoint> pointsOf(double fraction) const;
 
 private:

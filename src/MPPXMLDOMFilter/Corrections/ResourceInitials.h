@@ -4,7 +4,7 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Gives each resource the first character of its name as its initials, as planners do: every real file has them.
+/// Sets each resource's initials to the first character of its name, as planners do: every real file has them.
 void addResourceInitials(MPPProject& project);
 
 } // namespace brackwater

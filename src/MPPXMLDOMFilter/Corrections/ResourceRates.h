@@ -9,8 +9,8 @@ struct ResourceRates {
     bool isMaterial = false;
 };
 
-/// The cost of a work in hours, or of a quantity of material, in hundredths. Each unit of a resource that works is used
-/// once; material is used once, whatever the quantity.
+/// The cost, in hundredths, of work in hours or of a quantity of material. Each unit of a work resource is charged one
+/// use; material is charged one use, whatever the quantity.
 [[nodiscard]] inline double costOfWork(const ResourceRates& rates, double work, double units) {
     constexpr double kHundredths = 100.0;
     return (work * rates.perHour + rates.perUse * (rates.isMaterial ? 1.0 : units)) * kHundredths;

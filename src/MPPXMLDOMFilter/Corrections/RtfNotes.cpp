@@ -14,7 +14,7 @@ namespace brackwater {
 
 namespace {
 
-// Font and size as in a note that was typed.
+// Font and size of a typed note.
 constexpr std::string_view kBegin = R"({\rtf1\ansi\ansicpg1252\deff0\deflang1033)"
                                     R"({\fonttbl{\f0\fswiss\fprq2\fcharset0 Arial;}})"
                                     "\r\n"
@@ -36,7 +36,7 @@ void appendUnit(std::string& rtf, std::uint16_t unit) {
     } else if (const auto byte = byteInCodePage1252(unit)) {
         fmt::format_to(std::back_inserter(rtf), "\\'{:02x}", *byte);
     } else {
-        // A signed number and a question mark for readers that do not know it. Surrogates come as two.
+        // A signed number, and a question mark for readers that do not support it. Surrogates are written as two.
         fmt::format_to(std::back_inserter(rtf), "\\u{}\\'3f", static_cast<std::int16_t>(unit));
     }
 }

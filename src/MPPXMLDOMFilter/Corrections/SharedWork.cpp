@@ -42,7 +42,7 @@ std::vector<double> sharedWork(std::span<const WorkShare> shares, double effort,
             work.push_back(0);
         else if (share.kind == MPPResourceKind::Equipment && !isOfBoth)
             work.push_back(std::max(duration * share.units, 0.0));
-        else // without units nothing tells how the effort is shared: each has the whole of it
+        else // without units nothing says how to share the effort: each gets all of it
             work.push_back(unitsOfEffort > 0 ? effort * share.units / unitsOfEffort : effort);
     }
     return work;

@@ -4,8 +4,8 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Counts the places in the sheet on in the order of the rows, as real files do. Readers that sort by the place show
-/// all tasks in one place otherwise, and derive parents and links from it.
+/// Numbers the positions in the sheet in row order, as real files do. Otherwise readers that sort by position show all
+/// tasks in one place, and derive parents and links from that.
 void correctSheetPositions(MPPProject& project);
 
 } // namespace brackwater

@@ -9,22 +9,22 @@ namespace brackwater {
 
 namespace {
 
-// Each piece takes a phase and a pause, which the file counts in 16 bits.
+// Each piece takes a phase and a gap, which the file counts in 16 bits.
 constexpr std::size_t kMostPieces = 30'000;
 
 constexpr double kSecondsOfHour = 3600.0;
 constexpr double kFullUnits = 10000.0;
 
-/// A stretch of time in which work goes on evenly.
+/// A span of time with an even work rate.
 struct Piece {
     Date begin;
     Date end;
-    double rate; ///< of a second of working time, measured in any unit
+    double rate; ///< work per second of working time, in any unit
 };
 
 using Pieces = std::vector<Piece>;
 
-/// What of the pieces lies between two moments.
+/// The parts of the pieces between two moments.
 Pieces clipped(const Pieces& pieces, Date from, Date to) {
     Pieces result;
     for (const Piece& piece : pieces)
@@ -33,7 +33,7 @@ Pieces clipped(const Pieces& pieces, Date from, Date to) {
     return result;
 }
 
-/// Hours of work spread over pieces, measured from `origin` on.
+/// Hours of work spread over pieces, measured from `origin`.
 MPPWorkSpread spreadOver(const Pieces& pieces, Date origin, double work, double units, const WorkingTimeline& line) {
     double whole = 0;
     for (const Piece& piece : pieces)
@@ -57,7 +57,7 @@ MPPWorkSpread spreadOver(const Pieces& pieces, Date origin, double work, double 
         spread.phases.push_back({done, share * kSecondsOfHour / seconds * kFullUnits, spread.elapsed});
     }
     if (done > 0)
-        spread.phases.back().work = work; // exactly, whatever the shares add up to
+        spread.phases.back().work = work; // exactly, despite rounding errors in the shares
     else
         spread.phases.clear();
     return spread;
@@ -69,7 +69,7 @@ Pieces piecesOfSplitTask(const MPPTask& task, const WorkingTimeline& line) {
         const double seconds = line.workingSecondsBetween(*segment.start, *segment.end);
         pieces.push_back({*segment.start, *segment.end, seconds > 0 ? segment.effort / seconds : 0});
     }
-    // Where no piece tells its effort, all go on alike.
+    // If no piece has an effort, all have the same rate.
     if (std::ranges::all_of(pieces, [](const Piece& piece) { return !(piece.rate > 0); }))
         for (Piece& piece : pieces)
             piece.rate = 1;
@@ -100,7 +100,7 @@ public:
         if (assignment.remainingWork > 0)
             spread->planned = spreadOver(clipped(pieces, resume, end), resume, assignment.remainingWork,
                                          assignment.assignmentUnits, *line);
-        // Without a pause the rest is told by its sum.
+        // Without a gap, the sum describes the rest.
         if (spread->planned.phases.size() == 1)
             spread->planned.phases.clear();
         assignment.workOverTime = std::move(spread);
@@ -118,7 +118,7 @@ private:
     WorkingTimelines _lines;
 };
 
-/// Leaves the pieces that have dates and follow each other.
+/// Keeps only the pieces that have dates and are in order.
 void keepOrderlyPieces(std::vector<MPPSourceSegment>& segments) {
     std::optional<Date> reached;
     std::erase_if(segments, [&reached](const MPPSourceSegment& segment) {

@@ -4,11 +4,11 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Marks the tasks that are worked in pieces and takes the pauses out of their durations.
+/// Marks tasks that are worked on in pieces and subtracts the gaps from their durations.
 void markSplitTasks(MPPProject& project);
 
-/// Spreads the work of each assignment over working time, done and planned, with the pauses of split tasks. Comes when
-/// work, progress and the dates of stop and resumption are known.
+/// Spreads the work of each assignment over working time, actual and planned, with the gaps of split tasks. Must run
+/// after work, progress and the stop and resume dates are known.
 void spreadWork(MPPProject& project);
 
 } // namespace brackwater

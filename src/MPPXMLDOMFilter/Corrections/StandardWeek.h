@@ -4,8 +4,8 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Derives the minutes of a day and of a week, by which readers turn durations into days and weeks, from the hours of
-/// the standard calendar. A day is what most of its working days have; a week without any hours changes nothing.
+/// Derives the minutes per day and per week, with which readers convert durations to days and weeks, from the hours of
+/// the standard calendar. A day has the length of most of its working days; a week without hours changes nothing.
 void correctMinutesPerDay(MPPProject& project);
 
 } // namespace brackwater

@@ -9,7 +9,7 @@ namespace brackwater {
 
 namespace {
 
-// What is known of the tasks below a summary beside its own fields.
+// Facts about the tasks below a summary besides its own fields.
 struct Below {
     double duration = 0; ///< of the leaves
     double actualDuration = 0;
@@ -25,7 +25,7 @@ void takeEarlier(std::optional<Date>& earliest, const std::optional<Date>& date)
         earliest = date;
 }
 
-// Sums of parts miss the whole by the last bits: all done is all done.
+// Sums of parts miss the whole by rounding errors: all done is all done.
 double share(double part, double whole) {
     constexpr double kNearlyOne = 1.0 - 1e-9;
     const double value = whole > 0 ? part / whole : 0;
@@ -36,7 +36,7 @@ class SummaryPass {
 public:
     explicit SummaryPass(MPPProject& project) : _project(project), _below(project.tasks.size() + 1) {}
 
-    // From the last task to the first: a summary is complete before its parent takes its totals.
+    // From the last task to the first: a summary is complete before its parent adds it.
     void run() {
         for (auto it = _project.tasks.rbegin(); it != _project.tasks.rend(); ++it) {
             finish(**it);

@@ -4,11 +4,11 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// What the tasks below a summary, and below the project, add up to: work, cost, and progress as the share of the
-/// leaves' durations that is done. A summary begins with the first of them and is finished with the last.
+/// Totals of the tasks below each summary and below the project: work, cost, and progress as the finished share of the
+/// leaves' durations. A summary starts with its first task and finishes with its last.
 void correctSummaryTotals(MPPProject& project);
 
-/// What the assignments of each resource add up to.
+/// Totals of each resource's assignments.
 void correctResourceTotals(MPPProject& project);
 
 } // namespace brackwater

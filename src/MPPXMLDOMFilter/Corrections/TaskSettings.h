@@ -4,11 +4,11 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Marks the tasks that have children as summaries, of a fixed duration and not driven by effort.
+/// Marks tasks with children as summaries, with fixed duration and not effort driven.
 void correctSummaryMarks(MPPProject& project);
 
-/// How the tasks are scheduled: driven by effort only where the source says so, with the resources' calendars, with a
-/// second bound as their deadline; and the moment of their making.
+/// How tasks are scheduled: effort driven only if the source says so, with the resources' calendars, and with a second
+/// bound as the deadline; also sets the creation time.
 void correctTaskSettings(MPPProject& project);
 
 } // namespace brackwater

@@ -4,8 +4,8 @@ namespace brackwater {
 
 struct MPPProject;
 
-/// Keeps what the source tells of the top task in the project's row, which stands in for it. Comes before the passes
-/// that read these values.
+/// Copies the source's values of the top task to the project's row, which replaces it. Must run before the passes that
+/// read these values.
 void keepTopTask(MPPProject& project);
 
 } // namespace brackwater

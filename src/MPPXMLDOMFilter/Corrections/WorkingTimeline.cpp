@@ -16,7 +16,7 @@ namespace {
 constexpr std::int64_t kLastDay = kLastWallSecond / kSecondsOfCivilDay;
 constexpr std::int64_t kWeekdayOfDayZero = 4; // 1970-01-01 is a Thursday, counted from Sunday 0
 
-// Calendars derive from a base at most; a longer chain comes from a damaged document, and may be a ring.
+// Calendars have at most one base; a longer chain comes from a damaged document, and may be a cycle.
 constexpr std::size_t kLongestChain = 16;
 constexpr std::int64_t kSecondsOfMinute = 60;
 constexpr std::int64_t kSecondsOfHour = 3600;
@@ -31,7 +31,7 @@ std::int64_t secondOf(const MPPCalendarTime& time) {
     return time.hours() * kSecondsOfHour + time.minutes() * kSecondsOfMinute;
 }
 
-// Joins what overlaps: no second is worked twice. An end of 00:00 is the midnight that ends the day.
+// Joins overlapping ranges, so that no second counts twice. An end of 00:00 is the midnight that ends the day.
 WorkingTimeline::Hours hoursOf(const MPPRangeList& ranges) {
     WorkingTimeline::Hours hours;
     for (const auto& range : ranges) {
@@ -60,7 +60,7 @@ std::int64_t lengthOf(const WorkingTimeline::Hours& hours) {
     return sum;
 }
 
-// Working seconds of endless repetitions of a week, from a Sunday long past up to a day.
+// Working seconds of an endlessly repeated week, from a Sunday in the distant past to a day.
 std::int64_t workBeforeDay(const WorkingTimeline::Week& week, std::int64_t day) {
     const std::int64_t fromSunday = day + kWeekdayOfDayZero;
     const auto weekday = static_cast<std::size_t>(floorRemainder(fromSunday, WorkingTimeline::kDaysOfWeek));
@@ -69,7 +69,7 @@ std::int64_t workBeforeDay(const WorkingTimeline::Week& week, std::int64_t day) 
 
 } // namespace
 
-// Collects the hours of a chain of calendars and lays them out, one stretch behind the other.
+// Collects the hours of a chain of calendars and arranges them as consecutive stretches.
 class WorkingTimeline::Builder {
 public:
     Builder(WorkingTimeline& line, const MPPCalendar& calendar) : _line(line) {
@@ -95,10 +95,10 @@ public:
     }
 
 private:
-    /// Places of the hours of each day; nothing for a day of which nothing is said.
+    /// Indexes of the hours of each day; nothing for an undefined day.
     using Days = std::array<std::optional<std::size_t>, kDaysOfWeek>;
 
-    /// A span of days with a week of its own. The spans stand in the order in which they go before each other.
+    /// A span of days with its own week. Spans are in order of precedence.
     struct Span {
         std::int64_t firstDay;
         std::int64_t lastDay;
@@ -129,7 +129,7 @@ private:
                 days[i] = addHours(hoursOf(**ranges[i]));
     }
 
-    // The week without exceptions. Readers take the days that no calendar of the chain names as the usual ones.
+    // The week without exceptions. Readers use the usual hours for days that no calendar in the chain defines.
     const Days& resolvedDays() {
         for (const MPPCalendar* calendar : _chain)
             takeMissingDays(_usual, calendar->defaultWorkWeek.get());
@@ -150,7 +150,7 @@ private:
         addSpan(exception.startDate, exception.endDate, addWeek(days));
     }
 
-    // What a nearer calendar says of a weekday goes before a base's dated week.
+    // A weekday defined by a nearer calendar takes precedence over a base's dated week.
     void addDatedWeek(const MPPCalendarWorkWeek& week, const Days& nearer) {
         if (!week.startDate || !week.endDate)
             return;
@@ -169,7 +169,7 @@ private:
             _spans.push_back(span);
     }
 
-    // Goes from day to day on which a span begins or ends.
+    // Goes from one start or end of a span to the next.
     void layOut(std::size_t usualWeek) {
         std::vector<std::pair<std::int64_t, std::size_t>> changes;
         for (std::size_t i = 0; i < _spans.size(); ++i) {
@@ -216,7 +216,7 @@ std::optional<Date> WorkingTimeline::advance(Date start, double seconds) const {
 }
 
 std::optional<Date> WorkingTimeline::nextWorkingMoment(Date from) const {
-    // The next second of work is over one second behind its begin.
+    // The next working second ends one second after it begins.
     const auto done = momentWhenDone(workUntil(wallSecondOf(from)) + 1);
     return done ? std::optional(std::max(done->advancedBy(-1.0), from)) : std::nullopt;
 }
@@ -242,7 +242,7 @@ std::int64_t WorkingTimeline::workUntil(std::int64_t wallSecond) const {
     return work;
 }
 
-// The first moment at which so much of the line's work is done; `work` is above 0.
+// The first moment at which this much of the line's work is done; `work` is above 0.
 std::optional<Date> WorkingTimeline::momentWhenDone(std::int64_t work) const {
     const auto next = std::partition_point(_stretches.begin() + 1, _stretches.end(),
                                            [&](const Stretch& stretch) { return stretch.workBefore < work; });

@@ -14,20 +14,19 @@ namespace brackwater {
 
 struct MPPCalendar;
 
-/// All working time of a calendar as one line that can be measured: its exceptions and weeks, and those of the
-/// calendars that it derives from. An exception goes before a week, the calendar's own before its base's. Hours are
-/// wall clock of the system zone; parts of a second do not count. Each question costs a search among the exceptions,
-/// however far its dates lie apart.
+/// All working time of a calendar as one measurable line: its exceptions and weeks, and those of its base calendars. An
+/// exception takes precedence over a week, the calendar's own over its base's. Hours are local time in the system zone;
+/// fractions of seconds are ignored. Each query is a search among the exceptions, however far apart its dates are.
 class WorkingTimeline {
 public:
     explicit WorkingTimeline(const MPPCalendar& calendar);
 
-    /// The moment at which so many seconds of working time are over, `start` itself for none. Where that uses a working
-    /// range up, it is the range's end. Nothing where the calendar never works that much.
+    /// The moment after this many working seconds; `start` itself for none. If that uses up a working range, the end of
+    /// the range. Nothing if the calendar never has that much working time.
     [[nodiscard]] std::optional<Date> advance(Date start, double seconds) const;
-    /// `from` where work goes on then, else the begin of the next range. Nothing where the calendar never works again.
+    /// `from` if it is working time, otherwise the start of the next range. Nothing if there is no more working time.
     [[nodiscard]] std::optional<Date> nextWorkingMoment(Date from) const;
-    /// 0 where `to` is not the later.
+    /// 0 if `to` is not later.
     [[nodiscard]] double workingSecondsBetween(Date from, Date to) const;
 
     /// Seconds since midnight.
@@ -35,20 +34,21 @@ public:
         std::int64_t begin;
         std::int64_t end;
     };
-    using Hours = std::vector<Range>; ///< of a day: rising, apart from each other
+    using Hours = std::vector<Range>; ///< of a day: sorted and disjoint
 
     static constexpr std::size_t kDaysOfWeek = 7;
 
-    /// A week of hours, Sunday first; an exception's has the same hours on all days.
+    /// A week of hours, Sunday first; the week of an exception has the same hours on all days.
     struct Week {
-        std::array<std::size_t, kDaysOfWeek> hours{};       ///< places in the list of hours
-        std::array<std::int64_t, kDaysOfWeek + 1> before{}; ///< seconds of the week before each day, and of all of it
+        std::array<std::size_t, kDaysOfWeek> hours{}; ///< indexes in the list of hours
+        std::array<std::int64_t, kDaysOfWeek + 1>
+            before{}; ///< seconds of the week before each day, and of the whole week
     };
-    /// A run of days with one week; it ends where the next one begins.
+    /// A run of days with one week; it ends at the start of the next.
     struct Stretch {
         std::int64_t firstDay;
         std::size_t week;
-        std::int64_t workBefore; ///< seconds from the line's begin on
+        std::int64_t workBefore; ///< seconds since the start of the line
     };
 
 private:
@@ -64,8 +64,8 @@ private:
     std::vector<Stretch> _stretches; ///< at least one; the first begins before all dates
 };
 
-/// The timelines of calendars, each made when it is asked for first. A calendar that says nothing of its own shares its
-/// base's. The calendars must outlive it.
+/// The timelines of calendars, each created on first use. A calendar without own settings shares its base's. The
+/// calendars must outlive it.
 class WorkingTimelines {
 public:
     [[nodiscard]] const WorkingTimeline& ofCalendar(const MPPCalendar& calendar);

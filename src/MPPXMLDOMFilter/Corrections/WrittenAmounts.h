@@ -8,13 +8,13 @@
 
 namespace brackwater {
 
-/// Seconds in the steps of a row, tenths of a minute: parts that are made of such steps make up the whole there too.
+/// Seconds rounded to the unit of a row, a tenth of a minute, so that parts add up to the whole in the file too.
 [[nodiscard]] inline double durationInSteps(double seconds) {
     constexpr double kStep = 6.0;
     return saturatingCut<std::int32_t>(seconds / kStep) * kStep;
 }
 
-/// A fraction as a whole percentage, rounded; 100 only where all is done.
+/// A fraction as a whole percentage, rounded; 100 only if all is done.
 [[nodiscard]] inline std::uint64_t wholePercent(double fraction) {
     if (fraction >= 1)
         return 100;

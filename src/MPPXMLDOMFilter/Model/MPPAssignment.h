@@ -19,7 +19,7 @@ struct MPPAssignmentBaseline {
     std::optional<Date> finish;
 };
 
-/// A stretch of an assignment's work; the mapping leaves an assignment's list of them empty.
+/// A phase of an assignment's work; the mapping leaves an assignment's list of them empty.
 struct MPPAssignmentPhase {
     std::uint32_t startShift = 0;
     std::uint32_t finishShift = 0;
@@ -27,25 +27,25 @@ struct MPPAssignmentPhase {
     double workPerDay = 8.0;
 };
 
-/// Work done by a moment of an assignment's working time, and the rate of the stretch that ends there.
+/// The work done up to a moment of an assignment's working time, and the rate of the phase that ends there.
 struct MPPWorkPhase {
-    double work = 0;    ///< hours since the spread's begin
-    double units = 0;   ///< as the assignment's; 0 in a pause
-    double elapsed = 0; ///< seconds of working time since the spread's begin
+    double work = 0;    ///< hours since the start of the spread
+    double units = 0;   ///< as the assignment's; 0 in a gap
+    double elapsed = 0; ///< seconds of working time since the start of the spread
 };
 
-/// How work is spread over working time.
+/// The distribution of work over working time.
 struct MPPWorkSpread {
     double work = 0;    ///< hours
-    double units = 0;   ///< as the assignment's; 0 where there is no work
-    double elapsed = 0; ///< seconds of working time, pauses included
+    double units = 0;   ///< as the assignment's; 0 without work
+    double elapsed = 0; ///< seconds of working time, including gaps
     std::vector<MPPWorkPhase> phases;
 };
 
-/// The work that is done, from the assignment's start to where it stopped, and the rest, from where it resumes.
+/// The actual work, from the assignment's start to where it stopped, and the rest, from where it resumes.
 struct MPPWorkOverTime {
     MPPWorkSpread actual;
-    MPPWorkSpread planned; ///< without phases where the rest goes on evenly
+    MPPWorkSpread planned; ///< no phases if the rest is even
     bool isSplit = false;
 };
 
@@ -61,7 +61,7 @@ struct MPPAssignment {
     double actualWork = 0;
     double remainingWork = 0;
     double assignmentUnits = 10000.0;
-    double unitOfMaterial = 1.0; ///< what the row tells of one unit of material; readers take 10000 for one
+    double unitOfMaterial = 1.0; ///< the row's value for one unit of material; readers expect 10000
     double cost = 0;
     double actualCost = 0;
     double remainingCost = 0;
@@ -73,15 +73,15 @@ struct MPPAssignment {
     std::vector<std::shared_ptr<MPPAssignmentBaseline>> baselines;
     std::shared_ptr<MPPAssignmentBaseline> baseline0;
     std::vector<MPPAssignmentPhase> assignmentPhases;
-    std::unique_ptr<MPPWorkOverTime> workOverTime; ///< stands for `assignmentPhases`; null in an exact export
+    std::unique_ptr<MPPWorkOverTime> workOverTime; ///< replaces `assignmentPhases`; null in an exact export
 
-    std::uint32_t row48 = 1; ///< meaning unknown: real files hold 0 for work without a resource
+    std::uint32_t row48 = 1; ///< meaning unknown: 0 in real files for work without a resource
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     void setGUID(const Guid& guid) noexcept { _GUID = guid; }
     [[nodiscard]] std::uint16_t getDelay() const { return 0; }
     [[nodiscard]] std::string description() const;
-    /// The same for a line that is logged for each assignment: without a text of its own.
+    /// Appends the description without creating a string: a line is logged for each assignment.
     void appendDescriptionTo(std::string& text) const;
 
 private:

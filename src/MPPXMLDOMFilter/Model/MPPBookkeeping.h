@@ -6,22 +6,22 @@
 
 namespace brackwater {
 
-/// Kinds of rows, by the number that the project's properties give them.
+/// Kinds of rows, numbered as in the project's properties.
 enum class MPPRowKind { Task = 1, Resource = 2, Calendar = 3, Assignment = 4, Link = 5 };
 
-/// The numbers that a file keeps about its own rows. The writers note what they write; the project's properties, which
-/// are then written last, tell it.
+/// The file's counts of its own rows. The writers record what they write; the project's properties, written last,
+/// contain it.
 class MPPBookkeeping {
 public:
     struct Rows {
-        std::uint32_t count = 0;        ///< header rows included
+        std::uint32_t count = 0;        ///< including header rows
         std::uint32_t var2DataSize = 0; ///< bytes; 0 for links, which have none
     };
 
     [[nodiscard]] Rows& of(MPPRowKind kind) { return _rows[static_cast<std::size_t>(kind) - 1]; }
     [[nodiscard]] const Rows& of(MPPRowKind kind) const { return _rows[static_cast<std::size_t>(kind) - 1]; }
 
-    /// Bytes of a task's row in "Fixed2Data", as the template's properties tell it: 54, or 80 in older files.
+    /// Bytes of a task's row in "Fixed2Data", from the template's properties: 54, or 80 in older files.
     std::uint32_t taskSecondRowSize = 54;
 
 private:

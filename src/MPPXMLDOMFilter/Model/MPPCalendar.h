@@ -14,7 +14,7 @@
 
 namespace brackwater {
 
-/// A time of day in minutes precision. Both setters guard their value.
+/// A time of day in minutes. Both setters limit their values.
 class MPPCalendarTime {
 public:
     [[nodiscard]] std::uint8_t hours() const noexcept { return _hours; }
@@ -37,20 +37,20 @@ struct MPPCalendarTimeRange {
     [[nodiscard]] std::string description() const;
 };
 
-/// The ranges of a day or an exception, in order. Shared entries: an element may still fill a range that the list
-/// holds.
+/// The ranges of a day or an exception, in order. The entries are shared: an element may still fill a range in the
+/// list.
 using MPPRangeList = std::vector<std::shared_ptr<MPPCalendarTimeRange>>;
 
 /// "08:00-12:00 13:00-17:00 "; "<null>" for an absent list.
 [[nodiscard]] std::string descriptionOfRanges(const MPPRangeList* ranges);
 
-/// A span of days that differs from the week. No ranges means that the days are non-working.
+/// A span of days that differs from the week. Without ranges the days are non-working.
 struct MPPCalendarException {
     std::optional<Date> startDate;
     std::optional<Date> endDate;
     MPPRangeList workRanges;
     std::optional<std::string> name;
-    std::uint16_t numberOfDays = 2; ///< as the file tells it beside the two dates
+    std::uint16_t numberOfDays = 2; ///< written to the file beside the two dates
     std::uint32_t number = 1;       ///< among the exceptions of the file
 
     [[nodiscard]] std::string description() const;
@@ -98,10 +98,10 @@ struct MPPCalendar {
     CalendarReference baseCalendar; ///< unset for a base calendar
     std::optional<std::string> name;
     bool isBaseCalendar = false;
-    std::shared_ptr<MPPCalendarWorkWeek> defaultWorkWeek; ///< null: the calendar says nothing of its week
+    std::shared_ptr<MPPCalendarWorkWeek> defaultWorkWeek; ///< null: the calendar does not define a week
     std::vector<std::shared_ptr<MPPCalendarWorkWeek>> workWeeks;
     std::vector<std::shared_ptr<MPPCalendarException>> exceptions;
-    std::shared_ptr<const MPPCalendarSource> source; ///< null in an exact export, and where the source tells no event
+    std::shared_ptr<const MPPCalendarSource> source; ///< null in an exact export, and if the source has no events
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
     void setGUID(const Guid& guid) noexcept { _GUID = guid; }

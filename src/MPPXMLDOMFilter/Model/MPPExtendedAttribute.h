@@ -5,8 +5,8 @@
 
 namespace brackwater {
 
-/// A custom field as the document's elements tell it, before post-processing turns it into names and values: the
-/// definition of a field (with an alias) or a value of one.
+/// A custom field as in the document, before post-processing turns it into names and values: the definition of a field
+/// (with an alias) or a value of one.
 struct MPPExtendedAttribute {
     std::optional<std::string> fieldID;
     std::optional<std::string> fieldName;

@@ -20,7 +20,7 @@ struct MPPResourceBaseline {
     double cost = 0; ///< whole units
 };
 
-/// What the assignments of a resource add up to. Work is in hours, money in hundredths.
+/// Totals of a resource's assignments. Work is in hours, money in hundredths.
 struct MPPResourceTotals {
     double work = 0;
     double actualWork = 0;
@@ -30,8 +30,8 @@ struct MPPResourceTotals {
     double remainingCost = 0;
 };
 
-/// A resource: work, material or cost. Accessors named `get...` and `has...` are what the streams are written in terms
-/// of; those without a field behind them give a value that the system does not model its one defined place.
+/// A resource: work, material or cost. The stream writers use the accessors named `get...` and `has...`; those without
+/// a field define constants for values that the system does not model.
 struct MPPResource {
     /// A work resource with a random GUID.
     MPPResource() : MPPResource(Guid::random()) {}
@@ -44,23 +44,23 @@ struct MPPResource {
     std::optional<std::string> code;
     std::optional<std::string> emailAddress;
     std::optional<std::string> notes;
-    bool notesAreRtf = false;                  ///< as a task's
-    std::vector<std::string> customFieldsText; ///< by position, as a task's customFieldValues
+    bool notesAreRtf = false;                  ///< as in a task
+    std::vector<std::string> customFieldsText; ///< by position, like a task's customFieldValues
     std::optional<Date> availableFromDate;
     std::optional<Date> availableToDate;
     double maxUnits = 100.0; ///< percent
     double costPerUse = 0.0;
-    double standartRate = 0.0;  ///< hourly, or of one unit of material
-    std::uint16_t rateUnit = 2; ///< 2 an hour, 8 a unit of material
+    double standartRate = 0.0;  ///< hourly, or per unit of material
+    std::uint16_t rateUnit = 2; ///< 2 per hour, 8 per unit of material
     MPPResourceTotals totals;
     CalendarReference calendar;
-    std::optional<std::uint64_t> calendarID; ///< as the resource's row shows it; nothing: three more than `ID`
+    std::optional<std::uint64_t> calendarID; ///< shown in the resource's row; nothing: `ID` plus three
     std::vector<std::shared_ptr<MPPResourceBaseline>> baselines; ///< baselines 1 to 10 after preprocessing
     std::shared_ptr<MPPResourceBaseline> baseline0;              ///< the first baseline
 
     std::unique_ptr<MPPResourceSource> source; ///< null in an exact export
 
-    /// Custom fields as the mapping found them; post-processing turns them into `customFieldsText`.
+    /// Custom fields from the mapping; post-processing turns them into `customFieldsText`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }
@@ -77,7 +77,7 @@ struct MPPResource {
     [[nodiscard]] std::optional<Date> getAvailableTo() const { return availableToDate; }
     [[nodiscard]] std::uint32_t getResourceType() const { return static_cast<std::uint32_t>(_type); }
     [[nodiscard]] std::uint16_t getStandartRateFormatType() const { return rateUnit; }
-    [[nodiscard]] std::uint16_t getOvertimeRateFormatType() const { return 2; } ///< an hour
+    [[nodiscard]] std::uint16_t getOvertimeRateFormatType() const { return 2; } ///< hourly
     [[nodiscard]] std::uint16_t getAccrueAtType() const { return 3; }           ///< prorated
     [[nodiscard]] double getStandartRate() const { return standartRate; }
     [[nodiscard]] double getMaxUnits() const { return maxUnits * 100.0; }
@@ -106,7 +106,7 @@ struct MPPResource {
     [[nodiscard]] bool hasWindowsAccount() const { return false; }
     [[nodiscard]] bool hasMaterialLabel() const { return false; }
     [[nodiscard]] bool hasBookingType() const { return false; }
-    /// True when the text field at a position, counted from 1, has a non-empty string.
+    /// True if the text field at a position, counted from 1, has a non-empty string.
     [[nodiscard]] bool hasCustomFieldText(std::size_t position) const;
 
     [[nodiscard]] std::string description() const;

@@ -7,12 +7,12 @@
 #include <utility>
 #include <vector>
 
-// What the source document says of a record, as exactly as the document says it. The mapping keeps these values beside
-// a record's own fields where corrected values are asked for; an exact export never has them.
+// Exact values of a record from the source document. The mapping keeps them beside the record's own fields for
+// corrected exports; an exact export never has them.
 
 namespace brackwater {
 
-/// Keys of custom fields with their values, in the order of the document.
+/// Keys of custom fields with their values, in document order.
 using MPPSourceFields = std::vector<std::pair<std::string, std::string>>;
 
 /// One piece of a split task.
@@ -29,7 +29,7 @@ struct MPPSourceBaselineAssignment {
     double units = 1;       ///< 1 is 100 % of a work resource, or one unit of material
 };
 
-/// The task's counterpart in the baseline document. Amounts that it does not tell are 0.
+/// The task's counterpart in the baseline document. Missing amounts are 0.
 struct MPPSourceTaskBaseline {
     double duration = 0;   ///< seconds
     double effort = 0;     ///< seconds
@@ -44,9 +44,9 @@ struct MPPTaskSource {
     double completion = 0; ///< progress as a fraction from 0 to 1, from the effort or the percentage
     bool isGroup = false;
     bool isEffortDriven = false;
-    std::optional<Date> deadline; ///< a bound on the end that the task's one constraint does not tell
+    std::optional<Date> deadline; ///< a bound on the end besides the task's one constraint
     MPPSourceFields fields;
-    std::vector<MPPSourceSegment> segments; ///< empty for a task that is not split
+    std::vector<MPPSourceSegment> segments; ///< empty if the task is not split
     std::optional<MPPSourceTaskBaseline> baseline;
 };
 
@@ -56,7 +56,7 @@ struct MPPResourceSource {
     std::string id; ///< "r3"
     MPPResourceKind kind = MPPResourceKind::Staff;
     double baselineCostPerHour = 0; ///< of the resource in the baseline document, whole currency units
-    double baselineCostPerUse = 0;  ///< likewise
+    double baselineCostPerUse = 0;  ///< whole currency units
     MPPSourceFields fields;
 };
 

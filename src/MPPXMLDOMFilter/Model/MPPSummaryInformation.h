@@ -5,13 +5,13 @@
 
 namespace brackwater {
 
-/// How the texts of the summary streams are held.
+/// How the summary streams store texts.
 enum class MPPSummaryTexts {
-    Ascii,    ///< code page 1251 is named, but only ASCII texts are held; others are empty
-    Standard, ///< code page 1252; UTF-16 for a text with other characters
+    Ascii,    ///< names code page 1251 but stores only ASCII texts; others become empty
+    Standard, ///< code page 1252; UTF-16 for texts with other characters
 };
 
-/// What the two summary streams tell of the document.
+/// The contents of the two summary streams.
 struct MPPSummaryInformation {
     MPPSummaryTexts texts = MPPSummaryTexts::Ascii;
     std::optional<std::string> title;

@@ -15,28 +15,28 @@
 
 namespace brackwater {
 
-/// What a baseline holds of a task. A task without one reads as zeros and null dates.
+/// A task's values in a baseline. A task without one has zeros and null dates.
 struct MPPTaskBaseline {
     double duration = 0;  ///< seconds
     double cost = 0;      ///< hundredths
-    double fixedCost = 0; ///< hundredths; the part of the cost that is not of the assignments
+    double fixedCost = 0; ///< hundredths; the cost without that of the assignments
     double work = 0;      ///< hours
     std::optional<Date> start;
     std::optional<Date> finish;
 };
 
-/// A moment at which the task's percentage was reached, or from which on it grows again.
+/// A moment at which the task reached its percentage, or from which it grows again.
 struct MPPProgressPoint {
     bool isBegin = false;
     double percent = 0;
-    std::optional<Date> moment; ///< nothing: the end of all time
+    std::optional<Date> moment; ///< nothing: the end of time
 };
 
 /// A task. Work is in hours, durations in seconds, percentages are whole numbers.
 ///
-/// The accessors named `get...` give every value that the system does not model one defined place; the streams are
-/// written in terms of them. Some answer null or 0 although a field of the same name exists: a stream that wants the
-/// field reads the field.
+/// The stream writers use the accessors named `get...`, which also define constants for values that the system does not
+/// model. Some return null or 0 although a field of the same name exists: a stream that needs the field reads the
+/// field.
 struct MPPTask {
     MPPTask() : _GUID(Guid::random()) {}
     virtual ~MPPTask() = default;
@@ -62,11 +62,11 @@ struct MPPTask {
     bool estimated = true;
     bool ignoreResourceCalendar = false;
     bool effortDriven = true;
-    bool isSummary = false; ///< told as a summary, not only seen from the parents of other tasks
+    bool isSummary = false; ///< written as a summary, not only recognized by its children
     bool milestone = false;
     bool levelingCanSplit = true;
-    bool notesAreRtf = false; ///< `notes` is RTF; else a text that goes unescaped into a fixed frame
-    bool isSplit = false;     ///< worked in pieces with pauses between
+    bool notesAreRtf = false; ///< `notes` is RTF; otherwise a text that goes unescaped into a fixed frame
+    bool isSplit = false;     ///< worked on in pieces with gaps between them
     double work = 0;
     double remainingWork = 0;
     double actualWork = 0;
@@ -84,12 +84,12 @@ struct MPPTask {
     double actualCost = 0;
     double remainingCost = 0;
     std::shared_ptr<MPPTaskBaseline> baseline0;   ///< the first baseline, apart from `baselines`
-    std::vector<MPPProgressPoint> progressPoints; ///< how the percentage grew; empty where it is not told
-    double sheetPosition = 2.0;                   ///< of the row in the sheet; the project's row is at 1.0
+    std::vector<MPPProgressPoint> progressPoints; ///< growth of the percentage; empty if not written
+    double sheetPosition = 2.0;                   ///< position in the sheet; the project's row is at 1.0
 
     std::unique_ptr<MPPTaskSource> source; ///< null in an exact export
 
-    /// Custom fields as the mapping found them; post-processing turns them into `customFieldValues`.
+    /// Custom fields from the mapping; post-processing turns them into `customFieldValues`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
 
     [[nodiscard]] const Guid& GUID() const noexcept { return _GUID; }

@@ -10,9 +10,9 @@
 
 namespace brackwater {
 
-/// A field that will name another record. While a document is mapped the other record may not exist yet, and the field
-/// holds a proxy, the text of its UID; post-processing puts the record in its place. `Pointer` is the kind of pointer
-/// that the field keeps: shared where the record owns its reference, plain where the project's lists own it.
+/// A reference to another record. During mapping the other record may not exist yet, and the field holds a proxy, the
+/// text of its UID; post-processing replaces it with the record. `Pointer` is the kind of pointer in the field: shared
+/// if the record owns its reference, plain if the project's lists own it.
 template <typename Record, typename Pointer>
 class RecordReference {
 public:
@@ -23,7 +23,7 @@ public:
     /// The UID text; only for a proxy.
     [[nodiscard]] const std::string& proxyText() const { return std::get<std::string>(_value); }
 
-    /// The record, or null when the field is unset. A proxy that was never resolved is a fault of the mapping.
+    /// The record, or null if the field is unset. An unresolved proxy is an error of the mapping.
     [[nodiscard]] Record* record() const {
         if (isUnset())
             return nullptr;
@@ -31,7 +31,7 @@ public:
             failAssertion("Unresolved reference to the record with UID '" + proxyText() + "'.");
         return &*std::get<Pointer>(_value);
     }
-    /// The pointer itself; null when unset or a proxy.
+    /// The pointer itself; null if unset or a proxy.
     [[nodiscard]] Pointer pointer() const {
         const Pointer* pointer = std::get_if<Pointer>(&_value);
         return pointer ? *pointer : Pointer{};

@@ -29,7 +29,7 @@ std::string reasonOfRefusal(const FileURL& templateUrl, int formatVersion) {
         formatVersion < kFormat2007 ? "2003 or earlier" : "2010 or later", formatVersion, kFormat2007);
 }
 
-/// Opens the output, walks the template into it and closes it. A failed walk leaves the output as far as it got.
+/// Opens the output, walks the template into it and closes it. A failed walk leaves the partial output.
 bool writeEntries(MPPProject* project, const MPPFormatReader& templateRoot, NumberedPath& output,
                   MPPWriteFailure& failure, ExportProgress* progress) {
     MPPFormatWriter root(output);
@@ -44,7 +44,7 @@ bool writeEntries(MPPProject* project, const MPPFormatReader& templateRoot, Numb
     return written && closed;
 }
 
-/// The write between its two log lines.
+/// Writes between the two log lines.
 bool writeTemplate(MPPProject* project, const FileURL& templateUrl, NumberedPath& output, MPPWriteFailure& failure,
                    ExportProgress* progress) {
     logLine("writeProject started\n");

@@ -40,7 +40,7 @@ constexpr std::string_view kAnyParent;
 constexpr std::string_view kFolder2007 = "   112";
 constexpr std::string_view kFolder2010 = "   114";
 
-/// The first rule that fits names the writer.
+/// The first matching rule selects the writer.
 constexpr std::array<EntryRule, 16> kEntryTable = {{
     {"TBkndTask", kAnyParent, make<MPP12TaskWriter>},
     {"TBkndAssn", kAnyParent, make<MPP12AssignmentWriter>},
@@ -75,7 +75,7 @@ std::unique_ptr<MPPWriter> newWriterForEntry(std::string_view name, std::string_
 
 namespace {
 
-/// What the project's properties in a storage of the template say of the rows that are written into it.
+/// Row sizes from the project's properties in a template storage, for the rows written to it.
 void takeRowSizes(const MPPFormatReader& storage, MPPBookkeeping& bookkeeping) {
     constexpr std::uint32_t kTaskSecondRowSize = 0x00040001;
     const auto stream = storage.createReaderForChildWithName("Props");
@@ -105,7 +105,7 @@ bool TemplateWalk::writeEntries(const MPPFormatReader& templateRoot, MPPFormatWr
     return true;
 }
 
-// A storage of the root never asks the entry table; its children do.
+// The entry table applies to the children of a root storage, not to the storage itself.
 bool TemplateWalk::writeStorage(const MPPFormatReader& reader, MPPFormatWriter& parent) {
     const std::string name = reader.getName();
     const auto storage = parent.createChildWithName(name, true);
@@ -155,7 +155,7 @@ bool TemplateWalk::writeEntry(const std::string& path, MPPFormatWriter& parent, 
     return true;
 }
 
-// What a storage of the template holds counts from the moment it is begun: its entries are not known before.
+// Counts the entries of a template storage when it begins: their number is not known before.
 void TemplateWalk::countEntries(const MPPFormatReader& storage) {
     _entries += static_cast<std::size_t>(std::max(storage.numberOfChildren(), 0));
 }

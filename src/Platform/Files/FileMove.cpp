@@ -9,7 +9,7 @@ namespace brackwater {
 
 namespace {
 
-constexpr int kReadableAndWritable = 0666; // what the user's mask leaves of it
+constexpr int kReadableAndWritable = 0666; // reduced by the user's umask
 
 FileMove resultOf(int answer) {
     if (answer == 0)
@@ -19,8 +19,8 @@ FileMove resultOf(int answer) {
 
 bool fileSystemLacksIt() { return errno == EINVAL || errno == ENOSYS || errno == EPERM || errno == EOPNOTSUPP; }
 
-// For file systems that know neither a move that spares the destination nor a second name: an empty file of our own
-// takes the name first, and is replaced.
+// For file systems that support neither an exclusive rename nor hard links: creates an empty file under the name first,
+// then replaces it.
 FileMove moveOntoReservation(const char* from, const char* to) {
     const int reservation = open(to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadableAndWritable);
     if (reservation < 0)

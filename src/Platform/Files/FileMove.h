@@ -6,12 +6,11 @@ namespace brackwater {
 
 enum class FileMove {
     Done,
-    Taken,  ///< something stands at the destination
-    Failed, ///< errno tells why
+    Taken,  ///< the destination exists
+    Failed, ///< with the reason in errno
 };
 
-/// Moves a file within its file system. What stands at the destination, a link that leads nowhere included, is never
-/// replaced.
+/// Moves a file within its file system. Never replaces an existing destination, not even a dangling link.
 [[nodiscard]] FileMove moveWithoutReplacing(const std::string& fromPath, const std::string& toPath);
 
 } // namespace brackwater

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kFileScheme = "file://";
 
-// Bytes of a path that stand for themselves in a URL.
+// Path bytes that need no escape in a URL.
 bool standsForItself(char byte) {
     constexpr std::string_view marks = "-._~!$&'()*+,=:@/";
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
@@ -94,7 +94,7 @@ FileURL FileURL::urlWithString(std::string_view text) {
     url._absoluteString = text;
     if (lowercaseString(text.substr(0, kFileScheme.size())) == kFileScheme) {
         const std::string_view behindScheme = text.substr(kFileScheme.size());
-        const std::size_t slash = behindScheme.find('/'); // behind the host, which is empty or this machine
+        const std::size_t slash = behindScheme.find('/'); // after the host, which is empty or this machine
         url._isFile = true;
         if (slash != std::string_view::npos)
             url._path = withoutTrailingSlashes(percentDecoded(behindScheme.substr(slash)));

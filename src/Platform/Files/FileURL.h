@@ -5,14 +5,14 @@
 
 namespace brackwater {
 
-/// A URL. Exports work on file URLs, made from a path; any other text makes a URL that `isFileURL` tells apart, which
-/// the driver's checks refuse.
+/// A URL. Exports work on file URLs, made from a path; any other text makes a URL for which `isFileURL` is false, and
+/// which the runner's checks reject.
 class FileURL {
 public:
-    /// A file URL of a path; a relative path counts from the present working folder. With `isDirectory` its text ends
-    /// in a slash.
+    /// A file URL of a path; a relative path is relative to the current working folder. With `isDirectory` its text
+    /// ends in a slash.
     [[nodiscard]] static FileURL fileURLWithPath(std::string_view path, bool isDirectory);
-    /// A URL of any scheme, as it stands.
+    /// A URL of any scheme, unchanged.
     [[nodiscard]] static FileURL urlWithString(std::string_view text);
 
     [[nodiscard]] bool isFileURL() const noexcept { return _isFile; }

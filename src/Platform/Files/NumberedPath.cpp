@@ -12,7 +12,7 @@ namespace brackwater {
 
 namespace {
 
-/// By path: the number that the last search ended at.
+/// By path: the last number tried.
 std::unordered_map<std::string, std::int64_t>& lastNumbers() {
     static std::unordered_map<std::string, std::int64_t> numbers;
     return numbers;

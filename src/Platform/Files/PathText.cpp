@@ -21,14 +21,14 @@ std::string_view withoutTrailingSlashes(std::string_view path) {
     return path;
 }
 
-// Where the last component begins; the path has no trailing slash.
+// Start of the last component; the path has no trailing slash.
 std::size_t startOfLastComponent(std::string_view path) {
     const std::size_t slash = path.rfind('/');
     return slash == std::string_view::npos || path.size() == 1 ? 0 : slash + 1;
 }
 
-// The point of the path's extension. A point at the start of the component hides a file and makes no extension, one at
-// its end has nothing behind it.
+// The point of the path's extension. A point at the start of the component marks a hidden file, and a point at its end
+// has nothing after it: neither makes an extension.
 std::size_t pointOfExtension(std::string_view path) {
     const std::size_t point = path.rfind('.');
     if (point == std::string_view::npos || point <= startOfLastComponent(path) || point + 1 == path.size())
@@ -47,7 +47,7 @@ std::string withoutRepeatedSlashes(std::string_view path) {
 
 std::string folderOf(const passwd* user) { return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : ""; }
 
-// Empty for a user that the machine does not know.
+// Empty if the machine does not know the user.
 std::string homeFolderOf(const std::string& user) {
     if (!user.empty())
         return folderOf(getpwnam(user.c_str()));
@@ -117,7 +117,7 @@ std::string stringByAppendingPathComponent(std::string_view path, std::string_vi
 std::string stringByAppendingPathExtension(std::string_view path, std::string_view extension) {
     path = withoutTrailingSlashes(path);
     std::string text(path);
-    if (path.empty() || path == "/") // no component that could carry an extension
+    if (path.empty() || path == "/") // no component that could have an extension
         return text;
     text += '.';
     return text.append(extension);
@@ -152,7 +152,7 @@ std::string lowercaseString(std::string_view text) {
 }
 
 PathKind kindOfPath(const std::string& path) {
-    // The system would look at what stands in front of a zero byte.
+    // The system would use only the part before a zero byte.
     if (path.find('\0') != std::string::npos)
         return PathKind::Missing;
     struct stat status {};

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kGroup = "Preferences";
 constexpr std::size_t kLongestFile = std::size_t{1} << 20;
 
-// Looked up at each call, so that a changed environment counts.
+// Looked up on each call, so that changes of the environment count.
 std::string configurationFolder() {
     const char* folder = std::getenv("XDG_CONFIG_HOME");
     if (folder != nullptr && *folder == '/')

@@ -18,8 +18,8 @@ struct SymbolAndCode {
     std::string_view code;
 };
 
-// Which of its currencies a symbol of several stands for; any other such symbol has no code. The last two stand for one
-// currency in all locales: the table says the same, but to build it takes as long as all the rest of a small export.
+// The preferred currency of ambiguous symbols; other ambiguous symbols have no code. The last two symbols are
+// unambiguous: the table has them too, but building it takes as long as the rest of a small export.
 constexpr std::array<SymbolAndCode, 6> kSettled = {{
     {"P", "BWP"},
     {"$", "USD"},
@@ -29,7 +29,7 @@ constexpr std::array<SymbolAndCode, 6> kSettled = {{
     {"\u00A3", "GBP"},
 }};
 
-// Pounds of small territories, left out so that the sign alone means the British one.
+// Pounds of small territories, left out so that the sign alone means the British pound.
 constexpr std::string_view kPoundSign = "\u00A3";
 constexpr std::array<std::string_view, 4> kSmallPounds = {"FKP", "GIP", "SHP", "SSP"};
 
@@ -83,7 +83,7 @@ CodeOfSymbol makeTable() {
 } // namespace
 
 std::optional<std::string> currencyCodeForSymbol(std::string_view symbol) {
-    // The commonest signs need no look at the locales' currencies, of which there are hundreds.
+    // The most common symbols need no search through hundreds of locale currencies.
     if (const auto* settled = settledCode(symbol))
         return std::string(settled->code);
     static const CodeOfSymbol table = makeTable();

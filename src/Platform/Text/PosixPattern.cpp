@@ -9,7 +9,7 @@
 namespace brackwater {
 namespace {
 
-/// Runs in the C locale while it lives, so that a pattern sees bytes whatever the process's locale is.
+/// Switches to the C locale during its lifetime, so that patterns match bytes whatever the process's locale.
 class CLocale {
 public:
     CLocale() : _before(uselocale(theCLocale())) {}

@@ -8,16 +8,16 @@
 
 namespace brackwater {
 
-/// A POSIX extended regular expression in the C locale: a "." takes one byte. Matching is leftmost-longest.
+/// A POSIX extended regular expression in the C locale: a "." matches one byte. Matching is leftmost-longest.
 class PosixPattern {
 public:
-    /// Raises the failed check "Failed to compile reqular expression '...': ..." where the pattern does not compile.
+    /// Raises the failed check "Failed to compile reqular expression '...': ..." if the pattern does not compile.
     explicit PosixPattern(const char* pattern);
     ~PosixPattern();
     PosixPattern(const PosixPattern&) = delete;
     PosixPattern& operator=(const PosixPattern&) = delete;
 
-    /// A place in the text. Sub-matches that took no part are absent.
+    /// A range of the text. Sub-matches that did not participate are absent.
     struct Range {
         std::size_t begin;
         std::size_t end;
@@ -33,7 +33,7 @@ private:
     std::unique_ptr<Compiled> _compiled;
 };
 
-/// The text of a sub-match; empty where it took no part.
+/// The text of a sub-match; empty if it did not participate.
 [[nodiscard]] std::string_view textOf(const std::optional<PosixPattern::Range>& range, std::string_view text);
 
 } // namespace brackwater

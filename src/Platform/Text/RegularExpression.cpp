@@ -13,7 +13,7 @@ void expectSuccess(UErrorCode status, const char* what) {
         failAssertion(fmt::format("Failed to {} a regular expression: {}", what, u_errorName(status)));
 }
 
-/// ICU's view of a UTF-8 text: no copy, and places in it are counted in bytes.
+/// ICU's view of a UTF-8 text: no copy, and positions are counted in bytes.
 class TextView {
 public:
     explicit TextView(std::string_view text) {

@@ -10,7 +10,7 @@ namespace brackwater {
 /// A regular expression of the desktop platform (Perl-like, Unicode), whose anchors match at line ends.
 class RegularExpression {
 public:
-    /// Raises a failed check where the pattern does not compile.
+    /// Raises a failed check if the pattern does not compile.
     explicit RegularExpression(std::string_view pattern);
     ~RegularExpression();
     RegularExpression(const RegularExpression&) = delete;
@@ -23,7 +23,7 @@ public:
 
         friend bool operator==(const Range&, const Range&) = default;
     };
-    /// All matches from left to right, none overlapping. In a text that is not UTF-8, a bad byte matches like U+FFFD.
+    /// All matches from left to right, without overlaps. An invalid UTF-8 byte matches like U+FFFD.
     [[nodiscard]] std::vector<Range> matchesInString(std::string_view text) const;
 
 private:

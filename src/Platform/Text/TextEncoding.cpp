@@ -18,7 +18,7 @@ std::uint8_t* putUnit(std::uint8_t* place, std::uint32_t unit) noexcept {
     return place;
 }
 
-/// Characters of the bytes 0x80 to 0x9F, the only ones that differ from Latin-1; 0 where the page has none.
+/// Characters of the bytes 0x80 to 0x9F, the only ones that differ from Latin-1; 0 for undefined bytes.
 constexpr std::array<std::uint16_t, 32> kCodePage1252 = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -62,7 +62,7 @@ bool appendAsCodePage1252(std::vector<std::uint8_t>& bytes, std::string_view tex
 
 bool appendAsUTF16LE(std::vector<std::uint8_t>& bytes, std::string_view text) {
     const std::size_t before = bytes.size();
-    // No character takes more than two bytes of UTF-16 for each byte of its UTF-8.
+    // Each byte of UTF-8 needs at most two bytes of UTF-16.
     bytes.resize(before + 2 * text.size());
     std::uint8_t* place = bytes.data() + before;
 

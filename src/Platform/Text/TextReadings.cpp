@@ -12,7 +12,7 @@ namespace {
 constexpr bool isBlank(char byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
 constexpr bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-// A text whose blanks and sign in front are taken off.
+// A text without leading blanks and sign.
 struct Signed {
     const char* first;
     const char* last;
@@ -33,7 +33,7 @@ template <typename Integer>
 std::optional<Scanned<Integer>> scanWhole(std::string_view text) {
     using Limits = std::numeric_limits<Integer>;
     const Signed start = withoutBlanksAndSign(text);
-    // Counted downwards, since the lowest value has no positive counterpart.
+    // Counts downwards, since the lowest value has no positive counterpart.
     Integer value = 0;
     bool beyond = false;
     const char* at = start.first;
@@ -59,9 +59,9 @@ bool beginsWithNumber(const char* first, const char* last) {
     return isDigit(*first) || (*first == '.' && first + 1 != last && isDigit(first[1]));
 }
 
-// Whether a decimal number outside the range of a double lies above it; otherwise it is too close to zero.
+// Whether a decimal number outside the range of a double is above it; otherwise it is too close to zero.
 bool isTooLarge(const char* first, const char* last) {
-    double order = 0.0; // power of ten of the first digit that counts, plus one
+    double order = 0.0; // power of ten of the first significant digit, plus one
     bool behindPoint = false;
     bool counting = false;
     const char* at = first;
@@ -90,7 +90,7 @@ std::optional<Scanned<std::int32_t>> scanInt(std::string_view text) noexcept { r
 
 std::optional<Scanned<double>> scanDouble(std::string_view text) noexcept {
     const Signed start = withoutBlanksAndSign(text);
-    if (!beginsWithNumber(start.first, start.last)) // "inf", "nan" and a second sign are no numbers here
+    if (!beginsWithNumber(start.first, start.last)) // "inf", "nan" and a second sign are not numbers here
         return std::nullopt;
     double value = 0.0;
     const auto [end, fault] = std::from_chars(start.first, start.last, value);

@@ -9,7 +9,7 @@ namespace brackwater {
 
 namespace {
 
-// Joiners are part of the writing of several languages, and a soft hyphen misleads nobody.
+// Several languages need joiners, and soft hyphens are harmless.
 constexpr gunichar kZeroWidthNonJoiner = 0x200C;
 constexpr gunichar kZeroWidthJoiner = 0x200D;
 constexpr gunichar kSoftHyphen = 0x00AD;
@@ -35,8 +35,7 @@ std::string visibleText(std::string_view text) {
     visible.reserve(text.size());
     while (!text.empty()) {
         const gunichar character = g_utf8_get_char_validated(text.data(), static_cast<gssize>(text.size()));
-        // What is no character, whole or cut short, comes as one of the two greatest numbers; a zero byte as the
-        // second.
+        // Invalid and truncated characters give one of the two greatest numbers, a zero byte the second.
         const bool isCharacter = character <= kLastCharacter;
         const std::size_t size = isCharacter ? static_cast<std::size_t>(g_unichar_to_utf8(character, nullptr)) : 1;
         if (!isCharacter)

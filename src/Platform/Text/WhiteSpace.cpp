@@ -7,7 +7,7 @@ namespace brackwater {
 namespace {
 
 constexpr std::array<std::string_view, 25> kWhiteSpaceAndNewlines = {
-    // Tab, the ends of lines, and blanks of every width.
+    // Tab, line ends, and blanks of every width.
     "\t",           "\n",           "\v",
     "\f",           "\r",           "\xC2\x85",
     "\xE2\x80\xA8", "\xE2\x80\xA9", " ",
@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 25> kWhiteSpaceAndNewlines = {
     "\xE2\x80\x8A", "\xE2\x80\xAF", "\xE2\x81\x9F",
     "\xE3\x80\x80"};
 
-/// The length of the white-space character for which `isThere` holds; 0 where there is none.
+/// The length of the white-space character that satisfies `isThere`; 0 if there is none.
 template <typename Predicate>
 std::size_t lengthOfWhiteSpace(Predicate isThere) {
     const auto found = std::find_if(kWhiteSpaceAndNewlines.begin(), kWhiteSpaceAndNewlines.end(), isThere);

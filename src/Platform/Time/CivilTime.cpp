@@ -5,8 +5,8 @@
 namespace brackwater {
 namespace {
 
-// Days are counted from 1970-01-01. The year begins in March here, so that the leap day is its last day and the day of
-// the year follows from the month by one formula.
+// Days are counted from 1970-01-01. The year begins in March here, so that the leap day is its last day and one formula
+// gives the day of the year from the month.
 constexpr std::int64_t kFirstGregorianDay = -141427; // 1582-10-15
 constexpr std::int64_t kFirstGregorianYear = 1582;
 constexpr std::int64_t kGregorianEpoch = -719468; // 0000-03-01, Gregorian
@@ -14,8 +14,8 @@ constexpr std::int64_t kJulianEpoch = -719470;    // 0000-03-01, Julian
 constexpr std::int64_t kDaysPer400Years = 146097;
 constexpr std::int64_t kDaysPer4JulianYears = 1461;
 
-// Larger fields reach beyond kLastWallSecond by themselves (a year, month, day or hour) or are no sensible minute or
-// second. The bound keeps all sums below within 64 bits.
+// A larger year, month, day or hour would be beyond kLastWallSecond anyway, and a larger minute or second is nonsense.
+// The limit keeps all sums below within 64 bits.
 constexpr std::int64_t kLargestField = 20'000'000'000'000;
 constexpr std::int64_t kLargestYear = 6'000'000;
 
@@ -36,7 +36,7 @@ constexpr std::int64_t daysFromJulian(std::int64_t year, std::int64_t month, std
     return kJulianEpoch + marchYear * 365 + floorDivide(marchYear, 4) + dayOfMarchYear(month, day);
 }
 
-// The days that the change left out (5 to 14 October 1582) are read as Julian ones.
+// The days that the change skipped (5 to 14 October 1582) are treated as Julian.
 constexpr std::int64_t daysFromCivil(std::int64_t year, std::int64_t month, std::int64_t day) {
     const bool gregorian = year >= kFirstGregorianYear;
     const std::int64_t days = gregorian ? daysFromGregorian(year, month, day) : daysFromJulian(year, month, day);

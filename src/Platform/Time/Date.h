@@ -8,7 +8,7 @@ namespace brackwater {
 struct Date {
     double secondsSince1970 = 0.0;
 
-    /// The present moment.
+    /// The current time.
     [[nodiscard]] static Date now();
 
     [[nodiscard]] Date advancedBy(double seconds) const noexcept { return {secondsSince1970 + seconds}; }
@@ -16,7 +16,7 @@ struct Date {
         return secondsSince1970 - earlier.secondsSince1970;
     }
 
-    // The checker takes the order's 0 for a pointer. NOLINTNEXTLINE(modernize-use-nullptr)
+    // The checker mistakes the 0 for a pointer. NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const Date&, const Date&) = default;
 };
 

@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// Broken-down fields of a date, each of which may be unset. A bare year counts within its era: 1 BC is year 1.
+/// Fields of a date, each of which may be unset. A bare year counts within its era: 1 BC is year 1.
 struct DateComponents {
     std::optional<std::int64_t> era; ///< 0 is BC, 1 is AD; unset counts as AD
     std::optional<std::int64_t> year;
@@ -22,14 +22,14 @@ struct DateComponents {
     std::optional<std::int64_t> weekdayOrdinal;
     std::optional<std::int64_t> quarter;
 
-    /// The fields from year to second of a wall time. Era and the other fields stay unset, so that a year before our
-    /// era loses its sign.
+    /// The fields from year to second of a local time. Era and the other fields stay unset, so a year before our era
+    /// loses its sign.
     [[nodiscard]] static DateComponents fromCivilTime(const CivilTime& time);
-    /// What a calendar reads: unset fields count as the first of their kind (year 1, month 1, day 1, 00:00:00); week,
-    /// weekday, weekdayOrdinal and quarter take no part.
+    /// The calendar's interpretation: unset fields get their first value (year 1, month 1, day 1, 00:00:00); week,
+    /// weekday, weekdayOrdinal and quarter are ignored.
     [[nodiscard]] CivilTime civilTime() const;
 
-    /// Debugging texts, one line a field; an unset field shows the greatest 64-bit number.
+    /// Debugging texts, one line per field; an unset field shows the greatest 64-bit number.
     [[nodiscard]] std::string componentsDescription() const;
     [[nodiscard]] std::string description() const;
 

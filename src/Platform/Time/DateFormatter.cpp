@@ -16,7 +16,7 @@ icu::UnicodeString unicode(std::string_view text) {
     return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
 }
 
-/// No date is longer; what is longer is not given to ICU, whose lengths have 32 bits.
+/// No date is longer; ICU's lengths have 32 bits, so it must not get longer texts.
 constexpr std::size_t kLongestText = 10'000;
 
 } // namespace
@@ -60,8 +60,8 @@ std::optional<Date> DateFormatter::dateFromWholeString(std::string_view text) co
             return std::nullopt;
         return Date{milliseconds / kMillisecondsPerSecond};
     };
-    // Fields out of their range are refused, but not a wall time that a change of the clock skips. ICU refuses either
-    // or none, so the fields are looked at in a zone without changes first.
+    // Rejects out-of-range fields, but accepts local times that a clock change skips. ICU rejects both or neither, so
+    // the fields are first checked in a zone without clock changes.
     icu::SimpleDateFormat strict(*_contents->format);
     strict.setLenient(false);
     strict.setTimeZone(*icu::TimeZone::getGMT());

@@ -9,7 +9,7 @@
 
 namespace brackwater {
 
-/// Prints and reads dates by a pattern of Unicode's date fields ("yyyy-MM-dd'T'HH:mm:ssZ"), in the default locale.
+/// Prints and parses dates by a pattern of Unicode's date fields ("yyyy-MM-dd'T'HH:mm:ssZ"), in the default locale.
 class DateFormatter {
 public:
     explicit DateFormatter(std::string_view pattern, const TimeZone& zone = TimeZone::system());
@@ -18,7 +18,7 @@ public:
     DateFormatter& operator=(const DateFormatter&) = delete;
 
     [[nodiscard]] std::string stringFromDate(Date date) const;
-    /// Nothing unless the text reads from its first character to its last.
+    /// Nothing unless the whole text is a date.
     [[nodiscard]] std::optional<Date> dateFromWholeString(std::string_view text) const;
 
 private:

@@ -9,8 +9,8 @@
 
 namespace brackwater {
 
-/// The Gregorian calendar in a zone. A wall time in a spring gap moves forward by the gap; an ambiguous wall time takes
-/// the first reading.
+/// The Gregorian calendar in a zone. A local time in a spring gap moves forward by the gap; an ambiguous one is the
+/// earlier instant.
 class GregorianCalendar {
 public:
     /// In the system zone.
@@ -18,16 +18,16 @@ public:
     explicit GregorianCalendar(TimeZone zone);
 
     [[nodiscard]] const TimeZone& timeZone() const { return _zone; }
-    /// Nothing where the fields lie outside what an instant can hold.
+    /// Nothing if the fields exceed the range of an instant.
     [[nodiscard]] std::optional<Date> dateFromFields(const CivilTime& fields) const;
-    /// Fractions of a second are dropped towards the past.
+    /// Fractions of a second are rounded down.
     [[nodiscard]] CivilTime fieldsOfDate(Date date) const;
     /// 1 is Sunday, 7 is Saturday.
     [[nodiscard]] int weekdayOfDate(Date date) const;
     /// 00:00:00 of the date's day.
     [[nodiscard]] Date startOfDay(Date date) const;
 
-    /// The same two readings in a zone of a fixed offset, in seconds east of Greenwich.
+    /// The same conversion in a zone with a fixed offset, in seconds east of Greenwich.
     [[nodiscard]] static std::optional<Date> dateFromFields(const CivilTime& fields, std::int64_t secondsFromGMT);
     [[nodiscard]] static CivilTime fieldsOfDate(Date date, std::int64_t secondsFromGMT);
 

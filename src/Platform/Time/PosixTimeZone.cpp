@@ -11,7 +11,7 @@ namespace {
 constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kDefaultChangeTime = 2 * 3600;
 
-/// Day and time of a yearly change: "M3.5.0/2" is the last Sunday of March at 2:00.
+/// Day and time of a yearly clock change: "M3.5.0/2" is the last Sunday of March at 2:00.
 struct Change {
     int month = 0;   ///< 1 to 12
     int week = 0;    ///< 1 to 5, 5 being the last
@@ -19,7 +19,7 @@ struct Change {
     int seconds = kDefaultChangeTime;
 };
 
-/// Reads a rule from left to right. An operation that finds something else than it looks for leaves the text alone.
+/// Parses a rule from left to right. An operation that does not match leaves the text unchanged.
 class RuleReader {
 public:
     explicit RuleReader(std::string_view text) : _text(text) {}
@@ -33,7 +33,7 @@ public:
         return true;
     }
 
-    /// A name of three letters or more, or any text in angle brackets.
+    /// A name of at least three letters, or any text in angle brackets.
     bool takeName() {
         if (!_text.empty() && _text.front() == '<') {
             const std::size_t end = _text.find('>');

@@ -25,7 +25,7 @@ SharedRules rulesOfUTC() {
 }
 
 SharedRules rulesOfZone(std::unique_ptr<icu::TimeZone> zone) {
-    // All zones that ICU makes are of this class; its base class knows no transitions.
+    // All zones that ICU creates have this class; its base class has no transitions.
     auto* basic = dynamic_cast<icu::BasicTimeZone*>(zone.get());
     if (!basic)
         return nullptr;
@@ -33,7 +33,7 @@ SharedRules rulesOfZone(std::unique_ptr<icu::TimeZone> zone) {
     return std::make_shared<TimeZone::Rules>(std::unique_ptr<icu::BasicTimeZone>(basic));
 }
 
-/// The rules of a zone in ICU's table, or null. Each zone is read once.
+/// The rules of a zone in ICU's table, or null. Each zone is loaded once.
 SharedRules rulesWithName(const std::string& name) {
     static std::unordered_map<std::string, SharedRules> known;
     const auto found = known.find(name);
@@ -56,7 +56,7 @@ bool isInZoneTable(const std::string& name) {
     return U_SUCCESS(status) && isSystemId;
 }
 
-/// A zone's name in a TZ text: ":Europe/Berlin" and "/usr/share/zoneinfo/Europe/Berlin" are "Europe/Berlin".
+/// The zone name in a TZ text: ":Europe/Berlin" and "/usr/share/zoneinfo/Europe/Berlin" are "Europe/Berlin".
 std::string zoneNameIn(std::string_view tz) {
     if (!tz.empty() && tz.front() == ':')
         tz.remove_prefix(1);
@@ -69,7 +69,7 @@ std::string zoneNameIn(std::string_view tz) {
 
 SharedRules rulesFromTZ(std::string_view tz) {
     const std::string name = zoneNameIn(tz);
-    // A POSIX rule such as "GMT+5" is tried before ICU's own reading of it, which takes the sign the other way round.
+    // A POSIX rule such as "GMT+5" is tried first, since ICU would interpret its sign the other way round.
     if (isInZoneTable(name))
         return rulesWithName(name);
     if (auto zone = zoneFromPosixRule(name))

@@ -9,25 +9,25 @@
 
 namespace brackwater {
 
-/// A time zone: a named one with its rules, or a fixed offset. Copies are cheap; two of the same zone share its rules.
+/// A time zone: a named one with its rules, or a fixed offset. Copies are cheap and share the rules.
 class TimeZone {
 public:
-    /// The system zone: from TZ (a zone's name, the path of its file, or a POSIX rule), or the machine's setting where
-    /// TZ is not set. Follows a changed TZ. A TZ that names no zone is UTC, as it is for the C library.
+    /// The system zone: from TZ (a zone name, the path of a zone file, or a POSIX rule), or the machine's setting if TZ
+    /// is not set. Follows changes of TZ. A TZ that names no zone means UTC, as in the C library.
     [[nodiscard]] static TimeZone system();
     [[nodiscard]] static TimeZone forSecondsFromGMT(std::int64_t seconds);
     [[nodiscard]] static std::optional<TimeZone> withName(const std::string& name);
 
     [[nodiscard]] std::string name() const;
-    /// Offset east of Greenwich in seconds, daylight time included: now, and at an instant.
+    /// Offset east of Greenwich in seconds, including daylight saving time: now, and at an instant.
     [[nodiscard]] std::int64_t secondsFromGMT() const;
     [[nodiscard]] std::int64_t secondsFromGMT(Date date) const;
-    /// Offset with which a wall clock is read, in seconds since 1970-01-01T00:00:00 of that clock: the one before the
-    /// change both for a time that a change skips and for one that it repeats.
+    /// Offset for a local time, given in seconds since 1970-01-01T00:00:00 local time: the one before the clock change,
+    /// both for a skipped time and for a repeated one.
     [[nodiscard]] std::int64_t secondsFromGMTAtWallTime(std::int64_t wallSeconds) const;
     [[nodiscard]] bool isDaylightSavingTime() const;
     [[nodiscard]] bool isDaylightSavingTime(Date date) const;
-    /// Seconds that daylight time adds at that instant; 0 outside it.
+    /// Seconds that daylight saving time adds at that instant; 0 outside it.
     [[nodiscard]] double daylightSavingTimeOffset(Date date) const;
 
     class Rules;
@@ -38,8 +38,8 @@ private:
     std::shared_ptr<const Rules> _rules;
 };
 
-/// While one lives, the system zone is the one of its beginning: an export asks for it many times for each date, and
-/// each look at the environment goes through all of it.
+/// Freezes the system zone for its lifetime: an export needs it several times per date, and each lookup searches the
+/// whole environment.
 class SystemTimeZoneHold {
 public:
     SystemTimeZoneHold();

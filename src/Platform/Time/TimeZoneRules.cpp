@@ -14,7 +14,7 @@ namespace brackwater {
 namespace {
 
 constexpr double kMillisecondsPerSecond = 1000.0;
-// The table ends here, 2150-01-01: far behind the dates of plans, near enough to be made in a moment.
+// The table ends at 2150-01-01: long after the dates of plans, but quick to build.
 constexpr double kTableEnd = 5'680'281'600.0 * kMillisecondsPerSecond;
 
 std::int64_t wholeSeconds(double milliseconds) {

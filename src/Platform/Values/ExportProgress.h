@@ -6,7 +6,7 @@ namespace brackwater {
 
 enum class ExportPhase { Loading, Mapping, Writing, Comparing };
 
-/// Is told how far an export is, for people who wait for it.
+/// Receives the progress of an export, for people who wait for it.
 class ExportProgress {
 public:
     ExportProgress() = default;

@@ -10,7 +10,7 @@ namespace brackwater {
 
 namespace {
 
-// Random bytes are fetched from the system for many GUIDs at once: a document makes several for each task.
+// Fetches random bytes for many GUIDs at once: a document needs several per task.
 class RandomPool {
 public:
     Guid::Bytes take() {

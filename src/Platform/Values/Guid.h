@@ -16,10 +16,10 @@ public:
     constexpr Guid() = default;
     explicit constexpr Guid(const Bytes& bytes) : _bytes(bytes) {}
 
-    /// A fresh random UUID (version 4).
+    /// A new random UUID (version 4).
     [[nodiscard]] static Guid random();
 
-    /// The same UUID in the byte order of Windows, whose first three groups are little-endian numbers; and back.
+    /// The same UUID in Windows byte order, whose first three groups are little-endian; and back.
     [[nodiscard]] constexpr Guid inWindowsOrder() const noexcept {
         Bytes swapped = _bytes;
         constexpr std::array<std::size_t, 8> kPlaces = {3, 2, 1, 0, 5, 4, 7, 6};

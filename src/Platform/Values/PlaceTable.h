@@ -7,9 +7,8 @@
 
 namespace brackwater {
 
-/// The hash table over a list of entries: where in the list the entries of a hash stand. An entry has the members
-/// `hash` and `nextInBucket`, both std::uint32_t; the table holds places, so it takes no memory of its own for each
-/// entry.
+/// A hash table of indexes into a list of entries. An entry has the members `hash` and `nextInBucket`, both
+/// std::uint32_t, so the table allocates no memory per entry.
 class PlaceTable {
 public:
     static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
@@ -32,7 +31,7 @@ public:
         bucket = static_cast<std::uint32_t>(place);
     }
 
-    /// The place of the entry of this hash that `matches`; kNone where there is none.
+    /// The index of the entry with this hash that `matches`; kNone if there is none.
     template <typename Entries, typename Matches>
     [[nodiscard]] std::uint32_t find(const Entries& entries, std::uint32_t hash, const Matches& matches) const {
         if (_buckets.empty())

@@ -9,7 +9,7 @@ namespace {
 
 using Field = std::optional<std::int64_t>;
 
-/// A text on the stack. Eight fields of at most 20 characters and their separators fit.
+/// A text on the stack, large enough for eight fields of at most 20 characters and their separators.
 class Line {
 public:
     bool isEmpty() const { return _length == 0; }

@@ -6,8 +6,8 @@
 
 namespace brackwater::iso {
 
-/// Prints the fields of date, time and zone that the mask names, in ISO's order, with the separators of those that are
-/// there. Year "%d", other fields "%02d", an unset field as the greatest number; the offset with its sign once.
+/// Prints the date, time and zone fields in the mask, in ISO order, with the separators of those present. Year "%d",
+/// other fields "%02d", an unset field as the greatest number; the offset with a single sign.
 [[nodiscard]] std::string print(const MSPCDateComponents& components, UnitMask units);
 
 } // namespace brackwater::iso

@@ -9,7 +9,7 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// A place in a text that moves to the right over what it finds.
+/// A position in a text that advances over what it matches.
 class Cursor {
 public:
     explicit Cursor(std::string_view text, std::size_t at = 0) : _text(text), _at(at) {}
@@ -39,7 +39,7 @@ private:
     std::size_t _at;
 };
 
-// "d*-d*-d*", without the optional "-" in front.
+// "d*-d*-d*", after the optional "-".
 bool takeDate(Cursor& cursor, DateMatch& match) {
     match.year = cursor.takeDigits();
     if (!cursor.take('-'))
@@ -76,9 +76,9 @@ bool takeZone(Cursor& cursor, TimeMatch& match) {
 
 bool isOffset(const TimeMatch& match) { return !match.sign.empty(); }
 
-// Behind the seconds a "Z" alone could be the fraction's character or the zone. The match is as long either way, and
-// then the earlier group takes it. An offset right there makes the longer match as zone, since a fraction would end
-// before the offset's colon.
+// A lone "Z" after the seconds could be the fraction's character or the zone. The match has the same length either way,
+// so the earlier group gets it. An offset there makes the longer match as zone, since a fraction would end before the
+// offset's colon.
 void takeFractionAndZone(Cursor& cursor, TimeMatch& match) {
     if (cursor.atEnd())
         return;
@@ -102,7 +102,7 @@ std::size_t beginOfDigitsBefore(std::size_t end, std::string_view text) {
     return end;
 }
 
-// "(d*UNIT)?": digits without the unit behind them are left for the next group.
+// "(d*UNIT)?": digits without the unit after them are left for the next group.
 std::string_view takeNumberBefore(char unit, Cursor& cursor) {
     Cursor ahead = cursor;
     const std::string_view digits = ahead.takeDigits();
@@ -125,7 +125,7 @@ DateMatch scanDate(std::string_view text) noexcept {
 }
 
 std::optional<TimeMatch> scanTime(std::string_view text) noexcept {
-    // The leftmost match begins with the digits before the first colon that another one follows behind digits only.
+    // The leftmost match begins with the digits before the first colon that is followed by digits and another colon.
     std::size_t colon = text.find(':');
     while (colon != std::string_view::npos) {
         Cursor cursor(text, colon + 1);
@@ -145,7 +145,7 @@ std::optional<TimeMatch> scanTime(std::string_view text) noexcept {
 }
 
 std::optional<DurationMatch> scanDuration(std::string_view text) noexcept {
-    // No "P" stands within what was read behind an earlier one, so the text is read once.
+    // Text already scanned after an earlier "P" contains no further "P", so the whole scan is linear.
     for (std::size_t begin = text.find('P'); begin != std::string_view::npos; begin = text.find('P', begin + 1)) {
         Cursor cursor(text, begin + 1);
         DurationMatch match;

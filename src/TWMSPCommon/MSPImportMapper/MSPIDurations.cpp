@@ -1,4 +1,4 @@
-// The conversions of durations, and of times of day into seconds.
+// Conversions of durations, and of times of day to seconds.
 
 #include "Platform/Text/TextReadings.h"
 #include "Platform/Values/Exception.h"
@@ -19,11 +19,11 @@ constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kLeast32Bits = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t kMost32Bits = std::numeric_limits<std::int32_t>::max();
 
-/// Sum and product of numbers that are not negative, saturated.
+/// Sum and product of non-negative numbers, saturated.
 std::int64_t saturatedProduct(std::int64_t a, std::int64_t b) { return a > kMost / b ? kMost : a * b; }
 std::int64_t saturatedSum(std::int64_t a, std::int64_t b) { return a > kMost - b ? kMost : a + b; }
 
-/// Hours, minutes and seconds; what was not read counts as 0.
+/// Hours, minutes and seconds; missing ones count as 0.
 std::int64_t secondsOf(std::int64_t hours, std::int64_t minutes, std::int64_t seconds) {
     return saturatedSum(saturatedSum(saturatedProduct(hours, 3600), saturatedProduct(minutes, 60)), seconds);
 }
@@ -51,7 +51,7 @@ std::optional<std::string> MSPIUtilities::mspdiToZelbTimeOnly(std::string_view t
 std::int64_t MSPIUtilities::mspdiDurationInSecs(std::string_view text) {
     if (text.empty())
         return -1;
-    // The form in which nearly all durations come means the same to both scanners.
+    // Both scanners agree on the format of nearly all durations.
     if (const auto strict = iso::scanStrictDuration(text); strict && strict->whole.size() == text.size())
         return secondsOf(iso::numberOf(strict->hours), iso::numberOf(strict->minutes), iso::numberOf(strict->seconds));
     MSPCDateComponents components;

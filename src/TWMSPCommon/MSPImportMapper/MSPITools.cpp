@@ -1,4 +1,4 @@
-// Working time on texts, the descriptor's printing and comparing, and the debug dump.
+// Working time on texts, printing and comparing of the descriptor, and the debug dump.
 
 #include "Platform/Files/FileURL.h"
 #include "Platform/Files/PathText.h"
@@ -26,7 +26,7 @@ const char* yesOrNo(bool value) { return value ? "YES" : "NO"; }
 
 std::uint32_t bits(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
-/// The file appears whole or not at all, in place of one of that name.
+/// Writes the complete file or nothing, replacing an existing one.
 void writeAtomically(const std::string& text, const std::string& path) {
     const std::string besides = path + ".part";
     std::ofstream file(besides, std::ios::binary | std::ios::trunc);

@@ -17,7 +17,7 @@ using Field = std::optional<std::int64_t>;
 
 std::string_view upToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
-/// Stores a sub-match that is not empty; answers the unit's bit then, else 0.
+/// Stores a non-empty sub-match; returns the unit's bit, or 0 if it is empty.
 UnitMask store(std::string_view digits, Field& field, UnitMask unit) {
     if (digits.empty())
         return 0;
@@ -47,7 +47,7 @@ UnitMask storeOffset(const iso::TimeMatch& match, MSPCDateComponents& components
     return units;
 }
 
-// A fraction hides an offset that follows it, but not a "Z"; a lone "Z" was matched as the fraction.
+// A fraction hides an offset after it, but not a "Z"; a lone "Z" was matched as the fraction.
 UnitMask storeZone(const iso::TimeMatch& match, MSPCDateComponents& components) {
     if (match.fraction == "Z")
         return storeUTC(components);
@@ -81,7 +81,7 @@ UnitMask storeUsual(const usualdates::ZonedTime& time, MSPCDateComponents& compo
     return hasOffset ? kRead | MSPCTimeZoneHourUnit | MSPCTimeZoneMinuteUnit : kRead;
 }
 
-/// Components together with the mask of what was read into them.
+/// Components with the mask of the parsed fields.
 struct Parsed {
     MSPCDateComponents components;
     UnitMask units;
@@ -239,7 +239,7 @@ std::optional<std::string> MSPIUtilities::zelbToMspdiDateTime(std::string_view t
     if (text.empty())
         return std::nullopt;
     MSPCDateComponents components = parse(text, "ZELB").components;
-    // Where the move fails its answer has all bits set, and the fields are printed as they were read.
+    // If the conversion fails, its result has all bits set, and the fields are printed as parsed.
     const UnitMask moved = components.convertToSystemTimezone();
     const UnitMask wanted = calendarUnits == 0 ? MSPCAllUnits : calendarUnits;
     return iso::print(components, moved & wanted & ~MSPCTimeZoneMask);

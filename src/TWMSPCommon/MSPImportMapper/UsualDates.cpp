@@ -12,11 +12,11 @@ namespace {
 constexpr std::size_t kTimeSize = std::string_view("YYYY-MM-DDThh:mm:ss").size();
 constexpr std::size_t kOffsetSize = std::string_view("+hh:mm").size();
 
-// Years of four digits that need no leading zero, in the calendar of today.
+// Four-digit years without leading zeros, in the Gregorian calendar.
 constexpr std::int64_t kFirstYear = 1600;
 constexpr std::int64_t kLastYear = 9999;
 
-/// Reads characters at known places and remembers whether all were those wanted.
+/// Parses characters at fixed positions and remembers whether all were as expected.
 class Reader {
 public:
     explicit Reader(const char* text) : _text(text) {}
@@ -36,7 +36,7 @@ private:
     bool _failed = false;
 };
 
-/// The text of a date of four-digit year, on the stack.
+/// The text of a date with a four-digit year, on the stack.
 class Line {
 public:
     explicit Line(const CivilTime& time) {
@@ -116,7 +116,7 @@ std::optional<std::string> mspdiFromZelb(std::string_view text, const TimeZone& 
     const auto fields = time ? wallSecondsFromCivilTime(time->fields) : std::nullopt;
     if (!fields)
         return std::nullopt;
-    // The offset is the one at the instant that the fields mean in the system zone, whatever zone the text tells.
+    // Uses the offset at the instant of the fields in the system zone, whatever zone is in the text.
     const Date inSystemZone = dateOfWallSeconds(*fields, zone);
     const std::int64_t told = time->offsetHours * 3600 + time->offsetMinutes * 60;
     const auto line = lineOfWallSeconds(*fields - told + zone.secondsFromGMT(inSystemZone));

@@ -9,15 +9,14 @@
 #include <string>
 #include <string_view>
 
-/// The forms in which nearly all dates come, "YYYY-MM-DDThh:mm:ss" with nothing, "Z" or an offset "+hh:mm" behind it,
-/// read and printed at once. They mean what the general readers and printers make of them, which take every text that
-/// is refused here.
+/// Fast paths for the formats of nearly all dates, "YYYY-MM-DDThh:mm:ss" followed by nothing, "Z" or an offset
+/// "+hh:mm". They give the same results as the general parsers and printers, which handle every text rejected here.
 namespace brackwater::usualdates {
 
 struct ZonedTime {
     enum class Zone { None, UTC, Offset };
 
-    CivilTime fields; ///< as the digits tell them; a month may be 13
+    CivilTime fields; ///< as in the digits; a month may be 13
     Zone zone = Zone::None;
     std::int64_t offsetHours = 0; ///< both with the offset's sign
     std::int64_t offsetMinutes = 0;
@@ -25,13 +24,13 @@ struct ZonedTime {
 
 [[nodiscard]] std::optional<ZonedTime> read(std::string_view text) noexcept;
 
-/// A source text as the system zone's wall clock, "YYYY-MM-DDThh:mm:ss"; a text without a zone is read as UTC.
+/// A source text as local time of the system zone, "YYYY-MM-DDThh:mm:ss"; a text without a zone is UTC.
 [[nodiscard]] std::optional<std::string> mspdiFromZelb(std::string_view text, const TimeZone& zone);
 
-/// The instant of a wall clock without zone.
+/// The instant of a local time without zone.
 [[nodiscard]] std::optional<Date> dateFromMspdi(std::string_view text, const TimeZone& zone);
 
-/// Wall clock of the system zone and the offset that `offsetToldForDate` gives, or "Z" where it is 0.
+/// Local time of the system zone with the offset from `offsetToldForDate`, or "Z" if it is 0.
 [[nodiscard]] std::optional<std::string> zelbFromDate(Date date, const TimeZone& zone);
 
 } // namespace brackwater::usualdates

@@ -12,11 +12,11 @@ namespace {
 
 constexpr double kSecondsPerDay = 86400.0;
 constexpr int kDaysPerWeek = 7;
-/// Below this much there is nothing to count down.
+/// Anything less counts as nothing.
 constexpr double kLeastDuration = 1.0;
-/// No search for a working day takes more days than this from the advance's begin.
+/// The longest search for a working day, in days from the start of the advance.
 constexpr std::int64_t kLastDayOfSearch = 6;
-/// Some thousand years are walked day by day; of a longer way whole weeks are left out, so that it ends in time.
+/// Walks up to about a thousand years day by day; beyond that, skips whole weeks to finish in time.
 constexpr double kWeeksWalked = 52'000.0;
 
 } // namespace
@@ -36,7 +36,7 @@ public:
         assertThat(_periodIndex >= 0, "No time period specified to start duration countdown from.");
         const double week = _calendar.workingTimeOfWeek();
         while (!_result && _remaining > 0.0) {
-            // Periods that end where they begin, or before, would be walked for ever.
+            // Prevents an endless walk through periods that end where they begin, or before.
             if (week <= 0.0 && _dayCount > std::int64_t{2} * kDaysPerWeek)
                 return std::nullopt;
             if (_remaining > kWeeksWalked * week && week > 0.0 && _dayCount > 0)
@@ -67,7 +67,7 @@ private:
         goToNextDay();
     }
 
-    /// Uses the period up, or finds the result within it; answers whether the day has been left or the result found.
+    /// Uses up the period, or finds the result within it; returns whether the day is done or the result found.
     bool takePeriod(std::int64_t index, std::int64_t weekday) {
         const double start = _calendar.startTimeForTimePeriod(index, weekday);
         const double end = _calendar.endTimeForTimePeriod(index, weekday);
@@ -87,8 +87,8 @@ private:
         return true;
     }
 
-    /// The result becomes the next period's near edge. Without a working day in reach the advance goes on with the day
-    /// behind those that were tried.
+    /// Moves the result to the near edge of the next period. Without a working day in range, the advance continues
+    /// after the days tried.
     void goBeyondEdge(std::int64_t index, std::int64_t weekday) {
         const std::int64_t next = _forward ? index + 1 : index - 1;
         if (next >= 0 && next < _calendar.timePeriodsInWeekday(weekday)) {
@@ -124,7 +124,7 @@ private:
 
     const MSPEScheduleCalendar& _calendar;
     GregorianCalendar _gregorian;
-    Date _day; ///< midnight, but for changes of the clock since the advance began
+    Date _day; ///< midnight, except for clock changes since the advance began
     double _startTime;
     std::int64_t _periodIndex;
     double _remaining;

@@ -44,7 +44,7 @@ double endOf(const MSPEScheduleCalendar::TimePeriod& period) {
 
 double secondsSinceMidnight(const CivilTime& time) { return secondsOf(time.hour, time.minute, time.second); }
 
-/// A missing time is midnight; nothing for a text that is no number.
+/// A missing time is midnight; nothing if the text is not a number.
 std::optional<std::int64_t> timeFromAttribute(const XMLElement& span, std::string_view name) {
     const auto text = span.attributeForName(name);
     if (!text)

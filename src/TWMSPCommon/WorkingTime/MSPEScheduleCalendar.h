@@ -14,13 +14,13 @@ namespace brackwater {
 class GregorianCalendar;
 class XMLElement;
 
-/// Working time of a week that repeats: which weekdays are worked, from when to when. Weekdays are numbers from 1,
-/// Sunday, to 7, Saturday. Times of day are seconds since midnight, durations seconds of working time; dates are read
-/// in the system zone. The periods of a day must rise and not overlap; they are kept as they were added.
+/// Working time of a repeating week: the working weekdays and their hours. Weekdays are numbers from 1, Sunday, to 7,
+/// Saturday. Times of day are seconds since midnight, durations seconds of working time; dates are in the system zone.
+/// The periods of a day must be sorted and disjoint; they are kept as added.
 ///
-/// Another day is reached by adding 86400 seconds, so that behind a change of the clock midnight is off by the change.
+/// The next day is 86400 seconds later, so that after a clock change midnight is off by the change.
 ///
-/// Checks that fail raise kInternalInconsistencyException: a weekday outside 1 to 7 where no other answer is named.
+/// Failed checks raise kInternalInconsistencyException: a weekday outside 1 to 7 unless another result is documented.
 class MSPEScheduleCalendar {
 public:
     struct TimePeriod {
@@ -44,16 +44,16 @@ public:
 
         friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
     };
-    /// A moment within working time.
+    /// A moment in working time.
     struct WorkingMoment {
         Date date;
         double secondsSinceMidnight = 0.0;
         std::int64_t timePeriodIndex = 0;
     };
 
-    /// No weekday is worked.
+    /// Without working days.
     MSPEScheduleCalendar() = default;
-    /// Reads the "schedule-day" children of a "schedule" element. Days and spans that do not read are left out.
+    /// Parses the "schedule-day" children of a "schedule" element. Skips invalid days and spans.
     explicit MSPEScheduleCalendar(const XMLElement& zelbSchedule);
     /// Monday to Friday, 8:00 to 12:00 and 13:00 to 17:00.
     [[nodiscard]] static MSPEScheduleCalendar withStandardCalendar();
@@ -62,14 +62,13 @@ public:
 
     void addWorkingTimePeriod(const TimePeriod& period, std::int64_t weekday);
 
-    /// The date moved by so much working time; nothing for a calendar without working days, and where the way leads
-    /// further than any date. Without `allowEdgeTime` an advance that ends with a period is carried on to the begin of
-    /// the next one (backward: to the end of the one before). Raises a failed check for a missing date and for a
-    /// negative duration.
+    /// The date moved by this much working time; nothing if the calendar has no working days, or the result is beyond
+    /// any date. Without `allowEdgeTime`, a result at the end of a period moves to the start of the next one (backward:
+    /// to the end of the previous one). Raises a failed check for a missing date or a negative duration.
     [[nodiscard]] std::optional<Date> dateAdvanceByDuration(std::optional<Date> date, double duration, bool forward,
                                                             bool allowEdgeTime = true) const;
-    /// The nearest working moment in the direction, within seven days: the date itself, where a period lasts on
-    /// (backward: has lasted). Nothing where there is none.
+    /// The nearest working moment in the direction, within seven days: the date itself if a period continues there
+    /// (backward: if one ends there or continues). Nothing if there is none.
     [[nodiscard]] std::optional<Date> startDateForDate(Date date, bool forward) const;
     [[nodiscard]] std::optional<WorkingMoment> startForDate(Date date, bool forward) const;
     /// Working seconds between two dates; 0.0 unless `fromDate` is earlier.
@@ -80,7 +79,7 @@ public:
     [[nodiscard]] bool isWorkingDayWeekday(std::int64_t weekday) const;
     [[nodiscard]] std::int64_t timePeriodsInWeekday(std::int64_t weekday) const;
 
-    // Of a period by its index in a weekday. Nothing, or -1.0, for a weekday outside 1 to 7 and an index without
+    // For a period by its index in a weekday. Nothing, or -1.0, if the weekday is outside 1 to 7 or the index has no
     // period.
 
     [[nodiscard]] double durationOfTimePeriod(std::int64_t index, std::int64_t weekday) const;
@@ -92,7 +91,7 @@ public:
     [[nodiscard]] std::string description() const;
 
 private:
-    class Advance; ///< the way of one advance through the days
+    class Advance; ///< one advance through the days
 
     [[nodiscard]] const TimePeriod* timePeriod(std::int64_t index, std::int64_t weekday) const;
     [[nodiscard]] std::optional<std::int64_t> periodAt(double secondsSinceMidnight, std::int64_t weekday,

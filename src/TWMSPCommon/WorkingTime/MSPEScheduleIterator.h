@@ -8,8 +8,8 @@
 
 namespace brackwater {
 
-/// Walks the working periods of a calendar one by one, from the day of a date onwards or backwards. The calendar must
-/// outlive it. A day after which seven days are not worked is the last.
+/// Iterates over the working periods of a calendar, from the day of a date forward or backward. The calendar must
+/// outlive it. Ends at a day followed by seven non-working days.
 class MSPEScheduleIterator {
 public:
     MSPEScheduleIterator(const MSPEScheduleCalendar& calendar, Date date, bool forward);
@@ -18,9 +18,9 @@ public:
         MSPEScheduleCalendar::TimePeriod timePeriod;
         std::int64_t timePeriodIndex = 0; ///< in its day
         Date date;                        ///< midnight of its day
-        std::uint64_t flag = 0;           ///< bit 0: the first that is handed out of a new day
+        std::uint64_t flag = 0;           ///< bit 0: the first one of a new day
     };
-    /// Nothing when the walk has ended.
+    /// Nothing after the last one.
     [[nodiscard]] std::optional<Period> nextTimePeriod();
 
 private:

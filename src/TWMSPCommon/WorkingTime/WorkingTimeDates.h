@@ -6,9 +6,9 @@ namespace brackwater {
 
 class MSPEScheduleCalendar;
 
-// Working time of dates. The standard calendar always counts: another one (it may be null) is ignored with a warning.
+// Working time of dates. The standard calendar always applies: another one (it may be null) is ignored with a warning.
 
-/// The date moved by seconds of working time; the date itself where that cannot be said.
+/// The date moved by seconds of working time; the date itself if there is no result.
 [[nodiscard]] Date dateAdvancedByDuration(Date date, double duration, bool forward,
                                           const MSPEScheduleCalendar* calendar);
 /// The same; see MSPEScheduleCalendar::dateAdvanceByDuration for `allowEdgeTime`.

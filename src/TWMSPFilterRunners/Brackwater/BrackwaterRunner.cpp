@@ -15,7 +15,7 @@ namespace brackwater {
 
 namespace {
 
-// Positions in the command line, the program's name being 0.
+// Positions in the command line, in which the program's name is 0.
 constexpr std::size_t kTemplateSwitch = 1;
 constexpr std::size_t kTemplatePath = 2;
 constexpr std::size_t kInput = 3;
@@ -40,7 +40,7 @@ std::string descriptionOfInfo(const MSPEExportInfo& info) {
 void removeWhatStandsAt(const std::string& path) {
     if (kindOfPath(path) == PathKind::Missing)
         return;
-    // A failed removal shows by itself: the export then writes beside what is still there.
+    // No need to check: after a failed removal the export uses the next free name.
     std::error_code ignored;
     std::filesystem::remove_all(path, ignored);
 }
@@ -163,7 +163,7 @@ std::string BrackwaterRunner::outputPathForBundle(const std::string& bundlePath)
     std::string path = stringByStandardizingPath(_arguments[_outputArgumentIndex]);
     if (kindOfPath(path) == PathKind::Directory)
         return stringByAppendingPathComponent(path, fileName);
-    // Case counts here, unlike in the tests of template and bundle.
+    // Case matters here, unlike in the checks of template and bundle.
     if (pathExtension(path) != "mpp")
         throw Exception(kCommandLineArgumentException, fmt::format("Output file extension is not 'mpp': {}.", path));
     return path;

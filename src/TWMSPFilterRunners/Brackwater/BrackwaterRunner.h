@@ -15,8 +15,8 @@ inline constexpr std::string_view kCommandLineArgumentException = "CommandLineAr
 inline constexpr std::string_view kFileNotFoundException = "FileNotFoundException";
 inline constexpr std::string_view kPreferencesDomain = "lanthorn.Tarnwick2.MSPExportMPP";
 
-/// One run of the tool: reads preferences and arguments, and exports one bundle or a list of bundles. The log alone
-/// tells how it went.
+/// One run of the tool: reads preferences and arguments, and exports one bundle or a list of bundles. Only the log
+/// reports the outcome.
 ///
 ///   Brackwater --template-path TEMPLATE BUNDLE [OUTPUT]
 ///   Brackwater --template-path TEMPLATE --input-list LIST [OUTPUT]
@@ -27,11 +27,11 @@ public:
     BrackwaterRunner(const BrackwaterRunner&) = delete;
     BrackwaterRunner& operator=(const BrackwaterRunner&) = delete;
 
-    /// `arguments` begin with the program's name. Lets no failure escape; the result is the exit status, always 0.
+    /// `arguments` begin with the program's name. Catches all failures; returns the exit status, always 0.
     int run(std::span<const std::string> arguments);
 
 protected:
-    /// Exports one bundle; what it answers is logged.
+    /// Exports one bundle; the result is logged.
     virtual bool exportBundle(const FileURL& bundleUrl, const FileURL& mppUrl, const FileURL& templateUrl,
                               const MSPEExportInfo& info);
 

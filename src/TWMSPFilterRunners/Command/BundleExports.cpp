@@ -22,7 +22,7 @@ constexpr auto kTimeToEnd = std::chrono::seconds(1);
 constexpr int kProgressPause = 100; // milliseconds
 constexpr int kSignalStatus = 128;
 
-/// In a worker: what is written to standard error goes to the log, and nothing to standard output.
+/// In a worker: standard error goes to the log, standard output nowhere.
 void redirectOutputs(int log) {
     const FileDescriptor nowhere(open("/dev/null", O_RDWR | O_CLOEXEC));
     dup2(nowhere.get(), STDIN_FILENO);
@@ -56,7 +56,7 @@ BundleExports::BundleExports(const CommandOptions& options)
 }
 
 int BundleExports::run() {
-    // What it sets up is there in the workers then.
+    // Initialized before the workers start, which inherit it.
     const CompoundFileLibrary library;
     prepareForWorkers();
     while (_stopSignal == 0) {
@@ -89,11 +89,11 @@ void BundleExports::beginJobs() {
     }
 }
 
-/// False where it has to wait for the end of another.
+/// False if it has to wait for another job to end.
 bool BundleExports::beginJob(std::size_t job) {
     const std::size_t slot = _pool.idleSlot();
     try {
-        tellInOrder(); // so that its log is written to the file at once where all before it are done
+        tellInOrder(); // so that the job logs directly to the file if all before it are done
         _slots[slot].job = job;
         _slots[slot].folder.makeIn(_plan.jobs[job].outputFolder);
         const int log = _log ? _log->beginJob(job) : -1;
@@ -123,7 +123,7 @@ std::string BundleExports::workInProcess(std::size_t slot, int log, const Worker
 
 void BundleExports::endJob(const EndedWorker& worker) {
     auto result = worker.death.empty() ? unpackedResult(worker.answer) : std::nullopt;
-    // Only a folder that was left empty serves the next job.
+    // Reuses only an empty folder for the next job.
     if (!result || !result->exported)
         _slots[worker.slot].folder.remove();
     if (result)
@@ -172,7 +172,7 @@ void BundleExports::showProgress() {
                        _board.slot(first));
 }
 
-/// Ends the workers: in order, so that they clean up, but a second request or a second's time ends them at once.
+/// Asks the workers to clean up and end; a second request, or a second's time, kills them.
 void BundleExports::stop(int signalNumber) {
     _stopSignal = signalNumber;
     _pool.sendToAll(SIGTERM);
@@ -187,7 +187,7 @@ void BundleExports::stop(int signalNumber) {
     }
 }
 
-/// After a stop: what came to its end all the same, and what did not.
+/// After a stop: the bundles that finished anyway, and those that did not.
 void BundleExports::tellRest() {
     std::size_t interrupted = 0;
     for (; _told < _plan.jobs.size(); ++_told) {

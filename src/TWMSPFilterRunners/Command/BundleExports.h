@@ -21,17 +21,17 @@
 
 namespace brackwater {
 
-/// All exports of one run: plans them, has them done by workers, and tells of them in the order of the bundles.
+/// All exports of one run: plans them, runs them in workers, and reports them in the order of the bundles.
 class BundleExports {
 public:
     /// Plans and checks. Raises UsageError.
     explicit BundleExports(const CommandOptions& options);
 
-    /// The exit status: a CommandStatus, or 128 and the number of the signal that ended the run.
+    /// The exit status: a CommandStatus, or 128 plus the number of the signal that ended the run.
     [[nodiscard]] int run();
 
 private:
-    /// What belongs to a worker.
+    /// Data of one worker.
     struct Slot {
         std::size_t job = 0;
         WorkFolder folder;
@@ -62,8 +62,8 @@ private:
     WorkerPool _pool;
     ProgressLine _progress;
     Summary _summary;
-    std::size_t _nextJob = 0;                     ///< that no worker has had
-    std::map<std::size_t, ExportResult> _results; ///< that wait for those in front of them
+    std::size_t _nextJob = 0;                     ///< the next job to start
+    std::map<std::size_t, ExportResult> _results; ///< waiting for earlier ones
     std::size_t _told = 0;
     int _stopSignal = 0;
 };

@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    // A pipe without a writer must not hold the opening up.
+    // Opening a pipe without a writer must not block.
     FileDescriptor openedAt(const std::string& path) const {
         FileDescriptor opened(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
         if (!opened)
@@ -71,7 +71,7 @@ private:
         return true;
     }
 
-    /// The end of a named pipe also shows where nobody has opened it for writing yet.
+    /// A named pipe that nobody has opened for writing yet also looks ended.
     bool waitForAWriter() {
         if (!_isNamedPipe || _hasWriter)
             return false;

@@ -38,7 +38,7 @@ public:
     }
 };
 
-/// Steps that make one text the other: a character put in, taken out or exchanged.
+/// Edit distance: the number of characters to insert, delete or replace.
 std::size_t distanceBetween(std::string_view from, std::string_view to) {
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -53,7 +53,7 @@ std::size_t distanceBetween(std::string_view from, std::string_view to) {
     return row.back();
 }
 
-/// The long option that was cut short, or that a mistyped one is nearest to; empty where none is near.
+/// The long option that was abbreviated or is closest to a mistyped one; empty if none is close.
 std::string optionNear(const CLI::App& app, std::string_view typed) {
     constexpr std::size_t mostSteps = 3; // "--ouput", "--templte", "--fail-on-los"
     const std::string_view name = typed.substr(0, std::min(typed.find('='), mostSteps + 24));
@@ -100,7 +100,7 @@ public:
     }
 
     std::variant<CommandOptions, CommandAnswer> parse(std::vector<std::string> arguments) {
-        std::reverse(arguments.begin(), arguments.end()); // as the library wants them
+        std::reverse(arguments.begin(), arguments.end()); // the order that the library requires
         try {
             _app.parse(std::move(arguments));
         } catch (const CLI::CallForHelp&) {

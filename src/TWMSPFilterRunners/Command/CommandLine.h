@@ -8,12 +8,12 @@
 
 namespace brackwater {
 
-/// A text that the command line asked for instead of an export: the help or the version.
+/// The text of the help or the version, requested instead of an export.
 struct CommandAnswer {
     std::string text;
 };
 
-/// Takes the command line apart; `arguments` begin with the program's name. Raises UsageError for what it cannot take.
+/// Parses the command line; `arguments` begin with the program's name. Raises UsageError if it is wrong.
 [[nodiscard]] std::variant<CommandOptions, CommandAnswer> parseCommandLine(std::span<const std::string> arguments);
 
 } // namespace brackwater

@@ -6,18 +6,18 @@
 
 namespace brackwater {
 
-/// Exit status of the command. One that a signal ended has 128 and the signal's number: 130 after SIGINT.
+/// Exit status of the command. If a signal ended it, 128 plus the signal's number: 130 after SIGINT.
 enum class CommandStatus {
     Exported = 0,
-    SomeFailed = 1, ///< one bundle or more, or an output of the command itself
-    WrongUsage = 2, ///< nothing was begun
-    Losses = 3,     ///< all exported, but asked to fail where something was lost
+    SomeFailed = 1, ///< at least one bundle, or an output of the command itself
+    WrongUsage = 2, ///< nothing was started
+    Losses = 3,     ///< all exported, but something was lost, with the option to fail then
 };
 
-/// What the command line asks for.
+/// The options of the command line.
 struct CommandOptions {
     std::vector<std::string> bundles;
-    std::optional<std::string> inputList; ///< a file or pipe with one bundle a line; "-" is standard input
+    std::optional<std::string> inputList; ///< a file or pipe with one bundle per line; "-" is standard input
     std::optional<std::string> output;    ///< a file for one bundle, or a folder
     std::optional<std::string> templatePath;
     std::optional<std::string> log;

@@ -7,7 +7,7 @@
 
 namespace brackwater {
 
-/// What the command tells people. An output that failed once is left alone from then on.
+/// The command's messages to people. Does not write to an output again after a failure.
 class CommandOutput {
 public:
     /// Requests end the wait for a reader that does not read. Null: they end the process.
@@ -17,7 +17,7 @@ public:
     void printError(std::string_view text) {
         _takesErrors = _takesErrors && writeUnlessStopped(STDERR_FILENO, text, _requests);
     }
-    /// Whether standard output has all that was printed.
+    /// Whether everything was written to standard output.
     [[nodiscard]] bool isWhole() const noexcept { return _isWhole; }
 
 private:

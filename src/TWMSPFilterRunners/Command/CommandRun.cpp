@@ -45,7 +45,7 @@ int run(std::span<const std::string> arguments) {
 } // namespace
 
 int runCommand(std::span<const std::string> arguments) {
-    // Readers that go away and limits on file sizes show as failed writes.
+    // A vanished reader or a limit on file sizes then shows as a failed write.
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     return run(arguments);

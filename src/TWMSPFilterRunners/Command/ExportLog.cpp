@@ -10,11 +10,11 @@ namespace {
 constexpr std::size_t kMostTexts = 1000;
 constexpr std::string_view kOtherWarnings = "(other warnings)";
 
-// Both spellings stand in messages.
+// Messages use both spellings.
 constexpr std::array<std::string_view, 2> kWarningMarks = {"WARNING: ", "WARINING: "};
 constexpr std::string_view kStopMark = "Exception: ";
 
-/// The mark that a text begins with, or an empty one.
+/// The mark at the start of the text, or an empty one.
 std::string_view markOf(std::string_view text) {
     const auto mark =
         std::ranges::find_if(kWarningMarks, [text](std::string_view known) { return text.starts_with(known); });

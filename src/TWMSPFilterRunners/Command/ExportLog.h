@@ -11,20 +11,19 @@
 
 namespace brackwater {
 
-/// Listens to the log of one export: counts its warnings, remembers why it failed, and hands the lines on where
-/// somebody reads them.
+/// Listens to the log of one export: counts its warnings, remembers why it failed, and passes the lines on if somebody
+/// reads them.
 class ExportLog : public LogSink {
 public:
-    /// `workFolder` is the name of the folder in which the output is made before it is moved into place: no line shows
-    /// it.
+    /// `workFolder` is the name of the temporary folder in which the output is created: it is removed from all lines.
     ExportLog(bool isRead, std::string workFolder) : _isRead(isRead), _workFolder(std::move(workFolder)) {}
 
     [[nodiscard]] bool wants(std::string_view beginning) const override;
     void receive(std::string_view text) override;
 
-    /// The warnings, by text, in the order of their first. Beyond a thousand texts they share the last entry.
+    /// The warnings by text, in order of first occurrence. After a thousand texts they share the last entry.
     [[nodiscard]] const std::vector<WarningCount>& warnings() const noexcept { return _warnings; }
-    /// What the runner said when it stopped; empty where it did not.
+    /// The runner's reason for stopping; empty if it did not stop.
     [[nodiscard]] const std::string& fault() const noexcept { return _fault; }
 
     /// The text without the work folder's name.

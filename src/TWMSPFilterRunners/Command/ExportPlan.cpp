@@ -48,7 +48,7 @@ bool hasExtension(const std::string& path, std::string_view lowercaseExtension) 
     return lowercaseString(pathExtension(path)) == lowercaseExtension;
 }
 
-/// The bundle that a folder belongs to; empty outside bundles.
+/// The bundle that contains a folder; empty outside bundles.
 std::string bundleAround(const std::string& folder) {
     std::error_code fault;
     for (fs::path place = fs::weakly_canonical(folder, fault); place.has_relative_path(); place = place.parent_path())
@@ -57,7 +57,7 @@ std::string bundleAround(const std::string& folder) {
     return {};
 }
 
-/// Why nothing can be written into a folder; empty where it can.
+/// Why the folder is not writable; empty if it is.
 std::string faultOfFolder(const std::string& folder) {
     if (kindOfPath(folder) != PathKind::Directory)
         return fmt::format("the folder '{}' does not exist", folder);
@@ -88,8 +88,7 @@ std::string faultOfBundle(const std::string& path) {
     return {};
 }
 
-/// The template that was installed with the program, or that the build made. Where /proc is not mounted, the one of the
-/// package.
+/// The template installed with the program, or created by the build. Without /proc, the one of the package.
 std::string defaultTemplatePath() {
     std::error_code fault;
     const fs::path prefix = fs::read_symlink("/proc/self/exe", fault).parent_path().parent_path();
@@ -125,15 +124,15 @@ std::string checkedTemplate(const std::optional<std::string>& named) {
     return path;
 }
 
-/// Where the outputs go, as the user named it.
+/// The outputs' destination, as the user named it.
 struct Destination {
     std::optional<std::string> folder; ///< nothing: each beside its bundle
-    std::optional<std::string> file;   ///< of the only bundle
+    std::optional<std::string> file;   ///< for a single bundle
 };
 
 struct OutputFolder {
     std::string path;  ///< without links
-    std::string fault; ///< empty where outputs can be written
+    std::string fault; ///< empty if outputs can be written
 };
 
 class Planner {
@@ -212,7 +211,7 @@ private:
             .first->second;
     }
 
-    /// What must not be replaced.
+    /// The files that must not be replaced.
     [[nodiscard]] std::string faultOfOutput(const std::string& output) const {
         if (!_options.replacesOutputs)
             return {};
@@ -228,17 +227,17 @@ private:
     std::string _templatePath;
     OutputNames _names;
     Destination _destination;
-    std::map<std::string, OutputFolder> _folders; ///< by the path that leads there
+    std::map<std::string, OutputFolder> _folders; ///< by the path that leads to it
 };
 
-/// Whether two names lead to one file; devices and pipes may be named twice.
+/// Whether two names refer to the same file; devices and pipes may be named twice.
 bool isSameFile(const std::string& one, const std::string& other) {
     std::error_code fault;
     const auto place = [&fault](const std::string& path) { return fs::weakly_canonical(absolutePath(path), fault); };
     return (fs::equivalent(one, other, fault) || place(one) == place(other)) && !fs::is_other(one, fault);
 }
 
-/// The log and the report are written over: nothing that the exports read or write.
+/// The log and the report overwrite their files, so these must not be inputs or outputs of the exports.
 void checkOwnFile(const std::optional<std::string>& path, std::string_view role, const CommandOptions& options,
                   const std::string& templatePath) {
     if (!path)

@@ -12,18 +12,18 @@ struct ExportJob {
     std::string bundle;       ///< as the user named it
     std::string bundlePath;   ///< absolute
     std::string outputFolder; ///< absolute, without links
-    std::string output;       ///< as the user would name it; where it is free until the export is done
-    std::string fault;        ///< why the export is not even begun; empty when it is
+    std::string output;       ///< as the user would name it; its place if it is free when the export ends
+    std::string fault;        ///< why the export cannot start; empty if it can
 };
 
-/// What a run does, worked out and checked before the first export begins.
+/// All work of a run, determined and checked before the first export begins.
 struct ExportPlan {
     std::string templatePath;
     std::vector<ExportJob> jobs;
 };
 
-/// Raises UsageError where the template, the output or the log is none: then no bundle could be exported. A bundle that
-/// is none gets its fault instead. Makes the output folder where only that is missing, and changes nothing else.
+/// Raises UsageError if the template, the output or the log is unusable: then no bundle could be exported. An unusable
+/// bundle gets its fault instead. Creates the output folder if its parent exists, and changes nothing else.
 [[nodiscard]] ExportPlan planExports(const CommandOptions& options);
 
 } // namespace brackwater

@@ -29,7 +29,7 @@ private:
     std::string _bytes;
 };
 
-/// Reads what the other class wrote; what is not there is empty.
+/// Unpacks what the other class packed; missing data is empty.
 class Unpacker {
 public:
     explicit Unpacker(std::string_view bytes) : _rest(bytes) {}

@@ -5,7 +5,7 @@
 
 namespace brackwater {
 
-/// Owns an open file of the process and closes it at the end of its life.
+/// Owns an open file descriptor and closes it in the destructor.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -21,7 +21,7 @@ public:
 
     [[nodiscard]] int get() const noexcept { return _descriptor; }
     explicit operator bool() const noexcept { return _descriptor >= 0; }
-    /// False where the last of what was written did not reach the file.
+    /// False if the last written data did not reach the file.
     bool close() noexcept { return _descriptor < 0 || ::close(std::exchange(_descriptor, -1)) == 0; }
 
 private:

@@ -27,7 +27,7 @@ FileDescriptor namelessFile() {
 
 } // namespace
 
-// A pipe without a reader must not hold the opening up.
+// Opening a pipe without a reader must not block.
 LogFile::LogFile(const std::string& path, const StopRequests& requests)
     : _file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
       _requests(requests) {

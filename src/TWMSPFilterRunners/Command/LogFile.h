@@ -8,20 +8,19 @@
 
 namespace brackwater {
 
-/// The file that takes the logs of all exports, bundle after bundle in the order of the jobs, however the exports
-/// overlap.
+/// The file for the logs of all exports, one bundle after the other in job order, however the exports overlap.
 class LogFile {
 public:
     /// Empties the file. Raises UsageError where it cannot be written. Requests end the wait for the reader of a pipe.
     LogFile(const std::string& path, const StopRequests& requests);
 
-    /// Where a job's lines go, for its worker: into the file where it is the job's turn, otherwise into a file without
-    /// a name until then. -1 where there is none.
+    /// The descriptor for a job's lines, for its worker: the file itself if it is the job's turn, otherwise an unnamed
+    /// file until then. -1 if there is none.
     [[nodiscard]] int beginJob(std::size_t job);
     /// Ends the turn of the job, which must be the one whose turn it is; its lines are in the file then. `isWhole`:
     /// whether its worker could write them all.
     void endJob(std::size_t job, bool isWhole);
-    /// False where a line got lost.
+    /// False if a line was lost.
     [[nodiscard]] bool close();
 
 private:
@@ -30,7 +29,7 @@ private:
     FileDescriptor _file;
     const StopRequests& _requests;
     std::size_t _turn = 0;
-    std::map<std::size_t, FileDescriptor> _waiting; ///< lines of the jobs whose turn has not come
+    std::map<std::size_t, FileDescriptor> _waiting; ///< lines of the jobs waiting for their turn
     bool _isWhole = true;
 };
 

@@ -23,7 +23,7 @@ namespace {
 
 void sync(const std::string& path, int flags) {
     const FileDescriptor opened(open(path.c_str(), flags | O_RDONLY | O_CLOEXEC));
-    // EINVAL: a file system that has nothing to sync.
+    // EINVAL: a file system that does not support syncing.
     if (!opened || (fsync(opened.get()) != 0 && errno != EINVAL))
         fail("cannot be put on the disk:", path);
 }

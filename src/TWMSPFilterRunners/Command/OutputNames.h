@@ -7,14 +7,14 @@
 
 namespace brackwater {
 
-/// The path of the n-th output of one name: "Plan.mpp" of 0, "Plan-1.mpp" of 1.
+/// The path of the n-th output of one name: "Plan.mpp" for 0, "Plan-1.mpp" for 1.
 [[nodiscard]] std::string numberedPath(const std::string& path, std::uint64_t number);
 
-/// Hands out the outputs of a run, no path twice.
+/// Assigns the outputs of a run, each path only once.
 class OutputNames {
 public:
-    /// With `replacesOutputs` only the names of this run count as taken, otherwise also what stands on the disk, links
-    /// that lead nowhere included.
+    /// With `replacesOutputs` only the names of this run count as taken, otherwise also existing files, including
+    /// dangling links.
     explicit OutputNames(bool replacesOutputs) : _replacesOutputs(replacesOutputs) {}
 
     /// The path (absolute, without links in its folder) itself, or the first free one with a number. All outputs of one
@@ -26,7 +26,7 @@ private:
 
     bool _replacesOutputs;
     std::set<std::string> _taken;
-    std::map<std::string, std::uint64_t> _nextNumber; ///< of each path that was asked for
+    std::map<std::string, std::uint64_t> _nextNumber; ///< of each requested path
 };
 
 } // namespace brackwater

@@ -9,7 +9,7 @@
 
 namespace brackwater {
 
-/// How far one worker is, in memory that it shares with the command.
+/// The progress of one worker, in memory shared with the command.
 struct ProgressSlot {
     static constexpr std::uint32_t kNotKnown = ~std::uint32_t{0};
 
@@ -17,10 +17,10 @@ struct ProgressSlot {
     std::atomic<std::uint32_t> percent; ///< of the phase, or kNotKnown
 };
 
-/// One slot for each worker that may run at a time. Made before the workers are.
+/// One slot per concurrent worker. Must be created before the workers.
 class ProgressBoard {
 public:
-    /// Raises std::system_error where there is no memory.
+    /// Raises std::system_error if there is no memory.
     explicit ProgressBoard(std::size_t slots);
 
     [[nodiscard]] ProgressSlot& slot(std::size_t index) const { return _slots[index]; }
@@ -34,7 +34,7 @@ private:
     std::span<ProgressSlot> _slots;
 };
 
-/// Writes what an export tells into a slot.
+/// Writes the progress of an export to a slot.
 class ProgressTeller : public ExportProgress {
 public:
     explicit ProgressTeller(ProgressSlot& slot) : _slot(slot) {}

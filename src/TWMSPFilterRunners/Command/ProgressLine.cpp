@@ -24,7 +24,7 @@ std::size_t terminalWidth() {
     return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
 
-/// The end of a text, in bytes at most; whole characters.
+/// The end of a text, at most `most` bytes, in whole characters.
 std::string endOf(const std::string& text, std::size_t most) {
     if (text.size() <= most)
         return text;
@@ -54,7 +54,7 @@ void ProgressLine::show(std::size_t done, std::size_t all, std::string_view bund
     std::string step(kPhaseNames.at(phase % kPhaseNames.size()));
     if (percent != ProgressSlot::kNotKnown)
         step += fmt::format(" {} %", percent);
-    // What is wider than the terminal could not be taken away again.
+    // A line wider than the terminal could not be erased.
     const std::size_t most = terminalWidth() - 1;
     const std::size_t taken = counts.size() + step.size() + kNameEnd.size();
     const std::string name = taken < most ? endOf(visibleText(bundle), most - taken) : std::string();

@@ -8,15 +8,15 @@
 
 namespace brackwater {
 
-/// One line on the terminal that is rewritten: bundles done of all, and how far the running one is.
+/// One updated line on the terminal: the number of finished bundles, and the progress of the current one.
 class ProgressLine {
 public:
-    /// Shows nothing where `isShown` is false or standard error is no terminal.
+    /// Shows nothing if `isShown` is false or standard error is not a terminal.
     explicit ProgressLine(bool isShown);
 
-    /// Rewrites the line, ten times a second at most.
+    /// Updates the line, at most ten times a second.
     void show(std::size_t done, std::size_t all, std::string_view bundle, const ProgressSlot& slot);
-    /// Takes the line away, so that another can be written.
+    /// Erases the line, so that another can be written.
     void clear();
     [[nodiscard]] bool isShown() const noexcept { return _isShown; }
 

@@ -107,7 +107,7 @@ bool ReportFile::finish(int status) {
     _json.finish();
     if (_temporaryPath.empty())
         return _file.close() && _isWhole;
-    // A temporary file is made for its owner alone; the report gets the mode that any new file gets.
+    // A temporary file is private to its owner; the report gets the default mode of new files.
     const mode_t mask = umask(0);
     umask(mask);
     _isWhole = _isWhole && fchmod(_file.get(), 0666 & ~mask) == 0 && fsync(_file.get()) == 0;

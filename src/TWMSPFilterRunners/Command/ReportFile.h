@@ -10,22 +10,23 @@
 
 namespace brackwater {
 
-/// The report of a run as one JSON document; its keys are told in docs/json.md. It stands under its name once it is
-/// whole, and replaces an earlier one then. What is no regular file, a pipe or a terminal, is written to at once.
+/// The report of a run as one JSON document; docs/json.md describes its keys. It appears under its name when it is
+/// complete, replacing an earlier one. Anything but a regular file, such as a pipe or a terminal, is written to
+/// directly.
 class ReportFile {
 public:
     /// Raises UsageError where the file cannot be written. Requests end the wait for the reader of a pipe.
     ReportFile(const std::string& path, const std::string& templatePath, const StopRequests& requests);
-    /// Leaves no file behind that is not whole.
+    /// Removes an incomplete file.
     ~ReportFile();
     ReportFile(const ReportFile&) = delete;
     ReportFile& operator=(const ReportFile&) = delete;
 
-    /// Bundles in the order of the jobs.
+    /// Call in the order of the jobs.
     void add(const ExportJob& job, const ExportResult& result);
-    /// A bundle that was not looked at any more.
+    /// A bundle that the run did not reach.
     void addInterrupted(const ExportJob& job);
-    /// Ends the document and moves it into place; false where it is not whole.
+    /// Ends the document and moves it to its path; false if it is incomplete.
     [[nodiscard]] bool finish(int status);
 
 private:
@@ -33,7 +34,7 @@ private:
     void write(std::string_view text);
 
     std::string _path;
-    std::string _temporaryPath; ///< empty where the file is written to at once
+    std::string _temporaryPath; ///< empty if the file is written to directly
     FileDescriptor _file;
     const StopRequests& _requests;
     bool _isWhole = true;

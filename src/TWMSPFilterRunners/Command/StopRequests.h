@@ -18,9 +18,9 @@ public:
     StopRequests(const StopRequests&) = delete;
     StopRequests& operator=(const StopRequests&) = delete;
 
-    /// Can be read from when a request has come.
+    /// Readable when a request has arrived.
     [[nodiscard]] int descriptor() const noexcept { return _requests.get(); }
-    /// The number of the next request's signal; 0 without one. Does not wait.
+    /// The signal number of the next request; 0 if there is none. Does not wait.
     [[nodiscard]] int next();
     /// Milliseconds that readers of the outputs may still be waited for; -1 where no request was taken yet.
     [[nodiscard]] int patience() const;

@@ -22,7 +22,7 @@ bool writeUnlessStopped(int descriptor, std::string_view bytes, const StopReques
                 return false;
             continue;
         }
-        // A pipe that is ready takes this much without waiting.
+        // A ready pipe accepts this much without blocking.
         const ssize_t written = write(descriptor, bytes.data(), std::min<std::size_t>(bytes.size(), PIPE_BUF));
         if (written < 0 && errno != EINTR && errno != EAGAIN)
             return false;

@@ -10,20 +10,20 @@
 
 namespace brackwater {
 
-/// What a line for people says of one bundle, controls made visible; without a line end.
+/// The line about one bundle for people, with visible control characters, without a line end.
 [[nodiscard]] std::string lineOfResult(const ExportJob& job, const ExportResult& result);
 
-/// Gathers the results of a run for its end.
+/// Collects the results of a run for its end.
 class Summary {
 public:
     void add(const ExportJob& job, const ExportResult& result);
 
     [[nodiscard]] std::size_t exported() const noexcept { return _exported; }
     [[nodiscard]] std::size_t failed() const noexcept { return _failed; }
-    /// Whether something of an exported bundle was lost, or it is not known.
+    /// Whether an exported bundle lost something, or its losses are unknown.
     [[nodiscard]] bool isAnythingLost() const noexcept { return _isAnythingLost; }
-    /// Text for people: the warnings grouped by text, what was lost (of one bundle each loss, of more grouped by the
-    /// reason), the failed bundles with their reasons, and how many there were. At most twenty lines of each, the rest
+    /// Text for people: the warnings grouped by text, the losses (each of a single bundle, otherwise grouped by
+    /// reason), the failed bundles with their reasons, and the totals. At most twenty lines of each; the rest is
     /// counted.
     [[nodiscard]] std::string text() const;
 
@@ -42,7 +42,7 @@ private:
     std::vector<WarningCount> _warnings;
     std::unordered_map<std::string, std::size_t> _placeOfWarning;
     std::vector<std::string> _failures;
-    lossreport::LossReport _lossesOfTheOnly; ///< while there is one bundle
+    lossreport::LossReport _lossesOfTheOnly; ///< if there is only one bundle
     std::vector<LossCount> _losses;
     std::unordered_map<std::string, std::size_t> _placeOfLoss; ///< by kind
     bool _isAnythingLost = false;

@@ -4,7 +4,7 @@
 
 namespace brackwater {
 
-/// Nobody reads what is logged while it lives.
+/// Discards the log during its lifetime.
 class UnreadLog : public LogSink {
 public:
     [[nodiscard]] bool wants(std::string_view) const override { return false; }

@@ -4,7 +4,7 @@
 
 namespace brackwater {
 
-/// Something that the command line names is not as it must be: nothing is begun. Its text is one sentence for people.
+/// Something on the command line is wrong: the run does not start. The text is one sentence for people.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -5,8 +5,8 @@
 
 namespace brackwater {
 
-/// Where a worker makes its outputs: a folder beside their place, so that whatever it leaves there goes with the
-/// folder.
+/// The temporary folder in which a worker creates its outputs, beside their destination, so that removing it also
+/// removes anything left in it.
 class WorkFolder {
 public:
     WorkFolder() = default;
@@ -17,9 +17,9 @@ public:
     WorkFolder& operator=(const WorkFolder&) = delete;
     ~WorkFolder() { remove(); }
 
-    /// Makes it, or keeps the one that is there already. Raises std::system_error.
+    /// Creates it, or keeps the existing one. Raises std::system_error.
     void makeIn(const std::string& outputFolder);
-    /// Removes it with all that it holds.
+    /// Removes it with its contents.
     void remove() noexcept;
     /// Empty without one.
     [[nodiscard]] const std::string& path() const noexcept { return _path; }

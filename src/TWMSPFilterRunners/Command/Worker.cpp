@@ -17,7 +17,7 @@ namespace brackwater {
 
 namespace {
 
-/// Says what of the document is not in the finished file. Reads both anew, without a word in the log.
+/// Finds the losses of the finished file. Reads both files again without logging.
 void compare(const std::string& bundlePath, const std::string& mppPath, ExportResult& result) {
     const UnreadLog log;
     try {
@@ -27,8 +27,8 @@ void compare(const std::string& bundlePath, const std::string& mppPath, ExportRe
     }
 }
 
-/// The runner of the fixed command line, so that its log is the same here. It exports into the work folder, and the
-/// finished file is then moved into place.
+/// The runner of the fixed command line, so that the log is the same. It exports to the work folder; then the finished
+/// file is moved to its destination.
 class WorkerRunner : public BrackwaterRunner {
 public:
     WorkerRunner(const ExportJob& job, const WorkerSettings& settings, ProgressTeller& progress,
@@ -94,7 +94,7 @@ ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, con
     if (!result.exported)
         result.fault = log.withoutWorkFolder(result.fault.empty() ? log.fault() : result.fault);
     result.warnings = log.warnings();
-    // The reason of a failure may have been logged as a warning; it is told once.
+    // If the reason of a failure was also logged as a warning, it is reported only once.
     std::erase_if(result.warnings, [&](const WarningCount& warning) { return warning.text == result.fault; });
     return result;
 }

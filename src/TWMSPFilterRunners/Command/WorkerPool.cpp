@@ -20,7 +20,7 @@ namespace brackwater {
 namespace {
 
 constexpr int kDoneInOrder = 0;
-constexpr std::string_view kComputedMark = "."; // stands in front of an answer
+constexpr std::string_view kComputedMark = "."; // precedes the answer
 
 void writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -31,7 +31,7 @@ void writeAll(int descriptor, std::string_view bytes) {
     }
 }
 
-/// In the new process. Nothing of the command's own may be done there: no destructor, no buffer written twice.
+/// In the new process. It must not run the command's own code: no destructors, no buffers flushed twice.
 [[noreturn]] void work(const WorkerPool::Work& work, int answers, pid_t command) {
     // A worker does not outlive the command.
     if (prctl(PR_SET_PDEATHSIG, SIGTERM) != 0 || getppid() != command)

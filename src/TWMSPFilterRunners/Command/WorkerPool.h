@@ -13,37 +13,37 @@ namespace brackwater {
 struct EndedWorker {
     std::size_t job = 0;
     std::size_t slot = 0;
-    std::string answer; ///< what its work gave; not whole where the process died
-    std::string death;  ///< how the process ended, where it did not end in order
+    std::string answer; ///< the result of its work; incomplete if the process crashed
+    std::string death;  ///< how the process ended, if abnormally
 };
 
-/// Processes that do one job each, side by side. They are made by fork alone and go on with the memory of this process,
-/// which must have one thread. A worker that only waits for the disk any more says so, and another begins beside it.
+/// Processes that do one job each, in parallel. They are forked without exec and inherit the memory of this process,
+/// which must be single-threaded. When a worker only waits for the disk, it says so, and another one starts.
 class WorkerPool {
 public:
-    /// Says that the work needs no processor any more.
+    /// Reports that the work no longer needs the processor.
     using IsComputed = std::function<void()>;
     using Work = std::function<std::string(const IsComputed&)>;
 
-    /// At most so many that compute.
+    /// At most `most` workers compute at a time.
     explicit WorkerPool(std::size_t most) : _most(most), _workers(sizeFor(most)) {}
-    /// Ends what still runs.
+    /// Kills running workers.
     ~WorkerPool();
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
     [[nodiscard]] bool isIdle() const;
-    /// The number of a worker that may begin; size() without one.
+    /// The index of an idle worker; size() if there is none.
     [[nodiscard]] std::size_t idleSlot() const;
     [[nodiscard]] static constexpr std::size_t sizeFor(std::size_t most) noexcept { return most + kMostWaiting; }
     [[nodiscard]] std::size_t size() const noexcept { return _workers.size(); }
     [[nodiscard]] bool isComputing(std::size_t slot) const { return _workers[slot].isComputing; }
 
-    /// Has `work` done by an idle worker; its answer comes back from `wait`. False where the system has no process.
+    /// Runs `work` in an idle worker; `wait` returns its answer. False if the system cannot create a process.
     [[nodiscard]] bool start(std::size_t slot, std::size_t job, const Work& work);
-    /// Waits for workers that end, for a byte at `otherDescriptor`, or for the time to pass.
+    /// Waits for a worker to end, for a byte at `otherDescriptor`, or for the timeout.
     [[nodiscard]] std::vector<EndedWorker> wait(int otherDescriptor, int milliseconds);
-    /// Asks the workers to end.
+    /// Sends the signal to all workers.
     void sendToAll(int signalNumber) const;
 
 private:

@@ -12,7 +12,7 @@
 
 namespace brackwater::test {
 
-TEST(AdapterFrame, InsertingAppendsWhateverTheIndex) {
+TEST(AdapterFrame, InsertingAlwaysAppends) {
     const auto project = MSPEXMLProjectAdapter::elementWithName("Project", nullptr);
     const auto tasks = project->insertChildElementWithName("Tasks", -5);
     ASSERT_NE(tasks, nullptr);
@@ -26,7 +26,7 @@ TEST(AdapterFrame, InsertingAppendsWhateverTheIndex) {
     EXPECT_EQ(project->mppDomObject()->currencyCode, "EUR");
 }
 
-TEST(AdapterFrame, DropsWhatItDoesNotKnow) {
+TEST(AdapterFrame, DropsUnknownNames) {
     const auto data = MSPEXMLTimephasedDataAdapter::elementWithName("TimephasedData", nullptr);
     const auto task = MSPEXMLTaskAdapter::elementWithName("Task", nullptr);
     MSPEXMLAdapter plain("Anything", nullptr);
@@ -39,7 +39,7 @@ TEST(AdapterFrame, DropsWhatItDoesNotKnow) {
     EXPECT_EQ(task.use_count(), 1);
 }
 
-TEST(AdapterFrame, RefusesToBeMadeWithoutMapper) {
+TEST(AdapterFrame, CannotBeCreatedWithoutMapper) {
     expectAssertion("!!! PROHIBITED CONSTRUCTOR CALL: +[MSPEXMLTaskAdapter elementWithName:@\"Task\"]",
                     [] { (void)MSPEXMLTaskAdapter::elementWithName("Task"); });
     expectAssertion("!!! PROHIBITED CONSTRUCTOR CALL: -[MSPEXMLProjectAdapter initWithName:@\"Project\"]",
@@ -63,7 +63,7 @@ TEST(CollectionAdapter, KeepsAChildWithoutRecordAliveAndAddsNothing) {
     EXPECT_TRUE(weeks.collection().empty());
 }
 
-TEST(CollectionAdapter, TakesChildrenThroughAddChildOnly) {
+TEST(CollectionAdapter, TakesChildrenOnlyThroughAddChild) {
     MSPEXMLCollectionAdapter<MPPTask> tasks("Tasks", nullptr);
     expectAssertion("!!! PROHIBITED CALL: MSPEXMLCollectionAdapter addChildElementWithName:@\"Task\"",
                     [&] { tasks.addChildElementWithName("Task"); });
@@ -72,14 +72,14 @@ TEST(CollectionAdapter, TakesChildrenThroughAddChildOnly) {
                     [&] { tasks.addChildElementWithName("Task", "1"); });
 }
 
-TEST(CollectionAdapter, RefusesRecordsOfAnotherKind) {
+TEST(CollectionAdapter, RejectsRecordsOfAnotherKind) {
     MSPEXMLCollectionAdapter<MPPResource> resources("Resources", nullptr);
     expectAssertion("Unexpected child to add to collection: MSPEXMLTaskAdapter",
                     [&] { resources.addChild(MSPEXMLTaskAdapter::elementWithName("Task", nullptr)); });
     expectAssertion("Unexpected child to add to collection: (null)", [&] { resources.addChild(nullptr); });
 }
 
-TEST(ExtendedAttributeAdapter, HoldsEachTextOnce) {
+TEST(ExtendedAttributeAdapter, TakesEachTextOnce) {
     const auto attribute = MSPEXMLExtendedAttributeAdapter::elementWithName("ExtendedAttribute", nullptr);
     EXPECT_FALSE(attribute->isValidAttribute());
     attribute->addChildElementWithName("FieldID", "188743731");

@@ -38,7 +38,7 @@ std::string clock(ElementText text) {
 
 } // namespace
 
-TEST(WorkingTimeAdapter, ReadsAClockTextWhereverItStands) {
+TEST(WorkingTimeAdapter, FindsAClockTextAnywhereInItsText) {
     EXPECT_EQ(clock("08:30:45"), "8:30");
     EXPECT_EQ(clock("24:00:00"), "0:0");
     EXPECT_EQ(clock("23:75:00"), "23:59");
@@ -49,12 +49,12 @@ TEST(WorkingTimeAdapter, ReadsAClockTextWhereverItStands) {
     EXPECT_EQ(clock("4:5:6:7"), "4:5");
 }
 
-TEST(WorkingTimeAdapter, CutsNumbersToEightBits) {
+TEST(WorkingTimeAdapter, TruncatesNumbersToEightBits) {
     EXPECT_EQ(clock("264:257:00"), "8:1");
     EXPECT_EQ(clock("99999999999999999999:256:00"), "0:0");
 }
 
-TEST(WorkingTimeAdapter, HasNoTimeWhereTheTextIsNoClock) {
+TEST(WorkingTimeAdapter, HasNoTimeIfTheTextIsNotAClockText) {
     EXPECT_EQ(clock("garbage"), "none");
     EXPECT_EQ(clock("08:30"), "none");
     EXPECT_EQ(clock("08:3 0:"), "none");
@@ -62,7 +62,7 @@ TEST(WorkingTimeAdapter, HasNoTimeWhereTheTextIsNoClock) {
     EXPECT_EQ(clock(std::nullopt), "none");
 }
 
-TEST(WeekDaysAdapter, PutsEachDayInItsPlace) {
+TEST(WeekDaysAdapter, StoresEachDayByItsType) {
     const auto weekDays = MSPEXMLWeekDaysAdapter::elementWithName("WeekDays", nullptr);
     for (const char* dayType : {"1", "2", "3", "4", "5", "6", "7"}) {
         const auto day = weekDay(dayType);
@@ -76,7 +76,7 @@ TEST(WeekDaysAdapter, PutsEachDayInItsPlace) {
     }
 }
 
-TEST(WeekDaysAdapter, TakesADayTwiceOnlyOverAnEmptyOne) {
+TEST(WeekDaysAdapter, ReplacesOnlyEmptyDays) {
     const auto weekDays = MSPEXMLWeekDaysAdapter::elementWithName("WeekDays", nullptr);
     weekDays->addChild(weekDay("2"));
     const auto monday = weekDay("2");
@@ -93,7 +93,7 @@ TEST(WeekDaysAdapter, TakesADayTwiceOnlyOverAnEmptyOne) {
                     [&] { weekDays->addChild(weekDay("7")); });
 }
 
-TEST(WeekDaysAdapter, RefusesWhatIsNoDayOfTheWeek) {
+TEST(WeekDaysAdapter, RejectsInvalidDaysOfTheWeek) {
     const auto weekDays = MSPEXMLWeekDaysAdapter::elementWithName("WeekDays", nullptr);
     expectAssertion("Unexpected WeekDay dayType: 0", [&] { weekDays->addChild(weekDay("0")); });
     expectAssertion("Unexpected WeekDay dayType: 8", [&] { weekDays->addChild(weekDay("8")); });
@@ -106,7 +106,7 @@ TEST(WeekDaysAdapter, RefusesWhatIsNoDayOfTheWeek) {
     EXPECT_FALSE(weekDays->mppDomObject()->definesAnyDay());
 }
 
-TEST(WeekDayAdapter, TakesItsWorkingTimesInEitherWay) {
+TEST(WeekDayAdapter, AcceptsWorkingTimesInBothForms) {
     const auto day = weekDay("3");
     day->addChildElementWithName("DayWorking", "1");
     EXPECT_EQ(day->addChildElementWithName("WorkingTimes"), day);
@@ -126,7 +126,7 @@ TEST(WeekDayAdapter, TakesItsWorkingTimesInEitherWay) {
                     [&] { day->addChild(MSPEXMLNotesAdapter::elementWithName("WorkingTime", nullptr)); });
 }
 
-TEST(ExceptionAdapter, WarnsOfOtherTypesAndGoesOn) {
+TEST(ExceptionAdapter, WarnsOfOtherTypesAndContinues) {
     const LogCapture log;
     const auto element = MSPEXMLExceptionAdapter::elementWithName("Exception", nullptr);
     element->addChildElementWithName("Type", "1");
@@ -135,7 +135,7 @@ TEST(ExceptionAdapter, WarnsOfOtherTypesAndGoesOn) {
     EXPECT_EQ(log.joined(), "WARNING: Calendar Exception type 2 not supported.\n");
 }
 
-TEST(ExceptionAdapter, RefusesWhatItCannotHold) {
+TEST(ExceptionAdapter, RejectsOtherChildren) {
     const auto element = MSPEXMLExceptionAdapter::elementWithName("Exception", nullptr);
     expectAssertion("Unexpected value of 'EnteredByOccurrences' property ('true'). Boolen value must be NO.",
                     [&] { element->addChildElementWithName("EnteredByOccurrences", "true"); });

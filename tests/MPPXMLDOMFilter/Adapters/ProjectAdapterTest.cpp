@@ -23,7 +23,7 @@ protected:
 
 } // namespace
 
-TEST_F(ProjectAdapter, ReadsDoubtfulTextsAsTheFormatTells) {
+TEST_F(ProjectAdapter, ParsesDoubtfulTextsByTheRulesOfTheFormat) {
     set("CurrencySymbolPosition", "7");
     EXPECT_EQ(project.currencySymbolPosition, 0);
     set("CurrencySymbolPosition", "2");
@@ -47,12 +47,12 @@ TEST_F(ProjectAdapter, NeedsTheSummaryInformationForItsTitle) {
     expectAssertion("Project Summary Info has not been created yet.", [&] { set("Title", "Harbour"); });
 }
 
-TEST_F(ProjectAdapter, TakesTheVocabulariesNamespaceOnly) {
+TEST_F(ProjectAdapter, AcceptsOnlyTheNamespaceOfTheVocabulary) {
     element->addNamespace("http://schemas.microsoft.com/project");
     expectAssertion("Incorrect namespace: \"urn:other\"", [&] { element->addNamespace("urn:other"); });
 }
 
-TEST_F(ProjectAdapter, AcceptsNoChildButTheCalendars) {
+TEST_F(ProjectAdapter, AcceptsOnlyCalendarsAsChild) {
     element->addChild(std::make_shared<MSPEXMLCollectionAdapter<MPPCalendar>>("Calendars", nullptr));
     EXPECT_TRUE(project.baseCalendars.empty());
     expectAssertion("Unexpected object of class 'MSPEXMLCollectionAdapter' to add as a child to the project.", [&] {

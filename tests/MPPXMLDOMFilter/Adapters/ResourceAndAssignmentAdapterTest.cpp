@@ -10,7 +10,7 @@
 
 namespace brackwater::test {
 
-TEST(ResourceAdapter, NumbersItsTypesTheOtherWayRoundThanTheRecord) {
+TEST(ResourceAdapter, NumbersTypesTheOtherWayRound) {
     const auto element = MSPEXMLResourceAdapter::elementWithName("Resource", nullptr);
     const MPPResource& resource = *element->mppDomObject();
     element->addChildElementWithName("Type", "0");
@@ -21,7 +21,7 @@ TEST(ResourceAdapter, NumbersItsTypesTheOtherWayRoundThanTheRecord) {
     expectAssertion("Unexpected Resource Type: 2", [&] { element->addChildElementWithName("Type", "2"); });
 }
 
-TEST(AssignmentAdapter, TakesBaselinesOnly) {
+TEST(AssignmentAdapter, AcceptsOnlyBaselines) {
     const LogCapture log;
     const auto element = MSPEXMLAssignmentAdapter::elementWithName("Assignment", nullptr);
     const auto baseline = MSPEXMLAssignmentBaselineAdapter::elementWithName("Baseline", nullptr);

@@ -25,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(TaskAdapter, CutsWorkToWholeHoursButNoDuration) {
+TEST_F(TaskAdapter, TruncatesWorkToWholeHoursButNotDurations) {
     set("Work", "PT0H59M59S");
     set("Duration", "PT0H59M59S");
     EXPECT_EQ(task.work, 0.0);
@@ -51,7 +51,7 @@ TEST_F(TaskAdapter, LogsEveryNameKnownOrNot) {
                                  "        Task /PredecessorLink", "        Task /Elsewhere", "        Task /Notes  *"));
 }
 
-TEST_F(TaskAdapter, RefusesAChildWhoseClassDoesNotGoWithItsName) {
+TEST_F(TaskAdapter, RejectsAChildWhoseClassDoesNotMatchItsName) {
     expectAssertion("Unexpected 'child' argument class: (null)", [&] { element->addChild(nullptr); });
     expectAssertion("Unexpected 'child' argument class: MSPEXMLResourceBaselineAdapter",
                     [&] { element->addChild(MSPEXMLResourceBaselineAdapter::elementWithName("Baseline", nullptr)); });
@@ -60,7 +60,7 @@ TEST_F(TaskAdapter, RefusesAChildWhoseClassDoesNotGoWithItsName) {
                         [&] { element->addChild(MSPEXMLTaskBaselineAdapter::elementWithName(name, nullptr)); });
 }
 
-TEST_F(TaskAdapter, MakesItsLinksWithConsecutiveIDs) {
+TEST_F(TaskAdapter, CreatesLinksWithConsecutiveIDs) {
     const auto made = element->addChildElementWithName("PredecessorLink");
     const auto first = std::dynamic_pointer_cast<MSPEXMLPredecessorLinkAdapter>(made);
     const auto second = MSPEXMLPredecessorLinkAdapter::elementWithName("PredecessorLink", nullptr);
@@ -71,7 +71,7 @@ TEST_F(TaskAdapter, MakesItsLinksWithConsecutiveIDs) {
     EXPECT_EQ(second->mppDomObject()->ID, first->mppDomObject()->ID + 1);
 }
 
-TEST(PredecessorLinkAdapter, KnowsPercentageLagFormatsOnly) {
+TEST(PredecessorLinkAdapter, AcceptsOnlyPercentageLagFormats) {
     for (const char* format : {"19", "20"}) {
         const auto element = MSPEXMLPredecessorLinkAdapter::elementWithName("PredecessorLink", nullptr);
         element->addChildElementWithName("LagFormat", format);

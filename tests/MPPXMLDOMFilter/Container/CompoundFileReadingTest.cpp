@@ -13,7 +13,7 @@ namespace {
 
 class Reading : public testing::Test {
 protected:
-    /// A reader of a file that holds these bytes, opened where it can be.
+    /// A reader of a file with these bytes, opened if possible.
     std::unique_ptr<MPPFormatReader> readerOf(const Bytes& bytes) {
         writeFile(_folder.path("T.mpp"), bytes);
         auto reader = std::make_unique<MPPFormatReader>(FileURL::fileURLWithPath(_folder.path("T.mpp"), false));
@@ -38,10 +38,10 @@ TEST_F(Reading, UnopenedReaderHasNothing) {
     EXPECT_EQ(_log.lines(), std::vector<std::string>{"opening a file at path /nowhere/T.mpp"});
 }
 
-TEST_F(Reading, TellsStoragesFromStreams) {
+TEST_F(Reading, DistinguishesStoragesFromStreams) {
     const auto root = readerOf(bytesOfCompoundFile({storage("Empty", {}), stream("Data", patternBytes(5000))}));
     ASSERT_TRUE(_opened);
-    EXPECT_TRUE(root->open()); // a second time it is open already and logs nothing
+    EXPECT_TRUE(root->open()); // already open: logs nothing
     EXPECT_EQ(_log.lines().size(), 1U);
     EXPECT_EQ(root->numberOfChildren(), 2);
     const auto empty = root->createReaderForChildWithName("Empty");
@@ -64,7 +64,7 @@ TEST_F(Reading, TellsStoragesFromStreams) {
     EXPECT_FALSE(root->createReaderForChildWithName("data"));
 }
 
-TEST_F(Reading, BufferOfAnotherSizeIsRefused) {
+TEST_F(Reading, BufferOfAnotherSizeIsRejected) {
     const auto root = readerOf(bytesOfCompoundFile({stream("Data", patternBytes(10))}));
     Bytes tooSmall(9);
     Bytes tooLarge(11);
@@ -72,9 +72,9 @@ TEST_F(Reading, BufferOfAnotherSizeIsRefused) {
     EXPECT_FALSE(root->createReaderForChildAtIndex(0)->getData(tooLarge));
 }
 
-TEST_F(Reading, StreamThatClaimsMoreThanTheFileIsNotAskedMemoryFor) {
+TEST_F(Reading, StreamLargerThanTheFileAllocatesNoMemory) {
     Bytes bytes = bytesOfCompoundFile({stream("Data", patternBytes(6000))});
-    // The stream's size stands in its directory entry, 120 bytes after the entry's name.
+    // The size of a stream is in its directory entry, 120 bytes after the entry's name.
     const Bytes name{'D', 0, 'a', 0, 't', 0, 'a', 0};
     const auto entry = std::search(bytes.begin(), bytes.end(), name.begin(), name.end());
     ASSERT_NE(entry, bytes.end());

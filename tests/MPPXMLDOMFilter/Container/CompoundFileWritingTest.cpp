@@ -37,7 +37,7 @@ protected:
 TEST_F(Writing, TreeIsReadBackAsWritten) {
     MPPFormatWriter root(urlOf(_path));
     ASSERT_TRUE(root.open());
-    EXPECT_TRUE(root.open()); // open already
+    EXPECT_TRUE(root.open()); // already open
     EXPECT_EQ(_log.lines(), std::vector<std::string>{"opening a file at path " + _path});
     {
         const auto folder = root.createChildWithName("   112", true);
@@ -75,7 +75,7 @@ TEST_F(Writing, TreeIsReadBackAsWritten) {
     EXPECT_EQ(*entryAt(tree, "Nothing"), storage("Nothing", {}));
 }
 
-TEST_F(Writing, SecondOpenStreamIsRefusedBeforeItHarmsTheFirst) {
+TEST_F(Writing, SecondOpenStreamIsRejectedBeforeItHarmsTheFirst) {
     MPPFormatWriter root(urlOf(_path));
     ASSERT_TRUE(root.open());
     auto first = root.createChildWithName("First", false);
@@ -85,7 +85,7 @@ TEST_F(Writing, SecondOpenStreamIsRefusedBeforeItHarmsTheFirst) {
     EXPECT_TRUE(root.createChildWithName("Second", false));
 }
 
-TEST_F(Writing, ClosedOrUnopenedNodesAndStreamsTakeNoChildren) {
+TEST_F(Writing, ClosedOrUnopenedNodesAndStreamsCreateNoChildren) {
     MPPFormatWriter root(urlOf(_path));
     EXPECT_FALSE(root.createChildWithName("A", true));
     EXPECT_FALSE(root.writeBytes(patternBytes(1)));
@@ -126,7 +126,7 @@ TEST_F(Writing, DestinationThatCannotBeCreatedIsLogged) {
     EXPECT_EQ(namesIn(_folder.path()), "");
 }
 
-TEST_F(Writing, FullDiskKeepsTheFileThatStoodThere) {
+TEST_F(Writing, FullDiskKeepsTheExistingFile) {
     const SmallDisk disk(200 << 10);
     writeFile(disk.path("Out.mpp"), patternBytes(1000));
     MPPFormatWriter root(urlOf(disk.path("Out.mpp")));

@@ -10,7 +10,7 @@
 namespace brackwater::test {
 namespace {
 
-/// Lets tests reach what stream writers use of the base.
+/// Gives tests access to the base class functions for stream writers.
 class Copier : public MPPWriter {
 public:
     using MPPWriter::copyChildFromTemplate;
@@ -34,7 +34,7 @@ TEST(Copier, CopiesAStream) {
     }
 }
 
-TEST(Copier, FailsForAStreamThatWasReadBefore) {
+TEST(Copier, FailsForAStreamThatWasAlreadyRead) {
     const std::shared_ptr<MPPFormatReader> stream =
         memoryTemplate({{"S", patternBytes(50)}})->createReaderForChildAtIndex(0);
     ASSERT_TRUE(stream->readAll());
@@ -43,7 +43,7 @@ TEST(Copier, FailsForAStreamThatWasReadBefore) {
     EXPECT_EQ(entry.copier.failureReason(), "the stream 'S' cannot be read from the template");
 }
 
-TEST(Copier, NamedChildIsCopiedOrTheFailureRaised) {
+TEST(Copier, CopiesANamedChildOrRaises) {
     const std::map<std::string, Bytes> streams = {{"VarMeta", patternBytes(30)}, {"Inner/X", {}}};
     {
         Entry entry(memoryTemplate(streams));
@@ -62,13 +62,13 @@ TEST(Copier, NamedChildIsCopiedOrTheFailureRaised) {
     }
 }
 
-TEST(Flush, ClearsTheBufferWhateverTheWriteAnswers) {
+TEST(Flush, ClearsTheBufferEvenIfTheWriteFails) {
     const auto output = std::make_shared<MemoryOutput>();
     MemoryWriter sink(output, "S", true);
     MPPData data;
     data.writeInteger(1);
     EXPECT_TRUE(MPPWriter::flushData(data, sink));
-    EXPECT_TRUE(MPPWriter::flushData(data, sink)); // the last flush of a buffer that holds nothing any more
+    EXPECT_TRUE(MPPWriter::flushData(data, sink)); // the last flush of an empty buffer
     output->failingCall = output->calls;
     data.writeInteger(2);
     EXPECT_FALSE(MPPWriter::flushData(data, sink));

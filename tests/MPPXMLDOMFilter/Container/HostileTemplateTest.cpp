@@ -21,7 +21,7 @@ void put32(Bytes& bytes, std::size_t offset, std::uint32_t value) {
         bytes.at(offset + i) = static_cast<std::uint8_t>(value >> (8 * i) & 0xFF);
 }
 
-/// Reads all that a node gives, as a walk would, and counts the bytes.
+/// Reads the whole tree, as a walk would, and counts the bytes.
 std::size_t readTree(const MPPFormatReader& node) {
     std::size_t total = 0;
     for (std::int32_t i = 0; i < node.numberOfChildren(); ++i) {
@@ -38,7 +38,7 @@ std::size_t readTree(const MPPFormatReader& node) {
 
 class HostileTemplates : public testing::Test {
 protected:
-    /// Opens and reads these bytes as a template; no more than `bytes` can hold may come out of any one stream.
+    /// Opens and reads these bytes as a template; no stream may be longer than `bytes`.
     bool survives(const Bytes& bytes) {
         writeFile(_folder.path("T.mpp"), bytes);
         const auto url = FileURL::fileURLWithPath(_folder.path("T.mpp"), false);
@@ -62,14 +62,14 @@ protected:
     });
 };
 
-TEST_F(HostileTemplates, CutShortAnywhereAreReadOrRefused) {
+TEST_F(HostileTemplates, TruncatedAnywhereAreReadOrRejected) {
     ASSERT_TRUE(survives(_whole));
     for (std::size_t size = 0; size < _whole.size(); size += size < 1200 ? 37 : 211)
         survives(Bytes(_whole.begin(), _whole.begin() + static_cast<std::ptrdiff_t>(size)));
     EXPECT_FALSE(survives(Bytes(_whole.begin(), _whole.begin() + kSector)));
 }
 
-TEST_F(HostileTemplates, WithDamagedBytesAreReadOrRefused) {
+TEST_F(HostileTemplates, WithDamagedBytesAreReadOrRejected) {
     std::mt19937 random(20071);
     const std::size_t tables = integerAt(_whole, 48) * kSector; // the directory and the allocation table come last
     for (int round = 0; round < 1500; ++round) {
@@ -83,7 +83,7 @@ TEST_F(HostileTemplates, WithDamagedBytesAreReadOrRefused) {
     }
 }
 
-TEST_F(HostileTemplates, RandomBytesAreRefused) {
+TEST_F(HostileTemplates, OfRandomBytesAreRejected) {
     for (unsigned seed = 1; seed < 40; ++seed) {
         Bytes bytes = patternBytes(seed * 300, seed);
         EXPECT_FALSE(survives(bytes));
@@ -92,7 +92,7 @@ TEST_F(HostileTemplates, RandomBytesAreRefused) {
     }
 }
 
-TEST_F(HostileTemplates, LoopsInTheAllocationTableEnd) {
+TEST_F(HostileTemplates, WithLoopsInTheAllocationTableTerminate) {
     const std::size_t table = (integerAt(_whole, 76) + 1) * kSector;
     const std::uint32_t sectors = static_cast<std::uint32_t>(_whole.size() / kSector) - 1;
     for (std::uint32_t from = 0; from < sectors; ++from) {
@@ -102,20 +102,20 @@ TEST_F(HostileTemplates, LoopsInTheAllocationTableEnd) {
             survives(looped);
         }
     }
-    Bytes listLoop = _whole; // the list of the table's sectors leads to itself
+    Bytes listLoop = _whole; // the list of the table's sectors points to itself
     put32(listLoop, 68, 0);
     put32(listLoop, 72, 0xFFFFFFFF);
     put32(listLoop, 44, 0xFFFFFFFF);
     survives(listLoop);
 }
 
-/// A file of `count` empty storages that follow one another as each other's right sibling, or each inside the one
-/// before: what the compound-file library reads by as many levels of recursion.
+/// A file of `count` empty storages, each the right sibling of the one before or nested in it: the compound-file
+/// library needs that many levels of recursion for it.
 Bytes chainedDirectory(std::uint32_t count, bool nested) {
     constexpr std::size_t kEntry = 128;
     constexpr std::uint32_t kNone = 0xFFFFFFFF;
     constexpr std::uint32_t kEndOfChain = 0xFFFFFFFE;
-    const std::uint32_t sectors = (count + 4) / 4; // with the root
+    const std::uint32_t sectors = (count + 4) / 4; // including the root
     const std::uint32_t tables = sectors / 127 + 1;
     const std::uint32_t lists = tables > 109 ? (tables - 109) / 127 + 1 : 0;
     Bytes bytes((1 + std::size_t{sectors} + tables + lists) * kSector);
@@ -158,7 +158,7 @@ Bytes chainedDirectory(std::uint32_t count, bool nested) {
     return bytes;
 }
 
-TEST_F(HostileTemplates, DirectoriesThatWouldOverrunTheStackAreRefused) {
+TEST_F(HostileTemplates, WithDirectoriesThatWouldOverflowTheStackAreRejected) {
     for (const bool nested : {false, true}) {
         EXPECT_TRUE(survives(chainedDirectory(5000, nested)));
         EXPECT_FALSE(survives(chainedDirectory(12000, nested)));

@@ -15,7 +15,7 @@
 namespace brackwater::test {
 namespace {
 
-/// Packs the bytes, as often in a row as told.
+/// Compresses the bytes `times` times.
 Bytes gzip(const Bytes& bytes, int times = 1) {
     z_stream stream{};
     constexpr int kGzipHeader = 16;
@@ -65,7 +65,7 @@ protected:
         writeFile(_folder.path("T.mpp"), bytes);
         return opens("T.mpp");
     }
-    /// What the stream "Data" of the open template holds.
+    /// The contents of the stream "Data" of the open template.
     Bytes data() { return _root->createReaderForChildWithName("Data")->readAll().value(); }
 
     CompoundFileLibrary _library;
@@ -84,14 +84,14 @@ TEST_F(Packed, TemplatesOpenLikePlainOnes) {
     EXPECT_EQ(data(), patternBytes(200000));
 }
 
-TEST_F(Packed, NoEndOfWrappingsIsWaitedFor) {
+TEST_F(Packed, NestedCompressionIsLimited) {
     Bytes bytes = _plain;
     for (int i = 0; i < 5; ++i)
         bytes = gzip(bytes);
     EXPECT_FALSE(opens(bytes));
 }
 
-TEST_F(Packed, GarbageDoesNotOpen) {
+TEST_F(Packed, GarbageIsRejected) {
     const auto cut = [](Bytes bytes, std::size_t size) {
         bytes.resize(size);
         return bytes;
@@ -109,7 +109,7 @@ TEST_F(Packed, GarbageDoesNotOpen) {
     EXPECT_FALSE(opens(bzip2({})));
 }
 
-TEST_F(Packed, BombIsRefusedWithinBoundedMemory) {
+TEST_F(Packed, BombIsRejectedWithinLimitedMemory) {
     const Bytes zeros(std::size_t{1} << 20);
     const Bytes gzipped = gzip(zeros, 300);
     const Bytes bzipped = bzip2(zeros, 300);
@@ -120,9 +120,9 @@ TEST_F(Packed, BombIsRefusedWithinBoundedMemory) {
     EXPECT_LT(peakKilobytes() - before, 500L << 10);
 }
 
-TEST_F(Packed, WhatIsNoRegularFileIsNotOpened) {
+TEST_F(Packed, OnlyRegularFilesAreOpened) {
     mkfifo(_folder.path("Pipe.mpp").c_str(), 0600);
-    EXPECT_FALSE(opens("Pipe.mpp")); // opening it would wait for a writer
+    EXPECT_FALSE(opens("Pipe.mpp")); // opening it would block until a writer opens it
     _folder.makeFolder("Folder.mpp");
     EXPECT_FALSE(opens("Folder.mpp"));
     std::filesystem::create_symlink("/dev/zero", _folder.path("Device.mpp"));

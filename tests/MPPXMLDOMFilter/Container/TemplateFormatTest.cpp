@@ -40,19 +40,19 @@ TEST_F(TemplateFormat, IsNamedByTheSecondText) {
     EXPECT_EQ(versionOf(std::string(5000, 'x'), "MSProject.MPP14"), 3);
 }
 
-TEST_F(TemplateFormat, OfTheFourthProgramIsUnknownWhateverTheSecondTextSays) {
+TEST_F(TemplateFormat, OfVersion4IsUnknownWhateverTheSecondText) {
     EXPECT_EQ(versionOf("Microsoft Project 4.0", "MSProject.MPP12"), 0);
     EXPECT_EQ(versionOf("microsoft project 4.0", "MSProject.MPP12"), 2);
 }
 
-TEST_F(TemplateFormat, IsUnknownWithoutTheNamingStream) {
+TEST_F(TemplateFormat, IsUnknownWithoutCompObj) {
     EXPECT_EQ(versionOf({stream("CompObj", compObj2007().bytes)}), 0);
     EXPECT_EQ(versionOf({storage(compObj2007().name, {})}), 0);
     EXPECT_EQ(versionOf({stream(compObj2007().name, {})}), 0);
     EXPECT_EQ(versionOf({storage("Inner", {compObj2007()})}), 0);
 }
 
-TEST_F(TemplateFormat, IsUnknownWhereTheStreamEndsEarly) {
+TEST_F(TemplateFormat, IsUnknownIfTheStreamEndsEarly) {
     const CompoundEntry whole = compObj2007();
     for (std::size_t size = 1; size < whole.bytes.size(); ++size) {
         CompoundEntry cut = whole;

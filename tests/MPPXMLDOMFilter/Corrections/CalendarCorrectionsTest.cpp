@@ -19,7 +19,7 @@ constexpr auto kOff = MPPSourceEventKind::TimeOff;
 constexpr auto kOver = MPPSourceEventKind::Overtime;
 constexpr auto kHours = MPPSourceEventKind::Hours;
 
-// An event of the days counted from that Monday.
+// An event with days counted from that Monday.
 MPPSourceEvent event(MPPSourceEventKind kind, int firstDay, int lastDay, std::uint32_t start, std::uint32_t end) {
     return {kind, "E", kMonday + firstDay, kMonday + lastDay, start, end};
 }
@@ -35,7 +35,7 @@ std::shared_ptr<MPPCalendar> calendarWithWeek() {
     return calendar;
 }
 
-// "1-2 08:00-12:00 " for the days from that Monday on.
+// "1-2 08:00-12:00 " for the days, counted from that Monday.
 std::string textOf(const MPPCalendar& calendar) {
     const auto day = [](const std::optional<Date>& date) {
         return static_cast<std::int64_t>(date->secondsSince1970) / 86400 - kMonday;
@@ -63,7 +63,7 @@ protected:
     MPPProject project;
 };
 
-TEST_F(CalendarCorrections, EventsBecomeTheHoursThatAreLeftOfTheirDays) {
+TEST_F(CalendarCorrections, EventsBecomeTheRemainingHoursOfTheirDays) {
     struct Row {
         MPPCalendarSource events;
         const char* expected;
@@ -78,7 +78,7 @@ TEST_F(CalendarCorrections, EventsBecomeTheHoursThatAreLeftOfTheirDays) {
          "0-0 08:00-12:00 13:00-17:00 22:00-00:00 ; 1-1 00:00-02:00 08:00-12:00 13:00-17:00 ; "},
         {{event(kOff, 0, 0, 0, 1440), event(kOver, 0, 0, 600, 720)}, "0-0 10:00-12:00 ; "},
         {{event(kHours, 5, 5, 540, 600)}, "5-5 09:00-10:00 ; "},
-        // Six ranges: the two nearest are joined.
+        // Six ranges: the two closest are joined.
         {{event(kHours, 0, 0, 0, 60), event(kHours, 0, 0, 120, 180), event(kHours, 0, 0, 240, 300),
           event(kHours, 0, 0, 310, 360), event(kHours, 0, 0, 420, 480), event(kHours, 0, 0, 540, 600)},
          "0-0 00:00-01:00 02:00-03:00 04:00-06:00 07:00-08:00 09:00-10:00 ; "},
@@ -90,7 +90,7 @@ TEST_F(CalendarCorrections, EventsBecomeTheHoursThatAreLeftOfTheirDays) {
     }
 }
 
-TEST_F(CalendarCorrections, ALongSpanOfHoursIsAWorkWeekAndALongTimeOffAnException) {
+TEST_F(CalendarCorrections, LongSpanOfHoursIsAWorkWeekAndLongTimeOffAnException) {
     project.standardCalendar->source = std::make_shared<MPPCalendarSource>(
         MPPCalendarSource{event(kOver, 0, 200, 1080, 1140), event(kOff, 300, 900000, 0, 1440)});
     correctCalendarHours(project);
@@ -99,7 +99,7 @@ TEST_F(CalendarCorrections, ALongSpanOfHoursIsAWorkWeekAndALongTimeOffAnExceptio
     EXPECT_EQ(descriptionOfRanges(week.mondayWorkRanges.get()), "08:00-12:00 13:00-17:00 18:00-19:00 ");
     EXPECT_EQ(descriptionOfRanges(week.sundayWorkRanges.get()), "18:00-19:00 ");
     EXPECT_EQ(week.endDate->secondsSince(*week.startDate), 201 * 86400.0 - 1);
-    EXPECT_EQ(textOf(*project.standardCalendar), "300-49761 ; "); // to the format's last day
+    EXPECT_EQ(textOf(*project.standardCalendar), "300-49761 ; "); // until the format's last day
 }
 
 TEST_F(CalendarCorrections, TimeOffOfAResourceAddsNoHoursToADayOff) {
@@ -111,7 +111,7 @@ TEST_F(CalendarCorrections, TimeOffOfAResourceAddsNoHoursToADayOff) {
     EXPECT_EQ(textOf(calendar), "0-0 ; 1-1 10:00-12:00 13:00-17:00 ; ");
 }
 
-TEST_F(CalendarCorrections, ADayOfTheWeekThatCrossesMidnightGoesOnTheNextDay) {
+TEST_F(CalendarCorrections, WeekdayThatCrossesMidnightContinuesOnTheNextDay) {
     MPPCalendarWorkWeek& week = *project.standardCalendar->defaultWorkWeek;
     week.fridayWorkRanges = std::make_shared<MPPRangeList>(rangeListOf({{1320, 360}}));
     MPPCalendar& calendar = addResourceCalendar();
@@ -125,7 +125,7 @@ TEST_F(CalendarCorrections, ADayOfTheWeekThatCrossesMidnightGoesOnTheNextDay) {
     EXPECT_EQ(calendar.defaultWorkWeek->wednesdayWorkRanges, nullptr);
 }
 
-TEST_F(CalendarCorrections, ExceptionsAreCountedAndNumberedThroughAllCalendars) {
+TEST_F(CalendarCorrections, ExceptionsAreCountedAndNumberedAcrossCalendars) {
     const auto source =
         std::make_shared<MPPCalendarSource>(MPPCalendarSource{event(kOff, 0, 2, 0, 1440), event(kOff, 7, 7, 0, 1440)});
     project.standardCalendar->source = source;
@@ -139,7 +139,7 @@ TEST_F(CalendarCorrections, ExceptionsAreCountedAndNumberedThroughAllCalendars) 
     EXPECT_EQ(calendar.exceptions[0]->number, 3U);
 }
 
-TEST_F(CalendarCorrections, BaseCalendarsWithoutANameGetOneOfTheirOwn) {
+TEST_F(CalendarCorrections, NamelessBaseCalendarsGetUniqueNames) {
     for (const char* name : {"", "Calendar 3", ""}) {
         project.baseCalendars.push_back(std::make_shared<MPPCalendar>());
         project.baseCalendars.back()->name = name;
@@ -153,7 +153,7 @@ TEST_F(CalendarCorrections, BaseCalendarsWithoutANameGetOneOfTheirOwn) {
     EXPECT_EQ(project.defaultResource()->calendar.record()->baseCalendar.record(), project.standardCalendar.get());
 }
 
-TEST_F(CalendarCorrections, ADayHasTheMinutesOfMostWorkingDaysAndAWeekAll) {
+TEST_F(CalendarCorrections, DayHasTheMinutesOfMostWorkingDaysAndWeekOfAll) {
     project.standardCalendar->defaultWorkWeek->fridayWorkRanges = dayOf({{480, 840}});
     correctMinutesPerDay(project);
     EXPECT_EQ(project.minutesPerDay, 480U);

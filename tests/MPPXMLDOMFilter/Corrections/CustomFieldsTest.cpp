@@ -25,7 +25,7 @@ protected:
     MPPProject project;
 };
 
-TEST_F(CustomFields, AKeyIsOneFieldOfAllRecordsOfAKind) {
+TEST_F(CustomFields, KeyIsOneFieldOfAllRecordsOfAKind) {
     const MPPTask& first = addTask({{"Trade", "Masonry"}, {"Floor", "Ground"}});
     const MPPTask& second = addTask({{"Floor", "Upper"}, {"Empty", ""}, {"Colour", "red"}, {"Colour", "blue"}});
     project.resources.push_back(std::make_shared<MPPResource>());
@@ -53,7 +53,7 @@ TEST_F(CustomFields, KeysBeyondThirtyAreLeftOut) {
     EXPECT_EQ(other.customFieldValues.back(), "b");
 }
 
-TEST_F(CustomFields, LongAliasesAreCutAndStayApart) {
+TEST_F(CustomFields, LongAliasesAreTruncatedAndStayUnique) {
     const std::string longKey(49, 'x');
     addTask({{longKey + "\U0001F600 one", "a"}, {longKey + "ä two", "b"}, {longKey + "ä three", "c"}});
     numberCustomFields(project);
@@ -71,7 +71,7 @@ TEST_F(CustomFields, InitialsAreTheFirstCharacterOfAName) {
     }
 }
 
-TEST_F(CustomFields, TheProjectsRowKeepsThoseOfTheTopTask) {
+TEST_F(CustomFields, ProjectRowKeepsThoseOfTheTopTask) {
     addTask({{"Phase", "1"}}).notes = "About the plan\n";
     const std::shared_ptr<MPPTask> top = project.tasks.front();
     project.tasks.clear();

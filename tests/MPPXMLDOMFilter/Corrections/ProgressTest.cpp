@@ -7,7 +7,7 @@
 namespace brackwater {
 namespace {
 
-TEST(SharedWork, FollowsTheKindsOfResources) {
+TEST(SharedWork, DependsOnTheKindsOfResources) {
     constexpr auto kStaff = MPPResourceKind::Staff;
     constexpr auto kEquipment = MPPResourceKind::Equipment;
     struct Row {
@@ -29,7 +29,7 @@ TEST(SharedWork, FollowsTheKindsOfResources) {
         EXPECT_EQ(sharedWork(row.shares, row.effort, row.duration), row.work) << row.what;
 }
 
-TEST(ProgressPath, OfASplitTaskLeavesThePausesOut) {
+TEST(ProgressPath, OfASplitTaskSkipsTheGaps) {
     MPPTask task;
     task.startDate = Date{0};
     task.endDate = Date{1000};
@@ -49,7 +49,7 @@ TEST(ProgressPath, OfASplitTaskLeavesThePausesOut) {
     EXPECT_EQ(points[4].moment, std::nullopt);
 }
 
-TEST(WrittenAmounts, ReachAHundredPercentOnlyWhenAllIsDone) {
+TEST(WrittenAmounts, ReachOneHundredPercentOnlyWhenAllIsDone) {
     EXPECT_EQ(wholePercent(0.29), 29U);
     EXPECT_EQ(wholePercent(0.005), 1U);
     EXPECT_EQ(wholePercent(0.999), 99U);

@@ -8,7 +8,7 @@
 namespace brackwater::test {
 namespace {
 
-TEST(GuidOrder, FirstThreeGroupsOfEveryRecordAreTurnedOnce) {
+TEST(GuidOrder, FirstThreeGroupsOfEveryRecordAreSwappedOnce) {
     MPPProject project;
     const auto calendar = std::make_shared<MPPCalendar>();
     for (int i = 0; i < 2; ++i) { // who share it
@@ -31,9 +31,9 @@ TEST(GuidOrder, FirstThreeGroupsOfEveryRecordAreTurnedOnce) {
     EXPECT_EQ(project.defaultResource()->GUID(), defaultBefore);
 }
 
-TEST(DateBounds, DatesThatWouldWrapAroundAreTakenOut) {
+TEST(DateBounds, DatesThatWouldWrapAroundAreRemoved) {
     const ScopedTimeZone zone("Europe/Berlin");
-    constexpr double kFirst = 441676800 - 3600.0; // 1983-12-31 00:00 there, in winter
+    constexpr double kFirst = 441676800 - 3600.0; // 1983-12-31 00:00 in that zone, in winter
     constexpr double kEnd = 441676800 + 65535 * 86400.0 - 7200.0;
     struct Row {
         double second;
@@ -59,7 +59,7 @@ TEST(DateBounds, DatesThatWouldWrapAroundAreTakenOut) {
     }
 }
 
-TEST(DateBounds, SpansOfDaysAreCutAtTheBounds) {
+TEST(DateBounds, SpansOfDaysAreClippedToTheBounds) {
     const ScopedTimeZone zone("UTC");
     MPPProject project;
     const auto add = [&project](double start, double end) {

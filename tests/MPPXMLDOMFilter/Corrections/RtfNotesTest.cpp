@@ -14,7 +14,7 @@ std::string framed(const std::string& paragraphs) {
            paragraphs + "}\r\n";
 }
 
-TEST(RtfNotes, ALineIsAParagraphAndEveryCharacterIsTold) {
+TEST(RtfNotes, EachLineIsAParagraphAndNoCharacterIsLost) {
     struct Case {
         std::string notes;
         std::string paragraphs;
@@ -35,7 +35,7 @@ TEST(RtfNotes, ALineIsAParagraphAndEveryCharacterIsTold) {
         EXPECT_EQ(rtfOfNotes(row.notes), framed(row.paragraphs)) << row.notes;
 }
 
-TEST(RtfNotes, EmptyNotesAreNone) {
+TEST(RtfNotes, EmptyNotesAreAbsent) {
     MPPProject project;
     project.tasks = {std::make_shared<MPPTask>(), std::make_shared<MPPTask>()};
     project.resources = {std::make_shared<MPPResource>()};

@@ -10,7 +10,7 @@
 namespace brackwater::test {
 namespace {
 
-// All days of the calendar are worked from 8 to 16.
+// All days of the calendar have working time from 8 to 16.
 Date march(std::int64_t day, std::int64_t hour) {
     return GregorianCalendar().dateFromFields({2027, 3, day, hour, 0, 0}).value();
 }
@@ -54,7 +54,7 @@ protected:
         assignment->finishDate = task->endDate;
     }
 
-    // Two days, a pause of one day, and a day and a half.
+    // Two days, a gap of one day, and a day and a half.
     void split(double firstEffort, double secondEffort) {
         task->source->segments = {{march(1, 8), march(2, 16), 16 * 3600, firstEffort},
                                   {march(4, 8), march(5, 12), 12 * 3600, secondEffort}};
@@ -76,7 +76,7 @@ protected:
     std::shared_ptr<MPPAssignment> assignment = std::make_shared<MPPAssignment>();
 };
 
-TEST_F(SplitTasks, TheWorkThatIsDoneAndTheRestAreSpreadOverThePieces) {
+TEST_F(SplitTasks, ActualAndRemainingWorkAreSpreadOverThePieces) {
     struct Case {
         std::string what;
         double firstEffort, secondEffort;
@@ -112,7 +112,7 @@ TEST_F(SplitTasks, TheWorkThatIsDoneAndTheRestAreSpreadOverThePieces) {
     EXPECT_EQ(task->duration, 28 * 3600);
 }
 
-TEST_F(SplitTasks, WorkWithoutPausesIsToldByItsSum) {
+TEST_F(SplitTasks, WorkWithoutGapsIsWrittenAsItsSum) {
     work(12, 24);
     assignment->stopDate = assignment->resumeDate = march(2, 12);
     const MPPWorkOverTime& found = spread();
@@ -123,7 +123,7 @@ TEST_F(SplitTasks, WorkWithoutPausesIsToldByItsSum) {
     EXPECT_EQ(task->duration, 36 * 3600);
 }
 
-TEST_F(SplitTasks, PiecesThatDoNotFollowEachOtherAreLeftOut) {
+TEST_F(SplitTasks, PiecesOutOfOrderAreLeftOut) {
     split(16, 12);
     auto& segments = task->source->segments;
     segments.push_back({march(3, 8), march(3, 16), 8 * 3600, 8});

@@ -49,8 +49,8 @@ void addException(MPPCalendar& calendar, Date first, Date last, const MPPRangeLi
 
 class WorkingTimelineTest : public testing::Test {
 protected:
-    // The standard week; Wednesday the 10th is free. The painter works on Saturday mornings and on the free Wednesday's
-    // morning, and has the 15th off.
+    // The standard week; Wednesday the 10th is free. The painter works on Saturday mornings and on the morning of the
+    // free Wednesday, and has the 15th off.
     WorkingTimelineTest() {
         standard->defaultWorkWeek = weekOf(ranges({{8, 12}, {13, 17}}), {});
         addException(*standard, march(10, 0), march(10, 0));
@@ -65,7 +65,7 @@ protected:
     MPPCalendar painter;
 };
 
-TEST_F(WorkingTimelineTest, AdvancesThroughPausesExceptionsAndWeeks) {
+TEST_F(WorkingTimelineTest, AdvancesThroughBreaksExceptionsAndWeeks) {
     struct Row {
         const char* what;
         const MPPCalendar& calendar;
@@ -95,7 +95,7 @@ TEST_F(WorkingTimelineTest, AdvancesThroughPausesExceptionsAndWeeks) {
     }
 }
 
-TEST_F(WorkingTimelineTest, WorkGoesOnAtTheNextRange) {
+TEST_F(WorkingTimelineTest, WorkResumesAtTheNextRange) {
     const WorkingTimeline line(*standard);
     for (const auto& [from, next] : {std::pair(march(1, 9), march(1, 9)), std::pair(march(1, 12), march(1, 13)),
                                      std::pair(march(1, 8), march(1, 8)), std::pair(march(5, 17), march(8, 8)),
@@ -103,7 +103,7 @@ TEST_F(WorkingTimelineTest, WorkGoesOnAtTheNextRange) {
         EXPECT_EQ(line.nextWorkingMoment(from), next);
 }
 
-TEST_F(WorkingTimelineTest, DatedWeeksGoBeforeTheUsualOneAndBehindExceptions) {
+TEST_F(WorkingTimelineTest, DatedWeeksOverrideTheUsualOneButNotExceptions) {
     auto shift = weekOf(ranges({{0, 24}}), {});
     shift->tuesdayWorkRanges = nullptr;
     shift->startDate = march(8, 0);
@@ -113,14 +113,14 @@ TEST_F(WorkingTimelineTest, DatedWeeksGoBeforeTheUsualOneAndBehindExceptions) {
     EXPECT_EQ(line.workingSecondsBetween(march(8, 0), march(15, 0)), (24 + 8 + 0 + 24 + 24) * kHour);
 }
 
-TEST_F(WorkingTimelineTest, KeepsTheWallClockOverAChangeOfTheClock) {
+TEST_F(WorkingTimelineTest, KeepsLocalTimeAcrossAClockChange) {
     const test::ScopedTimeZone zone("Europe/Berlin"); // 2027-03-28, 2:00 to 3:00
     const WorkingTimeline line(*standard);
     EXPECT_EQ(line.advance(march(26, 16), 2 * kHour), march(29, 9));
     EXPECT_EQ(line.nextWorkingMoment(march(28, 1)), march(29, 8));
 }
 
-TEST_F(WorkingTimelineTest, EndsWithCalendarsThatNeverWork) {
+TEST_F(WorkingTimelineTest, TerminatesForCalendarsWithoutWorkingTime) {
     MPPCalendar idle;
     idle.defaultWorkWeek = weekOf({}, {});
     EXPECT_EQ(WorkingTimeline(idle).advance(march(1, 8), 1), std::nullopt);
@@ -142,7 +142,7 @@ TEST_F(WorkingTimelineTest, EndsWithCalendarsThatNeverWork) {
     ring->baseCalendar.clear();
 }
 
-TEST_F(WorkingTimelineTest, CalendarsThatSayNothingShareTheLineOfTheirBase) {
+TEST_F(WorkingTimelineTest, EmptyCalendarsShareTheLineOfTheirBase) {
     MPPCalendar silent;
     silent.baseCalendar.setRecord(standard);
     WorkingTimelines timelines;

@@ -6,7 +6,7 @@
 namespace brackwater::test {
 namespace {
 
-TEST(Records, ANewProjectHasTheRecordOfWorkWithoutAResource) {
+TEST(Records, NewProjectHasTheDefaultResource) {
     const MPPProject project;
     const Guid guid(Guid::Bytes{0x7E, 0x8B, 0xCB, 0xA0, 0x8C, 0x2A, 0x6D, 0x43, 0, 0, 0, 0, 0, 0, 0, 0xFF});
     const MPPResource& resource = *project.defaultResource();
@@ -22,7 +22,7 @@ TEST(Records, ANewProjectHasTheRecordOfWorkWithoutAResource) {
     EXPECT_FALSE(project.calendar.record());
 }
 
-TEST(Records, TheIndexesOfAssignmentsAreBuiltOnce) {
+TEST(Records, IndexesOfAssignmentsAreBuiltOnce) {
     MPPProject project;
     const auto assignment = std::make_shared<MPPAssignment>();
     assignment->ID = 0x500000002; // found by its low 32 bits
@@ -36,7 +36,7 @@ TEST(Records, TheIndexesOfAssignmentsAreBuiltOnce) {
     EXPECT_EQ(project.idToAssignmentMap().count(9), 0U);
 }
 
-TEST(Records, TimesOfDayGuardTheirFields) {
+TEST(Records, TimesOfDayLimitTheirFields) {
     MPPCalendarTime time;
     time.setHours(23);
     time.setMinutes(59);
@@ -47,7 +47,7 @@ TEST(Records, TimesOfDayGuardTheirFields) {
     EXPECT_EQ(time.minutes(), 59);
 }
 
-TEST(Records, AReferenceIsUnsetAProxyOrARecord) {
+TEST(Records, ReferenceIsUnsetAProxyOrARecord) {
     MPPTask task;
     TaskReference reference;
     EXPECT_TRUE(reference.isUnset());
@@ -65,7 +65,7 @@ TEST(Records, AReferenceIsUnsetAProxyOrARecord) {
     EXPECT_TRUE(reference.isUnset());
 }
 
-TEST(Records, ADescribedCalendarListsItsWeeksAndExceptions) {
+TEST(Records, DescriptionOfACalendarListsItsWeeksAndExceptions) {
     auto base = std::make_shared<MPPCalendar>();
     base->ID = 3;
     MPPCalendar calendar;

@@ -17,7 +17,7 @@
 namespace brackwater::test {
 namespace {
 
-/// Whether the entry of this name in a folder of this name is written by exactly this class.
+/// Whether exactly this class writes the entry of this name in a folder of this name.
 template <typename Class>
 bool isWrittenBy(std::string_view name, std::string_view parent) {
     const auto writer = newWriterForEntry(
@@ -48,7 +48,7 @@ TEST(EntryTable, FindsMostEntriesInAnyFolder) {
     }
 }
 
-TEST(EntryTable, CalendarsAndLinksGoByTheFolder) {
+TEST(EntryTable, CalendarsAndLinksDependOnTheFolder) {
     EXPECT_TRUE(isWrittenBy<MPP12CalendarWriter>("TBkndCal", k2007));
     EXPECT_TRUE(isWrittenBy<MPP14CalendarWriter>("TBkndCal", k2010));
     EXPECT_TRUE(isWrittenBy<MPP12ConstraintWriter>("TBkndCons", k2007));
@@ -61,7 +61,7 @@ TEST(EntryTable, CalendarsAndLinksGoByTheFolder) {
     }
 }
 
-TEST(EntryTable, LeavesAllElseToTheCopier) {
+TEST(EntryTable, LeavesOtherEntriesToTheCopier) {
     for (const std::string_view name : {"", "tbkndtask", "TBkndTask ", "TBkndOutlCode", "SummaryInformation", "CFilter",
                                         "\x01"
                                         "CompObj"})

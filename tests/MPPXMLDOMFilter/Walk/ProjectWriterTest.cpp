@@ -17,7 +17,7 @@ FileURL urlOf(const std::string& path) { return FileURL::fileURLWithPath(path, f
 
 class ProjectWriter : public testing::Test {
 protected:
-    /// Writes into `output` from a template of these bytes.
+    /// Writes to `output` with a template of these bytes.
     bool write(const Bytes& templateBytes, const std::string& output) {
         writeFile(_template, templateBytes);
         _failure = {};
@@ -41,7 +41,7 @@ const CompoundTree kCopied = {
                        storage("Store", {stream("A", patternBytes(4096)), stream("B", patternBytes(4095))})}),
 };
 
-TEST_F(ProjectWriter, UnknownEntriesComeOutAsTheyWere) {
+TEST_F(ProjectWriter, UnknownEntriesAreCopiedUnchanged) {
     ASSERT_TRUE(write(kCopied)) << _failure.entryPath << ": " << _failure.reason;
     EXPECT_EQ(readCompoundFile(_output), readCompoundFile(_template));
     EXPECT_EQ(_log.lines(), (std::vector<std::string>{"opening a file at path " + _template, "writeProject started\n",
@@ -49,14 +49,14 @@ TEST_F(ProjectWriter, UnknownEntriesComeOutAsTheyWere) {
                                                       "opening a file at path " + _output, "writeProject finished\n"}));
 }
 
-TEST_F(ProjectWriter, OutputOfAnOutputIsTheSameFile) {
+TEST_F(ProjectWriter, OutputAsTemplateGivesTheSameFile) {
     ASSERT_TRUE(write(kCopied));
     const Bytes first = readFile(_output);
     ASSERT_TRUE(write(first, _folder.path("Second.mpp")));
     EXPECT_EQ(readFile(_folder.path("Second.mpp")), first);
 }
 
-TEST_F(ProjectWriter, OtherFormatVersionsAreRefusedWithoutAWord) {
+TEST_F(ProjectWriter, OtherFormatVersionsAreRejectedSilently) {
     const CompoundTree refused[] = {
         {compObj("Microsoft Project 11.0", "MSProject.MPP9")},
         {compObj("Microsoft Project 14.0", "MSProject.MPP14")},
@@ -95,7 +95,7 @@ TEST_F(ProjectWriter, ProjectIsPreparedOnlyForATemplateThatIsWritten) {
     EXPECT_EQ(project.tasks.back()->ID, 2U);
 }
 
-TEST_F(ProjectWriter, FailedEntryLeavesTheFileAsFarAsItGot) {
+TEST_F(ProjectWriter, FailedEntryLeavesAPartialFile) {
     EXPECT_FALSE(write({compObj2007(), stream("Early", patternBytes(5000)),
                         storage("Folder", {storage("Store", {stream("A", patternBytes(9)), storage("Deep", {})})}),
                         stream("LastEntry", {})}));
@@ -109,7 +109,7 @@ TEST_F(ProjectWriter, FailedEntryLeavesTheFileAsFarAsItGot) {
     EXPECT_EQ(_log.lines().back(), "writeProject finished\n");
 }
 
-TEST_F(ProjectWriter, DamagedTemplatesEndInAnAnswer) {
+TEST_F(ProjectWriter, DamagedTemplatesAlwaysGiveAResult) {
     const Bytes whole = bytesOfCompoundFile(kCopied);
     std::mt19937 random(12);
     for (int round = 0; round < 150; ++round) {

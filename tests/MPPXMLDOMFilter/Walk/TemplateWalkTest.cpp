@@ -8,7 +8,7 @@
 namespace brackwater::test {
 namespace {
 
-/// A walk over a template in memory into a sink in memory.
+/// A walk from an in-memory template to an in-memory sink.
 struct Walked {
     explicit Walked(const CompoundTree& tree, std::optional<std::size_t> failingCall = {}) {
         output->failingCall = failingCall;
@@ -23,14 +23,14 @@ struct Walked {
 
 const CompoundTree kUnknownEntries = {
     stream("Other", patternBytes(6000)),
-    stream("Props", patternBytes(50)), // only in a project folder is it known
+    stream("Props", patternBytes(50)), // known only in a project folder
     storage("Folder", {stream("Inner", patternBytes(10)),
                        storage("Store", {stream("One", patternBytes(20)), stream("Empty", {})})}),
     storage("   212", {stream("Props", patternBytes(60)), storage("TBkndCal", {stream("X", patternBytes(70))})}),
     storage("Nothing", {}),
 };
 
-TEST(TemplateWalk, CopiesWhatItDoesNotKnowInTheTemplatesOrder) {
+TEST(TemplateWalk, CopiesUnknownEntriesInTheTemplatesOrder) {
     const Walked walk(kUnknownEntries);
     EXPECT_TRUE(walk.written);
     EXPECT_EQ(walk.output->streams, (std::map<std::string, Bytes>{{"Other", patternBytes(6000)},
@@ -48,7 +48,7 @@ TEST(TemplateWalk, CopiesWhatItDoesNotKnowInTheTemplatesOrder) {
     EXPECT_EQ(walk.output->openStreams, 0);
 }
 
-TEST(TemplateWalk, StoragesOfTheRootAreFoldersWhateverTheirName) {
+TEST(TemplateWalk, RootStoragesAreFoldersWhateverTheirName) {
     const Walked walk({storage("TBkndTask", {stream("Data", patternBytes(10))}),
                        storage("CEdl", {storage("Store", {stream("Data", patternBytes(20))})})});
     EXPECT_TRUE(walk.written);
@@ -64,7 +64,7 @@ TEST(TemplateWalk, StreamWriterWithoutAProjectFails) {
     EXPECT_EQ(walk.output->created, (std::vector<std::string>{"   112", "   112/TBkndTask"}));
 }
 
-TEST(TemplateWalk, FailsWithPlaceAndReasonWhicheverCallOfTheSinkFails) {
+TEST(TemplateWalk, ReportsPathAndReasonWhicheverSinkCallFails) {
     const std::size_t calls = Walked(kUnknownEntries).output->calls;
     ASSERT_GT(calls, 25U);
     for (std::size_t failing = 0; failing < calls; ++failing) {

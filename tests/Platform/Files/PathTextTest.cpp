@@ -13,7 +13,7 @@ namespace {
 
 using test::ScopedEnvironment;
 
-TEST(PathText, ExtensionStandsBehindTheLastPointOfTheLastComponent) {
+TEST(PathText, ExtensionFollowsTheLastPointOfTheLastComponent) {
     EXPECT_EQ(pathExtension("/a/Plan.zelb"), "zelb");
     EXPECT_EQ(pathExtension("/a/Plan.zelb//"), "zelb");
     EXPECT_EQ(pathExtension("a.b.MPP"), "MPP");
@@ -22,7 +22,7 @@ TEST(PathText, ExtensionStandsBehindTheLastPointOfTheLastComponent) {
         EXPECT_EQ(pathExtension(path), "") << path;
 }
 
-TEST(PathText, LastComponentLeavesTrailingSlashesOut) {
+TEST(PathText, LastComponentExcludesTrailingSlashes) {
     EXPECT_EQ(lastPathComponent("/a/b"), "b");
     EXPECT_EQ(lastPathComponent("/a/b///"), "b");
     EXPECT_EQ(lastPathComponent("b"), "b");
@@ -63,7 +63,7 @@ TEST(PathText, AppendingJoinsWithOneSlash) {
     EXPECT_EQ(stringByAppendingPathExtension("/", "mpp"), "/");
 }
 
-TEST(PathText, StandardizingTakesOutWhatSaysNothing) {
+TEST(PathText, StandardizingRemovesRedundantParts) {
     EXPECT_EQ(stringByStandardizingPath("/a/./b//c/"), "/a/b/c");
     EXPECT_EQ(stringByStandardizingPath("./Plan.zelb/"), "Plan.zelb");
     EXPECT_EQ(stringByStandardizingPath("/a/b/../c"), "/a/c");
@@ -80,7 +80,7 @@ TEST(PathText, StandardizingTakesOutWhatSaysNothing) {
     EXPECT_EQ(stringByStandardizingPath("/a/...b/.c"), "/a/...b/.c");
 }
 
-TEST(PathText, StandardizingExpandsALeadingTildeOnly) {
+TEST(PathText, StandardizingExpandsOnlyALeadingTilde) {
     const ScopedEnvironment home("HOME", "/home/somebody/");
     EXPECT_EQ(stringByStandardizingPath("~"), "/home/somebody");
     EXPECT_EQ(stringByStandardizingPath("~/Plan.zelb"), "/home/somebody/Plan.zelb");
@@ -111,7 +111,7 @@ TEST(PathText, KindsFollowLinks) {
     EXPECT_EQ(kindOfPath(""), PathKind::Missing);
 }
 
-TEST(FileURL, TextIsPercentEncodedAndAFolderEndsInASlash) {
+TEST(FileURL, TextIsPercentEncodedAndAFolderEndsWithASlash) {
     const FileURL folder = FileURL::fileURLWithPath("/Users/a b/Plan.zelb", true);
     EXPECT_TRUE(folder.isFileURL());
     EXPECT_EQ(folder.absoluteString(), "file:///Users/a%20b/Plan.zelb/");
@@ -125,7 +125,7 @@ TEST(FileURL, TextIsPercentEncodedAndAFolderEndsInASlash) {
               "file:///a-b_c.d~e!$&'()*+,=:@");
 }
 
-TEST(FileURL, RelativePathsCountFromTheWorkingFolder) {
+TEST(FileURL, RelativePathsAreRelativeToTheWorkingFolder) {
     const std::string folder = std::filesystem::current_path().string();
     EXPECT_EQ(FileURL::fileURLWithPath("a/b", false).path(), folder + "/a/b");
     EXPECT_EQ(FileURL::fileURLWithPath("./a/../b/", false).path(), folder + "/b");
@@ -139,7 +139,7 @@ TEST(FileURL, EntriesAreAppendedToThePath) {
               "http://x/y/z%20z");
 }
 
-TEST(FileURL, OtherSchemesAreToldApart) {
+TEST(FileURL, OtherSchemesAreNotFileURLs) {
     EXPECT_FALSE(FileURL::urlWithString("http://example.org/Plan.zelb").isFileURL());
     EXPECT_FALSE(FileURL::urlWithString("/Plan.zelb").isFileURL());
     EXPECT_FALSE(FileURL::urlWithString("").isFileURL());

@@ -24,7 +24,7 @@ protected:
     ScopedEnvironment _environment{"XDG_CONFIG_HOME", _folder.path().c_str()};
 };
 
-TEST_F(PreferencesTest, ValuesAreReadFromTheGroupOfTheDomainsFile) {
+TEST_F(PreferencesTest, ValuesComeFromTheGroupOfTheDomainsFile) {
     write("# comment\n[Preferences]\nIncludeInputExtension = YES\nOverwriteFilterTarget=0\nOdd=007\n[Other]\nX=1\n");
     EXPECT_TRUE(read("IncludeInputExtension"));
     EXPECT_TRUE(read("Odd"));
@@ -34,7 +34,7 @@ TEST_F(PreferencesTest, ValuesAreReadFromTheGroupOfTheDomainsFile) {
     EXPECT_FALSE(read(""));
 }
 
-TEST_F(PreferencesTest, WhatCannotBeReadIsFalse) {
+TEST_F(PreferencesTest, UnreadableValuesAreFalse) {
     EXPECT_FALSE(read("A")) << "no file";
     write("A=1\n");
     EXPECT_FALSE(read("A")) << "no group";

@@ -27,13 +27,13 @@ TEST(TextLines, EveryNewlineCharacterSeparatesOnItsOwn) {
     EXPECT_THAT(componentsSeparatedByNewlines("a\r\nb"), ElementsAre("a", "", "b"));
 }
 
-TEST(TextLines, TextBehindTheLastNewlineIsALineEvenWhenEmpty) {
+TEST(TextLines, TextAfterTheLastNewlineIsALineEvenIfEmpty) {
     EXPECT_THAT(componentsSeparatedByNewlines(""), ElementsAre(""));
     EXPECT_THAT(componentsSeparatedByNewlines("\n"), ElementsAre("", ""));
 }
 
 TEST(TextLines, CharactersThatShareBytesWithANewlineStayWhole) {
-    // A with ring, a with ogonek and an ellipsis hold bytes of newline characters; a tab is no newline.
+    // A with ring, a with ogonek and an ellipsis contain bytes of newline characters; a tab is not a newline.
     EXPECT_THAT(componentsSeparatedByNewlines("\xC3\x85\xC4\x85\xE2\x80\xA6\t"),
                 ElementsAre("\xC3\x85\xC4\x85\xE2\x80\xA6\t"));
     EXPECT_THAT(componentsSeparatedByNewlines("a\xE2\x80"), ElementsAre("a\xE2\x80"));
@@ -46,7 +46,7 @@ protected:
     const test::TempFolder _folder;
 };
 
-TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
+TEST_F(TextFile, ReturnsItsTextWithoutTheByteOrderMark) {
     EXPECT_EQ(stringWithContentsOfFile(write("\xEF\xBB\xBFпуть\n")), "путь\n");
     EXPECT_EQ(stringWithContentsOfFile(write("")), "");
     const std::string zeros("\0a\0\0", 4);
@@ -55,7 +55,7 @@ TEST_F(TextFile, GivesItsTextWithoutTheByteOrderMark) {
     EXPECT_EQ(stringWithContentsOfFile(write(large)), large);
 }
 
-TEST_F(TextFile, MayBeAPipeOrADeviceButNotForEver) {
+TEST_F(TextFile, MayBeAPipeOrADeviceWithinATimeLimit) {
     const std::string pipe = _folder.path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(stringWithContentsOfFile(pipe), std::nullopt) << "nobody writes";
@@ -75,7 +75,7 @@ TEST_F(TextFile, MayBeAPipeOrADeviceButNotForEver) {
     EXPECT_EQ(bytesOfFile(write("four"), 4, FileKinds::Regular), "four");
 }
 
-TEST_F(TextFile, GivesNothingWhereTheTextCannotBeRead) {
+TEST_F(TextFile, ReturnsNothingIfTheTextCannotBeRead) {
     EXPECT_EQ(stringWithContentsOfFile(write("a\xFFz")), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(write("cut \xE2\x80")), std::nullopt);
     EXPECT_EQ(stringWithContentsOfFile(write(std::string("a\0\xFF", 3))), std::nullopt);

@@ -14,7 +14,7 @@ TEST(CurrencyTable, SymbolOfOneCurrencyGivesItsCode) {
     EXPECT_EQ(currencyCodeForSymbol("R$"), "BRL");
 }
 
-TEST(CurrencyTable, SymbolOfSeveralCurrenciesHasACodeWhereItIsSettled) {
+TEST(CurrencyTable, AmbiguousSymbolHasACodeOnlyIfOneIsPreferred) {
     EXPECT_EQ(currencyCodeForSymbol("$"), "USD");
     EXPECT_EQ(currencyCodeForSymbol("kr"), "SEK");
     EXPECT_EQ(currencyCodeForSymbol("\uFFE5"), "JPY");
@@ -22,7 +22,7 @@ TEST(CurrencyTable, SymbolOfSeveralCurrenciesHasACodeWhereItIsSettled) {
     EXPECT_EQ(currencyCodeForSymbol("Rs"), std::nullopt) << "rupees of two countries";
 }
 
-TEST(CurrencyTable, SymbolsAreTakenLetterByLetter) {
+TEST(CurrencyTable, SymbolsAreComparedLiterally) {
     for (const char* symbol : {"", " $", "$ ", "KR", "\u20AC\u00A0", "nothing"})
         EXPECT_EQ(currencyCodeForSymbol(symbol), std::nullopt) << symbol;
 }

@@ -9,7 +9,7 @@
 namespace brackwater {
 namespace {
 
-TEST(PosixPattern, TakesTheLeftmostAndLongestMatch) {
+TEST(PosixPattern, FindsTheLeftmostLongestMatch) {
     const PosixPattern pattern("(a|ab)(c|bcd)?");
     const std::string text = "xabcd";
     const auto match = pattern.match(text);
@@ -19,7 +19,7 @@ TEST(PosixPattern, TakesTheLeftmostAndLongestMatch) {
     EXPECT_EQ(textOf((*match)[2], text), "bcd");
 }
 
-TEST(PosixPattern, TellsAnAbsentGroupFromAnEmptyOne) {
+TEST(PosixPattern, DistinguishesAbsentFromEmptyGroups) {
     const PosixPattern pattern("x(y)?(z*)");
     const auto match = pattern.match("x");
     ASSERT_TRUE(match);
@@ -29,14 +29,14 @@ TEST(PosixPattern, TellsAnAbsentGroupFromAnEmptyOne) {
     EXPECT_FALSE(pattern.match("y"));
 }
 
-TEST(PosixPattern, SeesBytesAndEndsAtNul) {
+TEST(PosixPattern, MatchesBytesAndEndsAtNul) {
     const PosixPattern pattern("^.$");
     EXPECT_TRUE(pattern.match("\xC3"));
     EXPECT_FALSE(pattern.match("\xC3\xA9")) << "one character, two bytes";
     EXPECT_TRUE(pattern.match(std::string_view("a\0b", 3)));
 }
 
-TEST(PosixPattern, TellsWhyAPatternDoesNotCompile) {
+TEST(PosixPattern, ReportsWhyAPatternDoesNotCompile) {
     test::expectAssertion("Failed to compile reqular expression '(a': Unmatched ( or \\(", [] { PosixPattern("(a"); });
 }
 

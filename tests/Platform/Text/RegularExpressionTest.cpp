@@ -18,7 +18,7 @@ TEST(RegularExpression, CountsMatchesInBytes) {
     EXPECT_TRUE(RegularExpression("b").matchesInString("").empty());
 }
 
-TEST(RegularExpression, AnchorsAtLineEnds) {
+TEST(RegularExpression, AnchorsMatchAtLineEnds) {
     EXPECT_EQ(RegularExpression("[:digit:]$").matchesInString("1\n22\nx"), (Ranges{{0, 1}, {3, 1}}));
 }
 

@@ -16,7 +16,7 @@ namespace {
 using Int64 = std::numeric_limits<std::int64_t>;
 using Int32 = std::numeric_limits<std::int32_t>;
 
-TEST(TextReadings, IntegersIgnoreBlanksInFrontAndWhatFollows) {
+TEST(TextReadings, IntegersIgnoreLeadingBlanksAndTrailingText) {
     EXPECT_EQ(integerValue(" \t\r\n\v\f42 days"), 42);
     EXPECT_EQ(integerValue("-17.9"), -17);
     EXPECT_EQ(integerValue("+5"), 5);
@@ -25,7 +25,7 @@ TEST(TextReadings, IntegersIgnoreBlanksInFrontAndWhatFollows) {
         EXPECT_EQ(integerValue(text), 0) << text;
 }
 
-TEST(TextReadings, IntegersBeyondTheTypeGiveItsNearestLimit) {
+TEST(TextReadings, OutOfRangeIntegersGiveTheNearestLimit) {
     EXPECT_EQ(integerValue("9223372036854775807"), Int64::max());
     EXPECT_EQ(integerValue("9223372036854775808"), Int64::max());
     EXPECT_EQ(integerValue("-9223372036854775807"), Int64::min() + 1);
@@ -37,12 +37,12 @@ TEST(TextReadings, IntegersBeyondTheTypeGiveItsNearestLimit) {
     EXPECT_EQ(intValue("-2147483649"), Int32::min());
 }
 
-TEST(TextReadings, ScannersTellTheLengthTheyTook) {
+TEST(TextReadings, ScannersReturnTheParsedLength) {
     const auto integer = scanInteger(" -12abc");
     ASSERT_TRUE(integer);
     EXPECT_EQ(integer->value, -12);
     EXPECT_EQ(integer->length, 4U);
-    // The digits beyond the type's limit belong to the number all the same.
+    // The digits beyond the type's limit still belong to the number.
     const auto beyond = scanInt("99999999999 x");
     ASSERT_TRUE(beyond);
     EXPECT_EQ(beyond->value, Int32::max());
@@ -55,7 +55,7 @@ TEST(TextReadings, ScannersTellTheLengthTheyTook) {
     EXPECT_FALSE(scanInt(" +"));
 }
 
-TEST(TextReadings, DoublesReadDecimalNumbersOnly) {
+TEST(TextReadings, DoublesAreDecimalNumbersOnly) {
     EXPECT_EQ(doubleValue("0.1"), 0.1);
     EXPECT_EQ(doubleValue("-.5x"), -0.5);
     EXPECT_EQ(doubleValue("5."), 5.0);
@@ -68,7 +68,7 @@ TEST(TextReadings, DoublesReadDecimalNumbersOnly) {
         EXPECT_FALSE(scanDouble(text)) << text;
 }
 
-TEST(TextReadings, DoublesBeyondTheTypeAreInfiniteOrZero) {
+TEST(TextReadings, OutOfRangeDoublesAreInfiniteOrZero) {
     EXPECT_EQ(doubleValue("1e400"), HUGE_VAL);
     EXPECT_EQ(doubleValue("-1e400"), -HUGE_VAL);
     EXPECT_EQ(doubleValue("1e-400"), 0.0);
@@ -79,14 +79,14 @@ TEST(TextReadings, DoublesBeyondTheTypeAreInfiniteOrZero) {
     EXPECT_EQ(doubleValue("0." + std::string(400, '0') + "1e900"), HUGE_VAL);
 }
 
-TEST(TextReadings, BooleansLookAtTheFirstLetterOrDigitThatCounts) {
+TEST(TextReadings, BooleansDependOnTheFirstSignificantCharacter) {
     for (const char* text : {"YES", "y", "True", "t", "1", "9", " +1", "-1", "0001", " \t0Y", "2x"})
         EXPECT_TRUE(boolValue(text)) << text;
     for (const char* text : {"", "NO", "false", "0", "000", "-", "--1", "on", "x1", "- 1"})
         EXPECT_FALSE(boolValue(text)) << text;
 }
 
-TEST(Saturating, CutsTowardsZeroAndStaysWithinTheType) {
+TEST(Saturating, TruncatesAndStaysWithinTheType) {
     EXPECT_EQ(saturatingCut<int>(2.9), 2);
     EXPECT_EQ(saturatingCut<int>(-2.9), -2);
     EXPECT_EQ(saturatingCut<int>(std::nan("")), 0);
@@ -99,7 +99,7 @@ TEST(Saturating, CutsTowardsZeroAndStaysWithinTheType) {
     EXPECT_EQ(saturatingCut<std::uint64_t>(18446744073709551615.0), std::numeric_limits<std::uint64_t>::max());
 }
 
-TEST(Guid, RandomOnesAreDistinctAndOfVersionFour) {
+TEST(Guid, RandomOnesAreDistinctAndOfVersion4) {
     std::set<std::string> texts;
     for (int i = 0; i < 1000; ++i) { // more than one fetch of random bytes
         const Guid guid = Guid::random();
@@ -110,7 +110,7 @@ TEST(Guid, RandomOnesAreDistinctAndOfVersionFour) {
     EXPECT_EQ(texts.size(), 1000U);
 }
 
-TEST(Guid, BytesStandInTheOrderOfTheText) {
+TEST(Guid, BytesAreInTheOrderOfTheText) {
     const Guid guid({0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF});
     EXPECT_EQ(guid.text(), "01234567-89ab-cdef-0123-456789abcdef");
     EXPECT_EQ(Guid().text(), "00000000-0000-0000-0000-000000000000");

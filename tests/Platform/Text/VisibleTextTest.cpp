@@ -5,7 +5,7 @@
 namespace brackwater {
 namespace {
 
-TEST(VisibleText, EscapesWhatATerminalWouldObeyAndKeepsAllWriting) {
+TEST(VisibleText, EscapesTerminalControlsAndKeepsAllScripts) {
     struct Row {
         std::string_view text;
         std::string_view visible;

@@ -28,7 +28,7 @@ constexpr std::array<const char*, 10> kZones = {
     "Pacific/Apia",  "Australia/Lord_Howe", "Pacific/Kwajalein", "America/New_York",
     "Europe/Dublin", "Africa/Casablanca"};
 
-/// The same questions asked of ICU itself.
+/// The same operations with ICU.
 class IcuCalendar {
 public:
     explicit IcuCalendar(const std::string& zone) {
@@ -63,7 +63,7 @@ public:
 
     int weekday() { return get(UCAL_DAY_OF_WEEK); }
 
-    /// The instants at which the zone's offset changes within some years.
+    /// The instants at which the zone's offset changes within these years.
     std::vector<double> transitions(int firstYear, int lastYear) {
         std::vector<double> instants;
         const auto* zone = dynamic_cast<const icu::BasicTimeZone*>(&_calendar->getTimeZone());
@@ -86,7 +86,7 @@ private:
     std::unique_ptr<icu::GregorianCalendar> _calendar;
 };
 
-TEST(TimeZone, HeldSystemZoneStaysUntilTheHoldEnds) {
+TEST(TimeZone, SystemZoneIsFrozenDuringAHold) {
     const test::ScopedTimeZone before("Europe/Berlin");
     {
         const SystemTimeZoneHold hold;
@@ -114,13 +114,13 @@ protected:
     GregorianCalendar calendar{TimeZone::withName(GetParam()).value()};
 };
 
-TEST_P(CalendarInZone, AgreesWithIcuAroundEveryChangeOfTheClock) {
+TEST_P(CalendarInZone, AgreesWithIcuAroundEveryClockChange) {
     for (const double change : icu.transitions(1960, 2200)) {
         for (int quarters = -30 * 4; quarters <= 30 * 4; ++quarters) {
             const Date date{change + quarters * 900};
             expectSameFields(date);
             expectSameDate(icu.fieldsOfDate(date));
-            // A wall time near the change, which no instant needs to have.
+            // A local time near the clock change, which may not exist.
             expectSameDate(GregorianCalendar::fieldsOfDate(Date{change + quarters * 900}, 0));
         }
         for (const double second : {-1.0, 0.0, 1.0})
@@ -160,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(Zones, CalendarInZone, testing::ValuesIn(kZones), [](co
     return name;
 });
 
-TEST(GregorianCalendar, LeavesOutTenDaysOfOctober1582) {
+TEST(GregorianCalendar, SkipsTenDaysOfOctober1582) {
     IcuCalendar icu("UTC");
     const GregorianCalendar calendar(*TimeZone::withName("UTC"));
     for (int month = 9; month <= 11; ++month) {
@@ -175,13 +175,13 @@ TEST(GregorianCalendar, LeavesOutTenDaysOfOctober1582) {
     EXPECT_EQ(calendar.fieldsOfDate(*calendar.dateFromFields({1500, 2, 29})), (CivilTime{1500, 2, 29})) << "Julian";
 }
 
-TEST(GregorianCalendar, DropsFractionsTowardsThePast) {
+TEST(GregorianCalendar, RoundsFractionsDown) {
     const GregorianCalendar calendar(TimeZone::forSecondsFromGMT(0));
     EXPECT_EQ(calendar.fieldsOfDate(Date{0.999}), (CivilTime{1970, 1, 1, 0, 0, 0}));
     EXPECT_EQ(calendar.fieldsOfDate(Date{-0.001}), (CivilTime{1969, 12, 31, 23, 59, 59}));
 }
 
-TEST(GregorianCalendar, HoldsNoDateFarOutsideOfTime) {
+TEST(GregorianCalendar, RejectsDatesOutOfRange) {
     constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
     constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
     const GregorianCalendar calendar;
@@ -199,7 +199,7 @@ TEST(GregorianCalendar, HoldsNoDateFarOutsideOfTime) {
     EXPECT_EQ(GregorianCalendar::fieldsOfDate(Date{std::nan("")}, 0), (CivilTime{1970}));
 }
 
-TEST(TimeZone, UnderstandsWhatTheCLibraryTakesForTZ) {
+TEST(TimeZone, InterpretsTZLikeTheCLibrary) {
     const Date summer{1338534000};
     const Date winter{1322722800};
     struct Case {
@@ -218,7 +218,7 @@ TEST(TimeZone, UnderstandsWhatTheCLibraryTakesForTZ) {
     }
 }
 
-TEST(TimeZone, OfAFixedOffsetIsNamedAfterIt) {
+TEST(TimeZone, WithAFixedOffsetIsNamedAfterIt) {
     EXPECT_EQ(TimeZone::forSecondsFromGMT(0).name(), "GMT");
     EXPECT_EQ(TimeZone::forSecondsFromGMT(19800).name(), "GMT+0530");
     EXPECT_EQ(TimeZone::forSecondsFromGMT(-12600).name(), "GMT-0330");

@@ -10,21 +10,21 @@
 namespace brackwater {
 namespace {
 
-// The road of every date of an export: instant, source text, MSPDI text, instant.
+// The path of every date in an export: instant, source text, MSPDI text, instant.
 class DateRoundTrip : public testing::TestWithParam<const char*> {
 protected:
-    /// Whether the source text of an instant tells its true offset: it does not where the offset is put together from
-    /// the present one and daylight time, in a zone whose standard offset has changed since.
+    /// Whether the source text of an instant has the true offset: it does not if the offset is the sum of the present
+    /// one and daylight saving time, in a zone whose standard offset has changed since.
     bool hasTrueOffset(Date date) const {
         return calendar.timeZone().isDaylightSavingTime() || !calendar.timeZone().isDaylightSavingTime(date) ||
                calendar.timeZone().daylightSavingTimeOffset(date) ==
                    static_cast<double>(calendar.timeZone().secondsFromGMT(date) - calendar.timeZone().secondsFromGMT());
     }
 
-    /// Whether the wall time comes twice, and this is the second of both.
+    /// Whether the local time occurs twice, and this is the second occurrence.
     bool isSecondReading(Date date) const { return calendar.dateFromFields(calendar.fieldsOfDate(date)) != date; }
 
-    /// The hours on both sides of each change of the clock from 1970 to 2100, and some in between.
+    /// The hours on both sides of each clock change from 1970 to 2100, and some in between.
     std::vector<Date> instants() const {
         std::vector<Date> dates;
         const TimeZone& rules = calendar.timeZone();
@@ -52,7 +52,7 @@ TEST_P(DateRoundTrip, SourceTextLeadsBackToTheInstant) {
     }
 }
 
-// The second reading of a repeated hour is told apart by its offset only, which an MSPDI text does not have.
+// Only its offset distinguishes the second occurrence of a repeated hour, and an MSPDI text has none.
 TEST_P(DateRoundTrip, BothTextsLeadBackToTheInstant) {
     for (const Date date : instants()) {
         if (!hasTrueOffset(date) || isSecondReading(date))
@@ -76,15 +76,15 @@ INSTANTIATE_TEST_SUITE_P(Zones, DateRoundTrip,
                              return name;
                          });
 
-TEST(DateRoundTrip, MovesAnHourNearAChangeOfTheClock) {
+TEST(DateRoundTrip, MovesAnHourNearAClockChange) {
     const test::ScopedTimeZone zone("Europe/Berlin");
-    // 03:30 in summer time, half an hour behind the change: read as a wall time it is its own first reading.
+    // 03:30 in summer time, half an hour after the change: as a local time it is unambiguous.
     const Date behindSpring = *GregorianCalendar::dateFromFields({2012, 3, 25, 1, 30}, 0);
     EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(behindSpring), "2012-03-25T03:30:00+02:00");
     EXPECT_EQ(MSPIUtilities::mppToMspdiDateTime(behindSpring), "2012-03-25T03:30:00");
     EXPECT_EQ(MSPIUtilities::zelbToMspdiDateTime("2012-03-25T01:30:00Z"), "2012-03-25T02:30:00")
         << "01:30 in Berlin is still winter";
-    // The second 02:30 of the autumn night is told apart by its offset only, and the MSPDI text has none.
+    // Only its offset distinguishes the second 02:30 of the autumn night, and the MSPDI text has none.
     const Date secondReading = *GregorianCalendar::dateFromFields({2012, 10, 28, 1, 30}, 0);
     EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(secondReading), "2012-10-28T02:30:00+01:00");
     EXPECT_EQ(MSPIUtilities::mppToMspdiDateTime(secondReading), "2012-10-28T03:30:00");

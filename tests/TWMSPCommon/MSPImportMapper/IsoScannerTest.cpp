@@ -17,7 +17,7 @@ namespace {
 
 using Groups = std::vector<std::string_view>;
 
-/// What a scanner found, in the order of the pattern's groups: the whole match first.
+/// The result of a scanner, in the order of the pattern's groups: the whole match first.
 using Scan = std::function<std::optional<Groups>(std::string_view)>;
 
 std::optional<Groups> dateGroups(std::string_view text) {
@@ -39,13 +39,13 @@ std::optional<Groups> durationGroups(const std::optional<DurationMatch>& match) 
     return Groups{match->whole, match->years, match->months, match->days, match->hours, match->minutes, match->seconds};
 }
 
-/// A pattern and the scanner that stands for it.
+/// A pattern and the scanner that replaces it.
 class Equivalence {
 public:
     Equivalence(const char* pattern, std::vector<std::size_t> groups, Scan scan)
         : _pattern(pattern), _groups(std::move(groups)), _scan(std::move(scan)) {}
 
-    /// Where both find the same. Groups are compared by place and length; an empty one is as good as an absent one.
+    /// Whether both find the same. Groups are compared by position and length; an empty one equals an absent one.
     testing::AssertionResult agreeOn(std::string_view text) const {
         const auto expected = expectedGroups(text);
         const auto found = _scan(text);
@@ -61,7 +61,7 @@ public:
         return testing::AssertionSuccess();
     }
 
-    /// Every text of up to `length` characters of the alphabet behind the prefix.
+    /// Every text of up to `length` characters of the alphabet after the prefix.
     void expectAgreementOnAll(const std::string& prefix, std::string_view alphabet, std::size_t length) const {
         std::string text = prefix;
         expectAgreementBehind(text, alphabet, length);
@@ -106,7 +106,7 @@ private:
     Scan _scan;
 };
 
-// All digits are alike to the patterns, so that one stands for them where every text is tried.
+// All digits are equivalent to the patterns, so one is enough when every text is tried.
 constexpr std::string_view kReducedAlphabet = "5T:.+-Z /P";
 constexpr std::string_view kFullAlphabet = "0123456789T:.+-Z /P";
 
@@ -142,7 +142,7 @@ TEST(IsoScanner, FindsTimesAsThePatternDoes) {
     time().expectAgreementOnRandomTexts("0:+-.Z", 20000);
 }
 
-TEST(IsoScanner, TakesAnyByteForTheBeginOfAFraction) {
+TEST(IsoScanner, AcceptsAnyByteAsTheStartOfAFraction) {
     for (int byte = 1; byte < 256; ++byte) {
         const std::string text = std::string("08:30:00") + static_cast<char>(byte);
         for (const char* rest : {"", "5", "Z", "5Z", "+02:00", "\xA9+02:00", "5+02:00"})
@@ -158,7 +158,7 @@ TEST(IsoScanner, FindsDurationsAsThePatternDoes) {
     duration().expectAgreementOnRandomTexts(kFullAlphabet, 20000);
 }
 
-// The strict form counts only where the leftmost match begins with the text.
+// The strict form counts only if the leftmost match is at the start of the text.
 TEST(IsoScanner, FindsStrictDurationsAsThePatternDoes) {
     const PosixPattern pattern(kStrictDurationPattern);
     const auto expectSame = [&pattern](const std::string& text) {
@@ -189,7 +189,7 @@ TEST(IsoScanner, FindsStrictDurationsAsThePatternDoes) {
         expectSame(text);
 }
 
-TEST(IsoScanner, ReadsAMegabyteInTheBlinkOfAnEye) {
+TEST(IsoScanner, ScansAMegabyteQuickly) {
     const auto start = std::chrono::steady_clock::now();
     for (const char* piece : {"1", "-", ":", "1:", "1-", "P", "P1", "PT1", "+1", "T", "Z", "\xff", "1:1x"}) {
         std::string text;

@@ -10,7 +10,7 @@
 namespace brackwater {
 namespace {
 
-TEST(Durations, ReadHoursMinutesAndSecondsOfAnMspdiText) {
+TEST(Durations, ParseHoursMinutesAndSecondsOfAnMspdiText) {
     EXPECT_EQ(MSPIUtilities::mspdiDurationInSecs("PT8H0M0S"), 28800);
     EXPECT_EQ(MSPIUtilities::mspdiDurationInSecs("P1DT1H"), 3600) << "the day is not counted";
     EXPECT_EQ(MSPIUtilities::mspdiDurationInSecs("P1Y2M3DT1H2M3S"), 3723);
@@ -26,7 +26,7 @@ TEST(Durations, ReadHoursMinutesAndSecondsOfAnMspdiText) {
     EXPECT_EQ(components.civilTime(), (CivilTime{1, 2, 3, 4, 5, 6}));
 }
 
-TEST(Durations, ReadTheStrictFormAsMppDuration) {
+TEST(Durations, ParseTheStrictFormAsMppDuration) {
     EXPECT_EQ(MSPIUtilities::mspdiToMppDuration("PT8H0M0S"), 28800.0);
     EXPECT_EQ(MSPIUtilities::mspdiToMppDuration("PT1H2M3Sx"), 3723.0);
     EXPECT_EQ(MSPIUtilities::mspdiToMppDuration("PTHM5S"), 5.0);
@@ -52,7 +52,7 @@ TEST(Durations, ArePrintedInEachForm) {
     EXPECT_EQ(MSPIUtilities::hourMinSecFromDuration(100 * 3600 + 61.9), "100:01:01");
 }
 
-TEST(Durations, SaturateWhatTheirNumbersCannotHold) {
+TEST(Durations, SaturateOnOverflow) {
     const std::string digits(1'000'000, '9');
     EXPECT_EQ(MSPIUtilities::mspdiDurationInSecs("PT" + digits + "H" + digits + "M" + digits + "S"),
               std::numeric_limits<std::int64_t>::max());

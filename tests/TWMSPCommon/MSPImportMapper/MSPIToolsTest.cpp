@@ -48,7 +48,7 @@ MPPDataStreamParams someParams() {
     return params;
 }
 
-TEST(DataStreamParams, CompareTheFamiliesThatAreThere) {
+TEST(DataStreamParams, CompareThePresentStreams) {
     const MPPDataStreamParams params = someParams();
     const auto equalAfter = [&params](auto change) {
         MPPDataStreamParams other = params;
@@ -90,7 +90,7 @@ TEST_F(DebugDump, DoesNothingWithoutItsFolder) {
     EXPECT_FALSE(fs::exists(_folder.path()));
 }
 
-TEST_F(DebugDump, RefusesWhatIsNoFolder) {
+TEST_F(DebugDump, RejectsEverythingButFolders) {
     test::expectAssertion(
         "*** ERROR: MSPIUtilities dumpXMLDocument:workingFolderUrl: Not a file URL: 'http://example.com/'", [this] {
             MSPIUtilities::dumpXMLDocument(*_document, FileURL::urlWithString("http://example.com/"), std::nullopt);

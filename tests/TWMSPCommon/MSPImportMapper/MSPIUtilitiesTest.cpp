@@ -28,7 +28,7 @@ std::pair<MSPCDateComponents, UnitMask> read(std::string_view text) {
 
 Date utc(const CivilTime& time) { return GregorianCalendar::dateFromFields(time, 0).value(); }
 
-TEST(MSPIUtilities, TellsWhatADateTimeTextHolds) {
+TEST(MSPIUtilities, ReportsTheUnitsOfADateTimeText) {
     struct Case {
         std::string_view text;
         UnitMask units;
@@ -65,7 +65,7 @@ TEST(MSPIUtilities, TellsWhatADateTimeTextHolds) {
         EXPECT_EQ(read(c.text).second, c.units) << c.text;
 }
 
-TEST(MSPIUtilities, ReadsFieldsAndZone) {
+TEST(MSPIUtilities, ParsesFieldsAndZone) {
     MSPCDateComponents components = read("-2012-06-01T08:30:05-03:30").first;
     EXPECT_EQ(components.civilTime(), (CivilTime{2012, 6, 1, 8, 30, 5})) << "the sign of the year counts for nothing";
     EXPECT_EQ(components.timeZoneHour(), -3);
@@ -80,13 +80,13 @@ TEST(MSPIUtilities, ReadsFieldsAndZone) {
     EXPECT_EQ(components.secondsFromGMT(), 0);
 }
 
-TEST(MSPIUtilities, RefusesATimeThatDoesNotFollowItsDateByT) {
+TEST(MSPIUtilities, RejectsATimeNotSeparatedByT) {
     for (const char* text : {"2012-06-01 08:30:00", "2012-06-0108:30:00", "2012-06-01TT08:30:00",
                              "2012-06-01T 08:30:00", "2012-06-01t08:30:00", "1-2-3:4:5"})
         expectAssertion("", [text] { read(text); });
 }
 
-TEST(MSPIUtilities, PrintsTheFieldsThatAreAskedFor) {
+TEST(MSPIUtilities, PrintsTheRequestedFields) {
     const auto print = [](std::string_view text, UnitMask units) {
         return MSPIUtilities::stringFromComponents(read(text).first, units);
     };
@@ -107,7 +107,7 @@ TEST(MSPIUtilities, PrintsTheFieldsThatAreAskedFor) {
     EXPECT_EQ(print("2012-06-01", NSNotFound), std::nullopt);
 }
 
-TEST(MSPIUtilities, TellsTheFormsApart) {
+TEST(MSPIUtilities, DistinguishesTheFormats) {
     struct Case {
         const char* text;
         bool iso, zelb, mspdi;
@@ -127,7 +127,7 @@ TEST(MSPIUtilities, TellsTheFormsApart) {
     EXPECT_FALSE(MSPIUtilities::isMspdiDuration(""));
 }
 
-TEST(MSPIUtilities, ReadsInstantsInTheTextsZoneOrTheSystems) {
+TEST(MSPIUtilities, ParsesInstantsInTheTextsZoneOrTheSystems) {
     const ScopedTimeZone zone("Europe/Berlin");
     EXPECT_EQ(MSPIUtilities::zelbToMppDateTime("2012-06-01T08:30:00Z"), utc({2012, 6, 1, 8, 30}));
     EXPECT_EQ(MSPIUtilities::zelbToMppDateTime("2012-06-01T08:30:00-03:30"), utc({2012, 6, 1, 12, 0}));
@@ -141,13 +141,13 @@ TEST(MSPIUtilities, ReadsInstantsInTheTextsZoneOrTheSystems) {
     EXPECT_EQ(MSPIUtilities::componentsFromISODateTime("abc"), MSPCDateComponents());
 }
 
-TEST(MSPIUtilities, RefusesMspdiTextsWithAZoneOrWithoutADate) {
+TEST(MSPIUtilities, RejectsMspdiTextsWithAZoneOrWithoutADate) {
     for (const char* text : {"2012-06-01T08:30:00Z", "2012-06-01T08:30:00+02:00", "abc"})
         expectAssertion("Not a valid MSPDI date-time: '" + std::string(text) + "' (time zone?).",
                         [text] { std::ignore = MSPIUtilities::mspdiToMppDateTime(text); });
 }
 
-TEST(MSPIUtilities, ConvertsBetweenTheTextForms) {
+TEST(MSPIUtilities, ConvertsBetweenTheTextFormats) {
     const ScopedTimeZone zone("Europe/Berlin");
     EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(utc({2012, 6, 1, 7})), "2012-06-01T09:00:00+02:00");
     EXPECT_EQ(MSPIUtilities::mppToMspdiDateTime(utc({2012, 6, 1, 7})), "2012-06-01T09:00:00");
@@ -167,7 +167,7 @@ TEST(MSPIUtilities, ConvertsBetweenTheTextForms) {
     EXPECT_EQ(MSPIUtilities::mppToZelbDateTime(utc({2012, 6, 1, 7})), "2012-06-01T07:00:00Z");
 }
 
-TEST(MSPIUtilities, OrdersMspdiTexts) {
+TEST(MSPIUtilities, ComparesMspdiTexts) {
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("2012-06-01", "2012-06-01T00:00:01"), -1);
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("2012-06-02", "2012-06-01T08:00:00"), 1);
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("2012-06-01", "2012-06-01T00:00:00"), 0);
@@ -176,7 +176,7 @@ TEST(MSPIUtilities, OrdersMspdiTexts) {
     EXPECT_EQ(MSPIUtilities::compareMspdiDateTime("", ""), 0);
 }
 
-TEST(MSPIUtilities, HoldsNoDateBeyondAllMeasure) {
+TEST(MSPIUtilities, RejectsDatesOutOfRange) {
     const ScopedTimeZone zone("Europe/Berlin");
     const std::string digits(1'000'000, '9');
     for (const std::string& text : {std::string("99999999999999999999-01-01T00:00:00"), digits + "-01-01",
@@ -192,7 +192,7 @@ TEST(MSPIUtilities, HoldsNoDateBeyondAllMeasure) {
         << "what does not move is printed as it was read";
 }
 
-TEST(MSPIUtilities, CarriesOverFieldsOutOfTheirRange) {
+TEST(MSPIUtilities, CarriesOverOutOfRangeFields) {
     EXPECT_EQ(MSPIUtilities::zelbToMppDateTime("2012-13-01T99:00:00Z"), utc({2013, 1, 5, 3}));
     EXPECT_EQ(MSPIUtilities::zelbToMppDateTime("2012-00-00T00:00:00Z"), utc({2011, 11, 30}));
     EXPECT_EQ(MSPIUtilities::zelbToMppDateTime("2012-06-01T00:00:00+99:99"), utc({2012, 5, 27, 19, 21}));

@@ -11,15 +11,15 @@
 namespace brackwater {
 namespace {
 
-// The usual forms of dates have readers and printers of their own, which must mean what the general ones make of the
-// same date in a form that only those read.
+// The usual date formats have their own parsers and printers, which must agree with the general ones on the same date
+// in a format that only those support.
 class UsualDates : public testing::TestWithParam<const char*> {
 protected:
     std::int64_t upTo(std::int64_t most) {
         return static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(most + 1));
     }
 
-    /// Digits that may be no date at all: a month may be 13, a day 0, an hour 99.
+    /// Digits that may not be a date: a month may be 13, a day 0, an hour 99.
     std::string anyDigits() {
         return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", upTo(9999), upTo(99), upTo(99), upTo(99), upTo(99),
                            upTo(99));
@@ -37,7 +37,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Zones, UsualDates,
                          testing::Values("Europe/Berlin", "America/New_York", "Asia/Kathmandu", "Pacific/Apia", "UTC"));
 
-TEST_P(UsualDates, SourceTextsInUTCMeanTheSameAsWithAFraction) {
+TEST_P(UsualDates, SourceTextsInUTCParseAsWithAFraction) {
     for (int i = 0; i < 20'000; ++i) {
         const std::string text = digits();
         EXPECT_EQ(MSPIUtilities::zelbToMspdiDateTime(text + "Z"), MSPIUtilities::zelbToMspdiDateTime(text + ".0Z"))
@@ -45,7 +45,7 @@ TEST_P(UsualDates, SourceTextsInUTCMeanTheSameAsWithAFraction) {
     }
 }
 
-TEST_P(UsualDates, OffsetsMeanTheSameWithFewerDigits) {
+TEST_P(UsualDates, OffsetsParseAsWithFewerDigits) {
     for (int i = 0; i < 20'000; ++i) {
         const std::string text = digits() + (upTo(1) == 0 ? "+" : "-");
         const std::int64_t hours = upTo(9);
@@ -56,14 +56,14 @@ TEST_P(UsualDates, OffsetsMeanTheSameWithFewerDigits) {
     }
 }
 
-TEST_P(UsualDates, WallClocksMeanTheSameAsWithAFraction) {
+TEST_P(UsualDates, LocalTimesParseAsWithAFraction) {
     for (int i = 0; i < 20'000; ++i) {
         const std::string text = digits();
         EXPECT_EQ(MSPIUtilities::mspdiToMppDateTime(text), MSPIUtilities::mspdiToMppDateTime(text + ".0")) << text;
     }
 }
 
-TEST_P(UsualDates, InstantsArePrintedAsTheirComponentsAre) {
+TEST_P(UsualDates, InstantsArePrintedLikeTheirComponents) {
     for (int i = 0; i < 20'000; ++i) {
         const Date date{static_cast<double>(upTo(12'000'000'000)) - 6'000'000'000.0 + (upTo(1) == 0 ? 0.5 : 0.0)};
         MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar().fieldsOfDate(date)));

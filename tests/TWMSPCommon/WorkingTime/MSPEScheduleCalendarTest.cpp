@@ -28,7 +28,7 @@ using test::expectAssertion;
 
 enum Weekday : std::int64_t { Sunday = 1, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 
-/// A time in the week that begins with Sunday 2012-06-03; weekdays beyond 7 are those of the next week.
+/// A time in the week that begins on Sunday 2012-06-03; weekdays above 7 are in the next week.
 Date at(std::int64_t weekday, std::int64_t hour = 0, std::int64_t minute = 0) {
     return GregorianCalendar::dateFromFields({2012, 6, 2 + weekday, hour, minute}, 0).value();
 }
@@ -49,7 +49,7 @@ protected:
     const MSPEScheduleCalendar& standard = MSPEScheduleCalendar::standardCalendar();
 };
 
-TEST_F(ScheduleCalendar, AdvancesThroughWorkingTimeOnly) {
+TEST_F(ScheduleCalendar, AdvancesOnlyThroughWorkingTime) {
     struct Case {
         const char* what;
         Date from;
@@ -80,13 +80,13 @@ TEST_F(ScheduleCalendar, AdvancesThroughWorkingTimeOnly) {
     }
 }
 
-TEST_F(ScheduleCalendar, GivesUpTheSearchBeyondAnEdgeAfterAWeek) {
-    // The two weeks end on a Friday, more than six days from their begin, and Saturday is not worked: the last period's
-    // time is counted once more from Monday.
+TEST_F(ScheduleCalendar, StopsTheSearchBeyondAnEdgeAfterAWeek) {
+    // The two weeks end on a Friday, more than six days from their start, and Saturday is not a working day: the last
+    // period's time is counted again from Monday.
     EXPECT_EQ(standard.dateAdvanceByDuration(at(Monday, 8), 80 * 3600, true, false), at(14 + Monday, 13));
 }
 
-TEST_F(ScheduleCalendar, AdvancesAThousandYearsAndMoreInTime) {
+TEST_F(ScheduleCalendar, AdvancesQuicklyOverThousandsOfYears) {
     const auto start = std::chrono::steady_clock::now();
     const double week = 40 * 3600;
     EXPECT_EQ(standard.dateAdvanceByDuration(at(Monday, 9), 60'000 * week, true),
@@ -98,21 +98,21 @@ TEST_F(ScheduleCalendar, AdvancesAThousandYearsAndMoreInTime) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
-TEST_F(ScheduleCalendar, RefusesWhatIsNoAdvance) {
+TEST_F(ScheduleCalendar, RejectsInvalidAdvances) {
     expectAssertion("Date to advance from not specified.",
                     [this] { std::ignore = standard.dateAdvanceByDuration(std::nullopt, 1, true); });
     expectAssertion("Duration can not be negative. To specify backward advance use argument forward=NO.",
                     [this] { std::ignore = standard.dateAdvanceByDuration(at(Monday), -1, true); });
 }
 
-TEST_F(ScheduleCalendar, EndsWherePeriodsHaveNoLength) {
+TEST_F(ScheduleCalendar, TerminatesIfPeriodsHaveNoLength) {
     const auto empty = working({{Monday, {9, 0, 0, 9, 0, 0}}, {Tuesday, {9, 0, 0, 9, 0, 0}}});
     EXPECT_EQ(empty.dateAdvanceByDuration(at(Monday, 8), 3600, true), std::nullopt);
     const auto backwards = working({{Monday, {17, 0, 0, 8, 0, 0}}});
     EXPECT_EQ(backwards.dateAdvanceByDuration(at(Monday, 7), 3600, true), std::nullopt);
 }
 
-TEST_F(ScheduleCalendar, RefusesADayWithFewerPeriodsThanTheAdvanceBeganWith) {
+TEST_F(ScheduleCalendar, RejectsADayWithFewerPeriodsThanTheFirst) {
     const auto calendar = working({{Monday, {8, 0, 0, 9, 0, 0}},
                                    {Monday, {10, 0, 0, 11, 0, 0}},
                                    {Monday, {12, 0, 0, 13, 0, 0}},
@@ -151,15 +151,15 @@ TEST_F(ScheduleCalendar, SumsWorkingTimeBetweenDates) {
     EXPECT_EQ(MSPEScheduleCalendar().workingTimeFromDate(at(Monday), at(Friday)), 0.0);
 }
 
-TEST_F(ScheduleCalendar, StepsOverAClockChangeBy86400Seconds) {
+TEST_F(ScheduleCalendar, StepsAcrossAClockChangeBy86400Seconds) {
     const test::ScopedTimeZone berlin("Europe/Berlin");
     const GregorianCalendar calendar;
-    // Friday before summer time begins; Monday's hours then count from 01:00.
+    // The Friday before summer time begins; Monday's hours then count from 01:00.
     const Date friday = *calendar.dateFromFields({2012, 3, 23, 16});
     EXPECT_EQ(standard.dateAdvanceByDuration(friday, 7200, true), calendar.dateFromFields({2012, 3, 26, 10}));
 }
 
-TEST_F(ScheduleCalendar, KnowsSevenDaysAndTheirPeriods) {
+TEST_F(ScheduleCalendar, HasSevenDaysWithPeriods) {
     EXPECT_EQ(standard.durationOfTimePeriod(1, Monday), 14400.0);
     for (const auto& [index, weekday] :
          {std::pair<std::int64_t, std::int64_t>{2, Monday}, {-1, Monday}, {0, Sunday}, {0, 0}, {0, 8}}) {
@@ -172,7 +172,7 @@ TEST_F(ScheduleCalendar, KnowsSevenDaysAndTheirPeriods) {
                     [] { MSPEScheduleCalendar().addWorkingTimePeriod({}, 8); });
 }
 
-TEST_F(ScheduleCalendar, ReadsAScheduleElement) {
+TEST_F(ScheduleCalendar, ParsesAScheduleElement) {
     const auto document = XMLDocument::readText(
         "<schedule>"
         "<schedule-day day-of-week='monday'><time-span start-time='30600' end-time='43200.9'/>"
@@ -191,7 +191,7 @@ TEST_F(ScheduleCalendar, ReadsAScheduleElement) {
     EXPECT_EQ(calendar.startOfTimePeriod(0, Sunday)->hour, 2562047788015215);
 }
 
-TEST_F(ScheduleCalendar, MovesDatesByTheStandardWeekOnly) {
+TEST_F(ScheduleCalendar, MovesDatesOnlyByTheStandardWeek) {
     const test::LogCapture log;
     EXPECT_EQ(dateAdvancedByDuration(at(Monday, 9), 3600, true, nullptr), at(Monday, 10));
     EXPECT_EQ(dateAdvancedByDuration(at(Monday, 8), 14400, true, false, nullptr), at(Monday, 13));

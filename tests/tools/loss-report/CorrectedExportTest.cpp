@@ -1,5 +1,4 @@
-// In a corrected export each value of a document reads in the file as the document has it, but for what the format
-// cannot carry.
+// In a corrected export the file has each value of the document, except those that the format cannot store.
 #include "EverythingBundle.h"
 #include "ExportedBundle.h"
 #include "loss-report/LossKinds.h"
@@ -27,14 +26,14 @@ std::vector<std::string> lossesBeyondTheFormat(const std::string& bundle) {
     return lines;
 }
 
-TEST(CorrectedExport, LosesNothingOfTheExampleAndTheGoldenBundlesThatTheFormatCanCarry) {
+TEST(CorrectedExport, LosesNothingThatTheFormatCanStoreInTheKnownBundles) {
     std::vector<std::string> bundles = goldenBundles();
     bundles.push_back(BRACKWATER_SOURCE_DIR "/examples/House.zelb");
     for (const std::string& bundle : bundles)
         EXPECT_THAT(lossesBeyondTheFormat(bundle), testing::IsEmpty()) << bundle;
 }
 
-// The names that stand first in the rows of the documentation.
+// The names in the first cells of the documentation's rows.
 std::set<std::string> documentedNames() {
     std::ifstream file(BRACKWATER_SOURCE_DIR "/docs/fidelity.md");
     const std::regex quoted("`([a-z/-]+)`");
@@ -49,7 +48,7 @@ std::set<std::string> documentedNames() {
     return names;
 }
 
-TEST(CorrectedExport, IsTriedOnEachElementThatTheDocumentationNames) {
+TEST(CorrectedExport, IsTestedWithEveryDocumentedElement) {
     const TempFolder folder;
     std::stringstream bundle;
     for (const char* document : {"/__TOC.xml", "/plan.xml"})
@@ -59,12 +58,12 @@ TEST(CorrectedExport, IsTriedOnEachElementThatTheDocumentationNames) {
         EXPECT_TRUE(std::regex_search(bundle.str(), std::regex("[< ]" + name + "[ =>/]"))) << name;
 }
 
-TEST(CorrectedExport, LosesNothingOfAnyElementThatTheFormatCanCarry) {
+TEST(CorrectedExport, LosesNothingThatTheFormatCanStoreInAnyElement) {
     const TempFolder folder;
     EXPECT_THAT(lossesBeyondTheFormat(writeEverything(folder)), testing::IsEmpty());
 }
 
-TEST(CorrectedExport, TellsOfEachElementThatTheFormatCannotCarry) {
+TEST(CorrectedExport, ReportsEachElementThatTheFormatCannotStore) {
     const TempFolder folder;
     std::map<std::string, int> counts;
     for (const Loss& loss : lossesOf(writeEverything(folder), ExportMode::Corrected).losses)

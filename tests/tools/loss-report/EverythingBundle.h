@@ -6,7 +6,7 @@
 
 namespace brackwater::test {
 
-/// Writes a bundle that holds each element of the source format, and gives its path.
+/// Writes a bundle with every element of the source format, and returns its path.
 std::string writeEverything(const TempFolder& folder);
 
 } // namespace brackwater::test

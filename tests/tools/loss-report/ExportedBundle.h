@@ -9,7 +9,7 @@
 
 namespace brackwater::test {
 
-/// Exports a bundle with the template of the build, in UTC, and compares the two.
+/// Exports a bundle with the build's template, in UTC, and compares the two.
 [[nodiscard]] lossreport::LossReport lossesOf(const std::string& bundle, ExportMode mode);
 
 /// "note-emptied: t2 note: 'Grüße', ''"

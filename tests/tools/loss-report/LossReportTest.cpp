@@ -1,4 +1,4 @@
-// A bundle is exported, and the report must tell just what did not arrive.
+// Exports a bundle; the report must list exactly the values that were lost.
 
 #include "ExportedBundle.h"
 #include "loss-report/LossKinds.h"
@@ -31,12 +31,12 @@ std::vector<std::string> linesOf(const LossReport& report, const std::string& ki
     return lines;
 }
 
-TEST(LossReport, EachLossOfTheGoldenBundlesHasAKnownReason) {
+TEST(LossReport, EachLossInTheGoldenBundlesHasAKnownReason) {
     for (const std::string& bundle : goldenBundles())
         EXPECT_THAT(linesOf(lossesInExact(bundle), "unexplained"), testing::IsEmpty()) << bundle;
 }
 
-TEST(LossReport, TellsWhatTheDocumentAndTheFileSay) {
+TEST(LossReport, ShowsTheValuesOfTheDocumentAndTheFile) {
     const LossReport report = lossesInExact(kSources + "/tests/golden/bundles/notes-and-fields.zelb");
     EXPECT_THAT(linesOf(report, "note-emptied"), testing::ElementsAre("note-emptied: t2 note: 'Grüße', ''"));
     EXPECT_THAT(linesOf(report, "note-paragraphs"),
@@ -44,7 +44,7 @@ TEST(LossReport, TellsWhatTheDocumentAndTheFileSay) {
     EXPECT_THAT(linesOf(report, "top-task"), testing::ElementsAre("top-task: t-1 title: 'Plan', 'Notes & fields'"));
 }
 
-TEST(LossReport, TextHasTheLinesAskedForAndNoCharacterThatHarmsATerminal) {
+TEST(LossReport, TextHasAtMostTheRequestedLinesAndIsSafeForATerminal) {
     LossReport report;
     for (int i = 0; i < 30; ++i)
         report.losses.push_back({"line-ends", "task", "t1", "\x1B[2J\u202Eb", "title", "a\nb\u009B", "", "why"});
@@ -58,7 +58,7 @@ TEST(LossReport, TextHasTheLinesAskedForAndNoCharacterThatHarmsATerminal) {
     EXPECT_EQ(textOfLosses({}, 20), "");
 }
 
-TEST(LossReport, InJsonIsAsItsSchemaAndItsDocumentationTell) {
+TEST(LossReport, MatchesItsSchemaAndItsDocumentationInJson) {
     const TempFolder scratch;
     std::ofstream file(scratch.path("losses.json"));
     inspect::JsonWriter json([&file](std::string_view text) { file << text; });
@@ -73,7 +73,7 @@ TEST(LossReport, InJsonIsAsItsSchemaAndItsDocumentationTell) {
     EXPECT_EQ(waitForTool(startTool(check)).exitStatus, 0) << std::ifstream(check.logPath).rdbuf();
 }
 
-// Rows of the tables, cell by cell; the heads and the lines below them are left out.
+// Rows of the tables, cell by cell, without the heads and the lines below them.
 std::vector<std::vector<std::string>> tableRows(const std::string& path) {
     std::vector<std::vector<std::string>> rows;
     std::ifstream file(path);
@@ -97,7 +97,7 @@ std::set<std::string> kindsOf(const std::string& cell) {
     return kinds;
 }
 
-TEST(LossReport, HasAKindForEachLossThatTheDocumentationTells) {
+TEST(LossReport, HasAKindForEachDocumentedLoss) {
     std::set<std::string> known, told;
     for (const LossKind& kind : lossKinds())
         known.insert(std::string(kind.id));
@@ -111,7 +111,7 @@ TEST(LossReport, HasAKindForEachLossThatTheDocumentationTells) {
     EXPECT_EQ(told, known);
 }
 
-TEST(LossReport, KindsStandInTheOrderOfTheirEnumerationUnderIdsOfTheirOwn) {
+TEST(LossReport, KindsAreInTheOrderOfTheirEnumerationWithUniqueIds) {
     std::set<std::string_view> ids;
     for (std::size_t i = 0; i < lossKinds().size(); ++i) {
         EXPECT_EQ(static_cast<std::size_t>(lossKinds()[i].kind), i);

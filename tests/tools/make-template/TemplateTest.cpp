@@ -36,7 +36,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(BothFolders, Template,
                          testing::Values(VersionFolder::Project2007, VersionFolder::Project2010));
 
-TEST_P(Template, IsReadWithoutAComplaint) {
+TEST_P(Template, IsReadWithoutComplaints) {
     const inspect::ProjectFile project = decode(_file);
     EXPECT_EQ(project.complaints.lines(), std::vector<std::string>{});
     EXPECT_EQ(project.folder, _version);
@@ -52,13 +52,13 @@ TEST_P(Template, IsReadWithoutAComplaint) {
     EXPECT_EQ(project.calendars[1].baseId, 1U);
 }
 
-TEST_P(Template, ComesOutTheSameFromEveryRun) {
+TEST_P(Template, IsTheSameInEveryRun) {
     writtenTemplate(_folder, GetParam(), "Again.mpp");
     EXPECT_EQ(_folder.read("T.mpp"), _folder.read("Again.mpp"));
 }
 
-// The new value's size will stand there too.
-TEST_P(Template, RepeatsTheSizeOfAPropertyInItsHeadWhereItIsFixed) {
+// Exports store the new value's size there too.
+TEST_P(Template, RepeatsTheSizeOfFixedPropertiesInTheirHeads) {
     inspect::Complaints complaints;
     const Bytes bytes = stream({_version, "Props"});
     const inspect::PropsFrame props(bytes, "Props", complaints);
@@ -67,7 +67,7 @@ TEST_P(Template, RepeatsTheSizeOfAPropertyInItsHeadWhereItIsFixed) {
     EXPECT_TRUE(complaints.empty());
 }
 
-TEST_P(Template, KeepsTheBookkeepingOfItsRowsInStep) {
+TEST_P(Template, HasConsistentBookkeepingOfItsRows) {
     inspect::Complaints complaints;
     const Bytes bytes = stream({_version, "Props"});
     const inspect::PropsFrame props(bytes, "Props", complaints);
@@ -88,7 +88,7 @@ inspect::FieldMap mapOf(const FieldTable& table) {
     return map;
 }
 
-// "86@0 14" for the fields 86, at offset 0 of its block, and 14, which has no place in a block.
+// "86@0 14" for the fields 86, at offset 0 of its block, and 14, which is not in a block.
 void expectPlaces(const FieldTable& table, FieldPlace::Where where, const std::string& fields) {
     const inspect::FieldMap map = mapOf(table);
     std::istringstream texts(fields);
@@ -104,8 +104,8 @@ void expectPlaces(const FieldTable& table, FieldPlace::Where where, const std::s
 
 using enum FieldPlace::Where;
 
-// What stands in rows is looked at by mppinspect's check of a template, most of it.
-TEST(FieldMaps, NameElementsFlagsAndTheFieldsThatNoCheckLooksAt) {
+// mppinspect's check of a template covers most fields in rows.
+TEST(FieldMaps, ListElementsFlagsAndTheFieldsThatNoCheckCovers) {
     expectPlaces(taskFields(), FirstBlock, "101@116");
     expectPlaces(taskFields(), Var2Data, "14 15 336 594");
     expectPlaces(taskFields(), Flag, "24 132");
@@ -118,7 +118,7 @@ TEST(FieldMaps, NameElementsFlagsAndTheFieldsThatNoCheckLooksAt) {
     EXPECT_EQ(mapOf(assignmentFields()).firstSize(), 142U);
 }
 
-// Bits of the records that every reader takes at fixed places: the row of a field in its map is its bit.
+// Record bits that every reader expects at fixed positions: a field's row in its map is its bit.
 TEST(FieldMaps, AgreeWithTheBitsOfMetaRecords) {
     const inspect::FieldMap tasks = mapOf(taskFields());
     EXPECT_EQ(tasks.find(24)->row, 5U);
@@ -141,26 +141,26 @@ TEST(FieldMaps, OfEarlierVersionsEndBeforeTheSecondBlock) {
     EXPECT_TRUE(std::equal(old.begin(), old.end(), whole.begin()));
 }
 
-TEST(FieldTables, OfTheTemplateAreSound) {
+TEST(FieldTables, OfTheTemplateAreValid) {
     for (const FieldTable* table : {&taskFields(), &resourceFields(), &assignmentFields(), &calendarFields(),
                                     &linkFields(), &outlineCodeFields()})
         EXPECT_NO_THROW(verify(*table));
 }
 
-TEST(FieldTables, ThatContradictThemselvesAreRefused) {
+TEST(FieldTables, ThatAreInconsistentAreRejected) {
     const auto refused = [](const std::function<void(FieldTable&)>& spoil) {
         FieldTable table = linkFields();
         spoil(table);
         EXPECT_THROW(verify(table), std::logic_error);
     };
-    refused([](FieldTable& table) { table.fields[2].position = 6; });              // overlaps the one before
+    refused([](FieldTable& table) { table.fields[2].position = 6; });              // overlaps the previous one
     refused([](FieldTable& table) { table.firstSize = 18; });                      // the last field is outside
     refused([](FieldTable& table) { table.fields[2].row = table.fields[1].row; }); // two in one row of the map
     refused([](FieldTable& table) { table.fields[2].id = table.fields[1].id; });
     refused([](FieldTable& table) { table.firstMetaSize = 8; }); // no bit for the field
 }
 
-TEST(TemplateOutput, ThatCannotBeCreatedIsAFailureWithThePath) {
+TEST(TemplateOutput, ThatCannotBeCreatedIsReportedWithItsPath) {
     const test::TempFolder folder;
     try {
         writtenTemplate(folder, VersionFolder::Project2007, "missing/T.mpp");

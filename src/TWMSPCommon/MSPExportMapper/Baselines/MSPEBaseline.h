@@ -10,7 +10,7 @@ namespace brackwater {
 
 class XMLDocument;
 
-/// A scenario document that the project is compared with, asked by the source's ids.
+/// A scenario document that the project is compared with, queried by source ids.
 class MSPEBaseline {
 public:
     explicit MSPEBaseline(std::shared_ptr<XMLDocument> document);

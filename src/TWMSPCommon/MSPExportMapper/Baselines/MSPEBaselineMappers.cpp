@@ -53,7 +53,7 @@ MSPETaskBaselineMapper::newBaselineFromZelbTask(XMLElement zelbTask,
 
     auto element = newNumberedBaseline<MSPEXMLTaskBaselineAdapter>();
     const Children children(*baselineTask, kChildNames);
-    // Both dates hang on the first one.
+    // Both dates depend on the first one.
     if (children.has(Child::StartDate)) {
         element->addChildElementWithName("Start", mspdiDate(children.text(Child::StartDate)));
         element->addChildElementWithName("Finish", mspdiDate(children.text(Child::EndDate)));

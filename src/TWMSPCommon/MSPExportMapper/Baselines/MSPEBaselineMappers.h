@@ -12,10 +12,10 @@
 
 namespace brackwater {
 
-/// What the mappers of one baseline's records share: the baseline and its number.
+/// Base of the mappers of one baseline's records: the baseline and its number.
 class MSPEBaselineMapperBase : public MSPEObjectMapperBase {
 public:
-    /// Raises where the coordinator has no baseline of that number.
+    /// Raises if the coordinator has no baseline with that number.
     MSPEBaselineMapperBase(std::size_t baselineNumber, MSPEMapper* mapper);
 
     [[nodiscard]] std::int64_t baselineNumber() const noexcept { return _baselineNumber; }
@@ -38,37 +38,37 @@ private:
 
 class MSPEXMLTaskBaselineAdapter;
 
-/// The dates, duration, work and cost that a baseline has of a task.
+/// The dates, duration, work and cost of a task in a baseline.
 class MSPETaskBaselineMapper final : public MSPEBaselineMapperBase {
 public:
     using MSPEBaselineMapperBase::MSPEBaselineMapperBase;
 
-    /// From the task's element in the main document; null where the baseline does not have it. `source` gets what the
-    /// first baseline says of the task, where sources are kept.
+    /// From the task's element in the main document; null if the baseline lacks it. If sources are kept, `source` gets
+    /// the first baseline's values of the task.
     [[nodiscard]] std::shared_ptr<MSPEXMLTaskBaselineAdapter>
     newBaselineFromZelbTask(XMLElement zelbTask, std::optional<MPPSourceTaskBaseline>& source) const;
 };
 
 class MSPEXMLResourceBaselineAdapter;
 
-/// Whether a baseline has a resource; nothing more is told of it.
+/// Whether a baseline has a resource; nothing else is mapped.
 class MSPEResourceBaselineMapper final : public MSPEBaselineMapperBase {
 public:
     using MSPEBaselineMapperBase::MSPEBaselineMapperBase;
 
-    /// From the resource's element in the main document; null where the baseline does not have it.
+    /// From the resource's element in the main document; null if the baseline lacks it.
     [[nodiscard]] std::shared_ptr<MSPEXMLResourceBaselineAdapter>
     newBaselineFromZelbResource(XMLElement zelbResource) const;
 };
 
 class MSPEXMLAssignmentBaselineAdapter;
 
-/// Whether a baseline has a resource on a task; nothing more is told of it.
+/// Whether a baseline has a resource on a task; nothing else is mapped.
 class MSPEAssignmentBaselineMapper final : public MSPEBaselineMapperBase {
 public:
     using MSPEBaselineMapperBase::MSPEBaselineMapperBase;
 
-    /// From the assignment's element in the main document; null where the baseline does not have it.
+    /// From the assignment's element in the main document; null if the baseline lacks it.
     [[nodiscard]] std::shared_ptr<MSPEXMLAssignmentBaselineAdapter>
     newBaselineFromZelbAssignment(XMLElement zelbAssignment) const;
 };

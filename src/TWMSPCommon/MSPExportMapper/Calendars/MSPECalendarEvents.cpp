@@ -39,7 +39,7 @@ std::string clockText(std::optional<Date> date) {
 MSPEZelbEventInfo::MSPEZelbEventInfo(XMLElement zelbEvent) : _hasTimeRange(true) {
     const std::optional<Date> startDate = dateAttribute(zelbEvent, "start");
     const std::optional<Date> endDate = dateAttribute(zelbEvent, "end");
-    // The times alone are compared, whatever the days.
+    // Compares only the times, whatever the days.
     const bool isRange = startDate && endDate && secondsSinceMidnight(*startDate) <= secondsSinceMidnight(*endDate);
     assertThat(isRange, "Incoorrect calendar event start ({}) and end ({}) time.", clockText(startDate),
                clockText(endDate));
@@ -51,7 +51,7 @@ MSPEZelbEventInfo::MSPEZelbEventInfo(XMLElement zelbEvent) : _hasTimeRange(true)
     if (_start < _end)
         return;
 
-    // An end at midnight is the end of the day before: a day's length goes off, also across a clock change.
+    // An end at midnight is the end of the day before: subtracts a day's length, even across a clock change.
     assertThat(_start == 0.0, "Calendar event start and end times may be equal only at midnight (00:00:00).");
     assertThat(_toDate.secondsSince(_fromDate) >= kSecondsPerDay, "Calendar event start and end days are too close.");
     _toDate = _toDate.advancedBy(-kSecondsPerDay);

@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// One span of a day.
+/// One working span of a day.
 class MSPEWorkingTime {
 public:
     /// Seconds since midnight.
@@ -46,10 +46,10 @@ private:
     MSPEWorkingTimes _workingTimes;
 };
 
-/// One event of the source's exceptions: a span of days, in most cases with times of day.
+/// One event among the source's exceptions: a span of days, usually with times of day.
 class MSPEZelbEventInfo {
 public:
-    /// From an `event` element; failed assertions where its times do not make an event.
+    /// From an `event` element; failed assertions if its times do not make an event.
     explicit MSPEZelbEventInfo(XMLElement zelbEvent);
     /// Dates: first day 00:00:00, last day 23:59:59. Times: seconds since midnight.
     MSPEZelbEventInfo(Date fromDate, Date toDate, double start, double end) noexcept

@@ -29,7 +29,7 @@ double timeAttribute(XMLElement span, std::string_view name) {
     return static_cast<double>(integerValue(span.attributeForName(name).value_or("")));
 }
 
-/// The events of a day of its own: one for each span, or one without times.
+/// The events of a single day: one per span, or one without times.
 void addFlattenedDay(XMLElement day, bool overtime, std::vector<MSPEZelbEventInfo>& events) {
     const std::string text = day.attributeForName("date").value_or("");
     const std::optional<Date> date = MSPIUtilities::zelbToMppDateTime(text);

@@ -10,13 +10,13 @@
 
 namespace brackwater {
 
-/// A group of events, all overtime or all time off, and the exceptions that they fold into: spans that do not overlap,
-/// each with one list of working times.
+/// A group of events, all overtime or all time off, and the exceptions to which they are folded: disjoint spans, each
+/// with one list of working times.
 class MSPECalendarExceptions {
 public:
     /// The events of a `calendar` element.
     explicit MSPECalendarExceptions(XMLElement zelbCalendar);
-    /// The days of dated `flattened-schedule-day` elements. Overtime days must have spans, the others must not.
+    /// The days of dated `flattened-schedule-day` elements. Overtime days must have spans, the others must have none.
     MSPECalendarExceptions(std::span<const XMLElement> zelbFlattenedExceptions, bool overtime);
     /// Given events, in any order.
     MSPECalendarExceptions(std::optional<std::string> calendarName, bool overtime,
@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] const std::vector<MSPEExceptionInfo>& exceptions() const noexcept { return _mppExceptionInfos; }
     [[nodiscard]] std::int64_t exceptionsCount() const noexcept;
-    // Each answers false for an index out of range, and then leaves its out parameters alone.
+    // Each returns false if the index is out of range, and then does not touch its out parameters.
     [[nodiscard]] bool exception(std::int64_t index, Date& fromDate, Date& toDate,
                                  std::int64_t* numberOfDays = nullptr) const;
     [[nodiscard]] bool exception(std::int64_t index, std::int64_t& workingTimesCount) const;

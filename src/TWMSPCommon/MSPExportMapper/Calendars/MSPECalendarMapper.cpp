@@ -39,7 +39,7 @@ double timeAttribute(XMLElement span, std::string_view name) {
 
 bool hasAny(XMLElement element, const XMLQuery& query) { return element.lastObjectForXQuery(query).count > 0; }
 
-/// The days that the schedule names; it inherits the others.
+/// The days that the schedule defines; it inherits the others.
 void mapWeekDays(XMLElement schedule, MSPEScheduleInfo& info) {
     const XMLQuery days(info.extendedFormat ? "flattened-schedule-day[@day-of-week]" : "schedule-day");
     for (const XMLElement day : schedule.objectsForXQuery(days)) {
@@ -55,7 +55,7 @@ void addExceptions(std::shared_ptr<MSPECalendarExceptions> group, MSPEScheduleIn
     groups.push_back(std::move(group));
 }
 
-/// Dated days: overtime where they have spans, time off where they have none. False where there is none at all.
+/// Dated days: overtime if they have spans, otherwise time off. False if there are none.
 bool mapFlattenedExceptions(XMLElement schedule, MSPEScheduleInfo& info) {
     std::vector<XMLElement> days = schedule.objectsForXQuery(XMLQuery("flattened-schedule-day[@date]"));
     const auto timeOff = std::stable_partition(
@@ -93,7 +93,7 @@ void mapSchedule(XMLElement schedule, MSPEScheduleInfo& info, bool keepsSource) 
 MSPECalendarMapper::MSPECalendarMapper(MSPEMapper* mapper)
     : MSPEObjectMapperBase(mapper), _calendars(Calendars::elementWithName("Calendars", mapper)) {}
 
-// Collecting: one schedule a resource.
+// Collecting: one schedule per resource.
 
 void MSPECalendarMapper::reserve(std::size_t resources) {
     _scheduleInfoMap.reserve(resources);
@@ -141,7 +141,7 @@ MSPECalendarMapper::newCalendarFromZelbResource(XMLElement resource, std::option
     return info.calendar;
 }
 
-// Building: two levels out of many.
+// Building: reduces many levels to two.
 
 void MSPECalendarMapper::buildCalendarHierarchy() {
     MSPEScheduleInfo* top = scheduleInfo(_topScheduleKey);
@@ -170,7 +170,7 @@ void MSPECalendarMapper::fixCalendarHierarchy() {
         info.parentInfo->isParentSchedule = true;
     }
 
-    // What other schedules hang on becomes a base calendar: itself at the top, else a copy that inherits nothing.
+    // A schedule with descendants becomes a base calendar: itself at the top, otherwise a copy that inherits nothing.
     for (MSPEScheduleInfo* entry : _scheduleInfoKeys) {
         MSPEScheduleInfo& info = *entry;
         if (!info.isParentSchedule || info.isBaseCalendar)
@@ -198,13 +198,13 @@ MSPECalendarMapper::ScheduleInfoPointer MSPECalendarMapper::newFlatScheduleInfo(
     return flatCopy;
 }
 
-// Parents come before their children, and so do their flat copies: the way up ends at the first parent.
+// Parents come before their children, and so do their flat copies: the search ends at the first parent.
 const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPEScheduleInfo& info,
                                                                  std::int32_t dayType) const {
     const MSPEWorkingTimes* workingTimes = info.workingTimesForDayType(dayType);
     const MSPEScheduleInfo* current = &info;
     for (std::size_t steps = 0; !workingTimes; ++steps) {
-        // A parent that hangs on its own descendant has no top above it either.
+        // A parent that is its own descendant has no top above it either.
         assertThat(current->parentKey() && steps < _scheduleInfoKeys.size(),
                    "We should eventually find working times, at least in Project default schedule.");
         current = current->parentInfo;
@@ -221,7 +221,7 @@ const MSPEWorkingTimes& MSPECalendarMapper::resolvedWorkingTimes(const MSPESched
     return *workingTimes;
 }
 
-// Exceptions are inherited as a whole, from the nearest schedule that has any. A parent's flat copy has done so before.
+// Exceptions are inherited as a whole from the nearest schedule that has any. A parent's flat copy already has them.
 void MSPECalendarMapper::copyResolvedExceptions(const MSPEScheduleInfo& info, MSPEScheduleInfo& flatCopy) const {
     const MSPEScheduleInfo* source = &info;
     for (std::size_t steps = 0; !source->tellsExceptions() && source->parentKey() && steps < _scheduleInfoKeys.size();

@@ -12,7 +12,7 @@ Date timeOfDay(Date date, std::int64_t hour, std::int64_t minute, std::int64_t s
     fields.hour = hour;
     fields.minute = minute;
     fields.second = second;
-    // The fields of an instant, another time on the same day, make an instant but at the very ends of time.
+    // Another time on the day of an instant is always an instant, except at the very ends of time.
     return calendar.dateFromFields(fields).value_or(date);
 }
 

@@ -10,7 +10,7 @@ namespace brackwater {
 [[nodiscard]] Date beginOfDay(Date date);
 /// 23:59:59 of the day.
 [[nodiscard]] Date endOfDay(Date date);
-/// What the wall clock shows, in seconds; on a day of a clock change that differs from the time passed.
+/// In local time; on a day with a clock change it differs from the elapsed time.
 [[nodiscard]] double secondsSinceMidnight(Date date);
 
 } // namespace brackwater

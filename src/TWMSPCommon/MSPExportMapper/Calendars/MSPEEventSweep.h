@@ -19,14 +19,14 @@ namespace brackwater {
 /// overlap, each piece has those of all.
 class MSPEEventSweep {
 public:
-    /// `events` are sorted by `fromDate` and outlive the sweep.
+    /// `events` must be sorted by `fromDate` and outlive the sweep.
     explicit MSPEEventSweep(const std::vector<MSPEZelbEventInfo>& events);
 
     /// Raises an exception where the pieces have too many times of day.
     [[nodiscard]] std::vector<MSPEExceptionInfo> pieces();
 
 private:
-    /// Brings the active events in step with the cursor.
+    /// Updates the active events to the cursor.
     void beginEvents();
     void endEvents();
     [[nodiscard]] bool hasUpcoming() const noexcept { return _upcoming < _events.size(); }
@@ -38,14 +38,13 @@ private:
     Date _cursor;
     Date _rangeEnd;
     std::size_t _upcoming = 0; ///< the first event that begins after the cursor
-    /// The ends of the active events, the nearest on top.
+    /// The ends of the active events, the earliest on top.
     std::priority_queue<Date, std::vector<Date>, std::greater<>> _activeEnds;
-    /// Active events with times of day, by their start and then in the order of the list. An event that ended leaves
-    /// when a piece next looks at it.
+    /// Active events with times of day, by start and then in list order. The next piece removes events that have ended.
     std::multimap<double, const MSPEZelbEventInfo*> _activeWithTimes;
 };
 
-/// Joins neighbours with equal working times that touch: the later one begins one second after the earlier one ends.
+/// Joins adjacent exceptions with equal working times: the later one begins one second after the earlier one ends.
 [[nodiscard]] std::vector<MSPEExceptionInfo> joinTouchingExceptions(std::vector<MSPEExceptionInfo> exceptions);
 
 } // namespace brackwater

@@ -24,7 +24,7 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr int kFirstDayType = MSPEScheduleInfo::kFirstDayType;
 constexpr int kLastDayType = MSPEScheduleInfo::kLastDayType;
 
-/// One calendar's elements; "WeekDays" and "Exceptions" are made when first needed and shared by what follows.
+/// One calendar's elements; "WeekDays" and "Exceptions" are created on first use and then shared.
 class ScheduleElements {
 public:
     explicit ScheduleElements(MSPEXMLCalendarAdapter& calendar) : _calendar(calendar), _mapper(calendar.mapper()) {}
@@ -84,7 +84,7 @@ void ScheduleElements::mapWeekDays(const MSPEScheduleInfo& info) {
     }
 }
 
-// A calendar with exceptions has a default week, an empty one where the schedule names no day.
+// A calendar with exceptions has a default week, empty if the schedule defines no day.
 void ScheduleElements::mapScheduleExceptions(const MSPEScheduleInfo::Exceptions& groups) {
     for (const auto& group : groups) {
         if (group->exceptionsCount() == 0)
@@ -116,7 +116,7 @@ void ScheduleElements::mapException(const MSPECalendarExceptions& group, std::in
     exception->addChildElementWithName("Type", "1");
     exception->addChildElementWithName("DayWorking", group.overtime() ? "1" : "0");
     if (!group.overtime())
-        return; // hours of time off are lost: the days are wholly non-working
+        return; // hours of time off are lost: the days are completely non-working
 
     const Element container = childOf(*exception, "WorkingTimes");
     std::int64_t workingTimesCount = 0;
@@ -133,7 +133,7 @@ void ScheduleElements::mapException(const MSPECalendarExceptions& group, std::in
     }
 }
 
-// The days of overtime are laid down as non-working weeks as well.
+// Also writes overtime days as non-working weeks.
 void ScheduleElements::mapTimeOffExceptionsBG(const MSPEScheduleInfo::Exceptions& groups) {
     Element workWeeks;
     for (const auto& group : groups) {
@@ -164,8 +164,8 @@ void ScheduleElements::mapWorkWeek(const MSPECalendarExceptions& group, std::int
 void ScheduleElements::addNonWorkingDays(MSPEXMLAdapter& weekDays, Date fromDate, Date toDate) const {
     const GregorianCalendar calendar;
     std::bitset<kLastDayType + 1> added;
-    // A day type that comes again would put an empty list in the place of an empty list: seven are enough, however
-    // long the exception is.
+    // A repeated day type would only replace an empty list with an empty list: seven are enough, however long the
+    // exception is.
     for (Date date = fromDate; date < toDate && added.count() < kLastDayType; date = date.advancedBy(kSecondsPerDay)) {
         const int dayType = calendar.weekdayOfDate(date);
         assertThat(dayType >= kFirstDayType && dayType <= kLastDayType, "Incorrect dayType ({}). Must be from 1 to 7.",
@@ -175,7 +175,7 @@ void ScheduleElements::addNonWorkingDays(MSPEXMLAdapter& weekDays, Date fromDate
     }
 }
 
-// Whole days in the system zone, whatever the times of the dates.
+// Whole days in the system zone, ignoring the times of the dates.
 void ScheduleElements::addPeriod(MSPEXMLAdapter& element, Date fromDate, Date toDate) const {
     const auto period = MSPEXMLTimePeriodAdapter::elementWithName("TimePeriod", _mapper);
     period->addChildElementWithName(

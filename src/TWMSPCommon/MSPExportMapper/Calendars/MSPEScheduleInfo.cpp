@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int32_t kSunday = 1;
 constexpr std::int32_t kSaturday = 7;
-constexpr std::size_t kDayTypes = 8; // the type 0 of no day included
+constexpr std::size_t kDayTypes = 8; // including type 0, which is no day
 
 std::size_t placeOfDayType(std::int32_t dayType) {
     assertThat(dayType >= 0 && dayType <= MSPEScheduleInfo::kLastDayType, "Incorrect value of argument dayType ({}).",
@@ -23,7 +23,7 @@ std::size_t placeOfDayType(std::int32_t dayType) {
     return static_cast<std::size_t>(dayType);
 }
 
-/// The default working week's day: 8:00 to 12:00 and 13:00 to 17:00, but nothing at the weekend.
+/// A day of the default working week: 8:00 to 12:00 and 13:00 to 17:00, but nothing at the weekend.
 MSPEWorkingTimes defaultWorkingTimes(std::int32_t dayType) {
     if (dayType == kSunday || dayType == kSaturday)
         return {};

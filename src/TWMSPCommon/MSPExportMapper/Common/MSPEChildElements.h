@@ -13,7 +13,7 @@
 
 namespace brackwater {
 
-/// The names of the children that a reader asks for, in the order of an enumeration of its own.
+/// The child names that a reader looks up, in the order of its enumeration.
 template <std::size_t Count>
 class MSPEChildNames {
 public:
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] constexpr std::size_t size() const noexcept { return Count; }
     [[nodiscard]] constexpr std::string_view operator[](std::size_t index) const noexcept { return _names[index]; }
 
-    /// The name's place in the order; `Count` for any other name.
+    /// The name's index; `Count` for any other name.
     [[nodiscard]] std::size_t find(std::string_view name) const noexcept {
         const auto place = std::lower_bound(_sorted.begin(), _sorted.end(), name,
                                             [this](std::size_t i, std::string_view n) { return less(_names[i], n); });
@@ -43,8 +43,8 @@ private:
     std::array<std::size_t, Count> _sorted{};
 };
 
-/// The children of a source element by name, found in one pass. They answer what the queries for each name would: the
-/// last of several, and "only" for readers to whom several are as good as none.
+/// The children of a source element by name, found in one pass. Results match queries for each name: the last of
+/// several; the functions named "only" treat several as none.
 template <typename Name, std::size_t Count>
 class MSPEChildElements {
 public:
@@ -62,7 +62,7 @@ public:
     [[nodiscard]] bool has(Name name) const noexcept { return found(name).last.has_value(); }
     [[nodiscard]] std::optional<XMLElement> last(Name name) const noexcept { return found(name).last; }
 
-    /// The last element's text, as a view that holds until the next reading.
+    /// The last element's text, as a view that is valid until the next call.
     [[nodiscard]] std::optional<std::string_view> text(Name name) const {
         const auto& element = found(name).last;
         return element ? std::optional(element->textView(_buffer)) : std::nullopt;
@@ -71,7 +71,7 @@ public:
         return isOnly(name) ? text(name) : std::nullopt;
     }
 
-    /// The last element's number, where there is an element. Raises where its text does not begin with a number.
+    /// The last element's number, if there is an element. Raises if its text does not begin with a number.
     [[nodiscard]] std::optional<std::int64_t> integer(Name name) const {
         const auto read = text(name);
         if (!read)
@@ -88,8 +88,8 @@ public:
             return scanned->value;
         return floatValueForXQuery(_element, query(name));
     }
-    /// The number of the only element; nothing where there are several. The last of several is read all the same, so
-    /// that a text that is no number fails.
+    /// The number of the only element; nothing if there are several. The last of several is parsed anyway, so that a
+    /// text that is not a number fails.
     [[nodiscard]] std::optional<std::int64_t> onlyInteger(Name name) const {
         const auto value = integer(name);
         return isOnly(name) ? value : std::nullopt;

@@ -7,15 +7,15 @@
 
 namespace brackwater {
 
-/// The members of a group of tasks or resources, one after the other: the group refers to them by their ids.
+/// Iterates over the members of a group of tasks or resources, to which the group refers by id.
 class MSPEChildReferences {
 public:
-    /// `childName` is the name of the scenario's elements that are referred to, `referenceName` that of the group's
-    /// elements that do so. Both outlive this.
+    /// `childName` is the name of the referenced elements in the scenario, `referenceName` that of the referring
+    /// elements in the group. Both outlive this.
     MSPEChildReferences(XMLElement zelbScenario, XMLElement group, std::string_view referenceName,
                         std::string_view childName);
 
-    /// Null behind the last one; references to elements that do not exist are passed over.
+    /// Null after the last one; skips references to missing elements.
     std::optional<XMLElement> nextChild();
 
 private:

@@ -17,7 +17,7 @@ constexpr std::string_view kAttributeClass = "MSPEXMLExtendedAttributeAdapter";
 using Attributes = std::vector<std::shared_ptr<const MPPExtendedAttribute>>;
 using AliasesByField = std::unordered_map<std::string_view, std::string_view>;
 
-// Of several definitions of a field the last counts.
+// If a field has several definitions, the last one counts.
 AliasesByField aliasesByField(const Attributes& definitions) {
     AliasesByField aliases;
     for (const auto& definition : definitions) {

@@ -9,13 +9,13 @@ namespace brackwater {
 
 class MSPEXMLNotesAdapter;
 
-/// Flattens a rich-text note into plain text: one line a paragraph, each ended by a line end. All formatting is lost.
+/// Flattens a rich-text note to plain text: one line per paragraph, each ended by a line end. All formatting is lost.
 class MSPENoteMapper final : public MSPEObjectMapperBase {
 public:
     /// Works without a coordinator.
     MSPENoteMapper() noexcept : MSPEObjectMapperBase(nullptr) {}
 
-    /// Null for a note without a text.
+    /// Null if the note has no text.
     [[nodiscard]] std::shared_ptr<MSPEXMLNotesAdapter> newNotesFromZELBNote(XMLElement zelbNote) const;
 };
 

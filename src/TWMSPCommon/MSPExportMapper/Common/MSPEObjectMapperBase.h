@@ -4,7 +4,7 @@ namespace brackwater {
 
 class MSPEMapper;
 
-/// Base of the sub-mappers: each reaches documents, counters and the other sub-mappers through the coordinator.
+/// Base of the sub-mappers: each accesses documents, counters and the other sub-mappers through the coordinator.
 class MSPEObjectMapperBase {
 public:
     /// `mapper` must outlive the object.
@@ -13,7 +13,7 @@ public:
     [[nodiscard]] MSPEMapper* mapper() const noexcept { return _mapper; }
 
 protected:
-    // Sub-mappers are held by their own type; none is destroyed through this base.
+    // Sub-mappers are owned by their own type; none is deleted through this base.
     ~MSPEObjectMapperBase() = default;
 
 private:

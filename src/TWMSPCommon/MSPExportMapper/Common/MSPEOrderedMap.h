@@ -14,12 +14,11 @@
 
 namespace brackwater {
 
-/// Values by key, in the order in which they were entered. A key is a number, a text that the map owns, or a view of a
-/// text that outlives it.
+/// Values by key, in insertion order. A key is a number, a text owned by the map, or a view of a text that outlives it.
 ///
-/// Made for tables as long as a large document, whose parts lie outside the processor's caches. Look-ups mostly come in
-/// the order of entry, each once or a few times: the entry that answered last and the one behind it are tried before
-/// the hash table. The table holds places, not entries, and takes no memory of its own for each entry.
+/// Designed for the tables of large documents, which exceed the processor's caches. Look-ups mostly follow insertion
+/// order, one or a few per key: the last entry found and its successor are tried before the hash table. The table
+/// stores indexes, so it allocates no memory per entry.
 template <typename Key, typename Value>
 class MSPEOrderedMap {
 public:
@@ -29,7 +28,7 @@ public:
         Key key;
         Value value;
         std::uint32_t hash;
-        std::uint32_t nextInBucket; ///< the place of the next entry of the same bucket
+        std::uint32_t nextInBucket; ///< index of the next entry in the same bucket
     };
 
     void reserve(std::size_t count) {
@@ -37,7 +36,7 @@ public:
             rebuildTable(std::bit_ceil(count));
     }
 
-    /// False where the key is taken; its value stays.
+    /// False if the key exists; its value stays.
     bool tryAdd(KeyView key, Value value) {
         const std::uint32_t hash = hashOf(key);
         if (placeOf(key, hash) != kNone)
@@ -45,7 +44,7 @@ public:
         add(key, std::move(value), hash);
         return true;
     }
-    /// Enters the value, in the place of an earlier one where the key is taken, and gives it.
+    /// Inserts the value, or replaces the existing one, and returns it.
     Value& set(KeyView key, Value value) {
         const std::uint32_t hash = hashOf(key);
         const std::uint32_t place = placeOf(key, hash);
@@ -54,7 +53,7 @@ public:
         return _entries[place].value = std::move(value);
     }
 
-    /// Null where there is none. The pointer stays valid.
+    /// Null if the key is missing. The pointer stays valid.
     [[nodiscard]] const Value* find(KeyView key) const {
         const std::size_t triedEnd = std::min<std::size_t>(_entries.size(), _lastPlace + 2);
         for (std::size_t place = _lastPlace; place < triedEnd; ++place)
@@ -100,7 +99,7 @@ private:
         return &_entries[place].value;
     }
 
-    std::deque<Entry> _entries; ///< values stay where they are
+    std::deque<Entry> _entries; ///< a deque: values keep their addresses
     PlaceTable _table;
     mutable std::size_t _lastPlace = 0;
 };

@@ -12,7 +12,7 @@ namespace brackwater {
 
 namespace {
 
-// Field ids of Text1; Text2 and its followers come in steps.
+// Field id of Text1; Text2 and so on follow at fixed intervals.
 constexpr std::size_t kFirstTaskTextField = 188743731;     // 0xB400033
 constexpr std::size_t kFirstResourceTextField = 205520904; // 0xC400008
 constexpr std::size_t kTextFieldStep = 3;

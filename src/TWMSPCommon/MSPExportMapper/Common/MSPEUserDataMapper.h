@@ -14,14 +14,14 @@ namespace brackwater {
 
 class MSPEXMLExtendedAttributeAdapter;
 
-/// Turns the free key and value pairs of one element into text custom fields: values for the element, definitions for
-/// the project. A key's field depends on its position within its own element.
+/// Converts the free key and value pairs of one element to text custom fields: values for the element, definitions for
+/// the project. A key's field depends on its position within its element.
 class MSPEUserDataMapper final : public MSPEObjectMapperBase {
 public:
     /// For a task's or for a resource's fields.
     MSPEUserDataMapper(MSPEMapper* mapper, bool isTask) noexcept : MSPEObjectMapperBase(mapper), _isTask(isTask) {}
 
-    /// Keys and strings matched by position; raises where their numbers differ.
+    /// Keys and strings matched by position; raises if their numbers differ.
     [[nodiscard]] std::vector<std::shared_ptr<MSPEXMLExtendedAttributeAdapter>>
     newExtendedAttributesFromUserData(XMLElement userData);
 

@@ -22,7 +22,7 @@ const PosixPattern& amountPattern() {
 
 bool isEmpty(const std::optional<PosixPattern::Range>& range) { return !range || range->begin == range->end; }
 
-// From the start of the first group that holds something to the end of the last one that does. The digits always do.
+// From the start of the first non-empty group to the end of the last. The group of digits is never empty.
 PosixPattern::Range spanOfGroups(const PosixPattern::Match& match) {
     PosixPattern::Range span{};
     bool found = false;

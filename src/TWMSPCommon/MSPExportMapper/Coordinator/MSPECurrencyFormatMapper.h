@@ -8,17 +8,18 @@
 
 namespace brackwater {
 
-/// The project's currency settings, derived from the table of contents' sample of a formatted amount ("$1,234.56").
+/// The project's currency settings, derived from the sample of a formatted amount in the table of contents
+/// ("$1,234.56").
 class MSPECurrencyFormatMapper final : public MSPEObjectMapperBase {
 public:
     explicit MSPECurrencyFormatMapper(MSPEMapper* mapper);
 
-    /// Digits behind the decimal point.
+    /// Digits after the decimal point.
     [[nodiscard]] std::int64_t currencyDigits() const noexcept { return _currencyDigits; }
     [[nodiscard]] const std::string& currencySymbol() const noexcept { return _currencySymbol; }
-    /// Three letters; empty for a symbol that stands for no code.
+    /// Three letters; empty if the symbol has no code.
     [[nodiscard]] const std::string& currencyCode() const noexcept { return _currencyCode; }
-    /// 0 before the amount, 1 behind it, 2 before with a space, 3 behind with a space.
+    /// 0 before the amount, 1 after it, 2 before with a space, 3 after with a space.
     [[nodiscard]] std::int64_t currencySymbolPosition() const noexcept { return _currencySymbolPosition; }
 
 private:

@@ -23,7 +23,7 @@ constexpr std::string_view kApplicationVersion = "2.x";
 constexpr int kUnknownFormat = 0;
 constexpr int kAssumedFormat = 3;
 
-// The numbers that the next record of each kind gets.
+// The next number for each kind of record.
 struct Counters {
     std::int64_t taskID = 0;
     std::int64_t resourceID = 0;
@@ -42,7 +42,7 @@ bool isSchemeByte(char byte) {
            byte == '+' || byte == '-' || byte == '.';
 }
 
-// What follows the scheme of an absolute URI; nothing for any other text.
+// The part of an absolute URI after the scheme; nothing for any other text.
 std::optional<std::string_view> behindScheme(std::string_view uri) {
     std::size_t length = 0;
     while (length < uri.size() && isSchemeByte(uri[length]))
@@ -53,7 +53,7 @@ std::optional<std::string_view> behindScheme(std::string_view uri) {
     return uri.substr(length + 1);
 }
 
-// Any scheme and host will do.
+// Accepts any scheme and host.
 bool isSourceNamespace(std::string_view uri) {
     auto rest = behindScheme(uri);
     if (!rest)
@@ -77,7 +77,7 @@ MSPEMapper::MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<
     : _zelbXmlDoc(std::move(zelbXmlDoc)), _zelbTOCXmlDoc(std::move(zelbTOCXmlDoc)),
       _zelbBaselines(std::make_move_iterator(baselines.begin()), std::make_move_iterator(baselines.end())),
       _keepsSource(keepsSource), _calendarMapper(std::make_unique<MSPECalendarMapper>(this)) {
-    // Comes first: it logs the zone where the process makes its first coordinator.
+    // Must come first: it logs the zone when the process creates its first coordinator.
     MSPCDateTimeConverter::initialize();
     counters = Counters{};
     _mppVersion = formatOfTemplate(templateUrl);
@@ -90,7 +90,7 @@ void MSPEMapper::map() {
     if (!_notMappedReason.empty())
         return;
 
-    // What the project mapper publishes is there while it maps, and no longer, however that ends.
+    // Limits the project mapper's published data to the mapping, however it ends.
     struct ProjectMapperScope {
         std::unique_ptr<MSPEProjectMapper>& projectMapper;
         ~ProjectMapperScope() { projectMapper.reset(); }
@@ -103,7 +103,7 @@ void MSPEMapper::map() {
     project->addComment(fmt::format("  {}: Tarnwick {} MSPDI Exporter.  ", descriptionOfNow(), kApplicationVersion));
 }
 
-// Why the main document is no scenario of the source format; empty for one that is.
+// Why the main document is not a scenario of the source format; empty if it is one.
 std::string MSPEMapper::faultOfRoot() const {
     if (!_zelbXmlDoc)
         return "The bundle has no scenario with the id of the one that is being edited.";

@@ -21,13 +21,12 @@ class XMLDocument;
 class XMLElement;
 struct MPPConstraint;
 
-/// The hub of one export: holds the source documents, the growing result, and what the sub-mappers share.
+/// The hub of one export: holds the source documents, the growing result, and the sub-mappers' shared state.
 class MSPEMapper {
 public:
-    /// `zelbXmlDoc` may be null (no scenario matched the one being edited); nothing is mapped then. The position of a
-    /// document in `baselines` is its baseline number. The counters below begin anew with each coordinator, so that
-    /// every bundle of a list exports as it would alone. `keepsSource`: the mappers keep the source's values in the
-    /// records.
+    /// `zelbXmlDoc` may be null (no scenario matched the edited one); nothing is mapped then. A document's index in
+    /// `baselines` is its baseline number. The counters below restart with each coordinator, so that every bundle of a
+    /// list is exported as if it were alone. `keepsSource`: the mappers keep the source's values in the records.
     MSPEMapper(std::shared_ptr<XMLDocument> zelbXmlDoc, std::shared_ptr<XMLDocument> zelbTOCXmlDoc,
                std::vector<std::shared_ptr<XMLDocument>> baselines, const std::optional<FileURL>& templateUrl,
                bool keepsSource = false);
@@ -35,13 +34,13 @@ public:
     MSPEMapper(const MSPEMapper&) = delete;
     MSPEMapper& operator=(const MSPEMapper&) = delete;
 
-    /// Maps the main document; the outcome is `mspdiXmlDoc`. A document that is not a scenario of the source format is
-    /// left alone without a word; `notMappedReason` then tells why. Raises what the sub-mappers raise.
+    /// Maps the main document; the result is `mspdiXmlDoc`. Silently ignores a document that is not a scenario of the
+    /// source format; `notMappedReason` then says why. Raises what the sub-mappers raise.
     void map();
 
     /// The result; null until `map` succeeds.
     [[nodiscard]] const std::shared_ptr<MSPEXMLDocumentAdapter>& mspdiXmlDoc() const noexcept { return _mspdiXmlDoc; }
-    /// Why `map` left the document alone, a sentence for people; empty before `map` and after one that went through.
+    /// Why `map` ignored the document, a sentence for people; empty before `map` and after success.
     [[nodiscard]] const std::string& notMappedReason() const noexcept { return _notMappedReason; }
 
     [[nodiscard]] const std::shared_ptr<XMLDocument>& zelbXmlDoc() const noexcept { return _zelbXmlDoc; }
@@ -49,21 +48,21 @@ public:
     [[nodiscard]] const std::vector<MSPEBaseline>& zelbBaselines() const noexcept { return _zelbBaselines; }
     [[nodiscard]] int mppVersion() const noexcept { return _mppVersion; }
     [[nodiscard]] bool keepsSource() const noexcept { return _keepsSource; }
-    /// Is told of each task; may be null.
+    /// Notified of each task; may be null.
     [[nodiscard]] ExportProgress* progress() const noexcept { return _progress; }
     void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
 
-    /// The root element; null before the project mapper made it.
+    /// The root element; null until the project mapper creates it.
     [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept { return _mspdiProject; }
     void setMspdiProject(std::shared_ptr<MSPEXMLProjectAdapter> project);
-    /// Null before the project mapper set it.
+    /// Null until the project mapper sets it.
     [[nodiscard]] const MSPEIdMapper* idMapper() const noexcept { return _idMapper.get(); }
     void setIdMapper(std::unique_ptr<MSPEIdMapper> idMapper);
     /// Null outside `map`.
     [[nodiscard]] MSPEProjectMapper* projectMapper() const noexcept { return _projectMapper.get(); }
     [[nodiscard]] MSPECalendarMapper* calendarMapper() const noexcept { return _calendarMapper.get(); }
 
-    /// Every link record, in the order of making.
+    /// Every link record, in order of creation.
     [[nodiscard]] const std::vector<std::shared_ptr<MPPConstraint>>& constraints() const noexcept {
         return _constraints;
     }

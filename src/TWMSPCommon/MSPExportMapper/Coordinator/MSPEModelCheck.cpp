@@ -11,7 +11,7 @@ namespace brackwater {
 namespace {
 
 constexpr std::string_view kNothing = "(null)";
-// What stands in a reference that was never resolved.
+// The class of an unresolved reference.
 constexpr std::string_view kProxy = "NSString";
 
 void verifyProject(const MPPProject& project) {

@@ -11,11 +11,11 @@ struct MPPCalendarWorkWeek;
 struct MPPConstraint;
 struct MPPProject;
 
-/// Checks the whole model behind the mapping; raises at the first fault. The project's own lists hold its tasks,
+/// Checks the whole model after the mapping; raises at the first error. The project's own lists hold its tasks,
 /// resources and assignments.
 ///
-/// That an object is of its kind is a matter of the types here. What can still happen is checked: an entry of a list
-/// that is missing, a reference that still holds a UID, a range without its start or end.
+/// The compiler checks the kinds of objects. This checks what can still go wrong: missing list entries, references that
+/// still hold a UID, ranges without start or end.
 void verifyFixedProject(const MPPProject& project, const std::vector<std::shared_ptr<MPPConstraint>>& constraints,
                         const std::vector<std::shared_ptr<MPPCalendar>>& calendars);
 void verifyWorkWeek(const std::shared_ptr<MPPCalendarWorkWeek>& workWeek);

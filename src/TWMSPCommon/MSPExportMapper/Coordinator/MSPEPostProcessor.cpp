@@ -11,10 +11,10 @@ namespace {
 
 constexpr std::string_view kStandardCalendar = "Standard";
 constexpr std::int64_t kProjectCalendarID = 1;
-// Stands for no resource in an assignment.
+// Means no resource in an assignment.
 constexpr std::int64_t kNoResource = -65535;
 
-// The UID text of a reference; `kind` and `recordClass` word the failure of a reference that was resolved before.
+// The UID text of a reference; `kind` and `recordClass` are used in the failure for an already resolved reference.
 template <typename Reference>
 const std::string& proxyText(const Reference& reference, std::string_view kind, std::string_view recordClass) {
     assertThat(reference.isProxy(), "Unexpected {} proxy class: {}", kind, recordClass);
@@ -101,7 +101,7 @@ void MSPEPostProcessor::resolveAssignments() {
     }
 }
 
-// A negative number stands for no calendar.
+// A negative number means no calendar.
 void MSPEPostProcessor::resolveCalendar(CalendarReference& reference, const char* notFoundFormat) const {
     if (reference.isUnset())
         return;
@@ -116,8 +116,7 @@ void MSPEPostProcessor::resolveCalendar(CalendarReference& reference, const char
     reference.setRecord(std::move(calendar));
 }
 
-// The table is keyed by the records' own IDs, so that what it finds under an ID has that ID. The same holds for
-// resources.
+// The table is keyed by the records' own IDs, so the result always has the requested ID. The same applies to resources.
 void MSPEPostProcessor::resolveTask(TaskReference& reference) const {
     if (reference.isUnset())
         return;
@@ -150,7 +149,7 @@ std::shared_ptr<MPPCalendar> MSPEPostProcessor::calendarWithID(std::int64_t numb
 }
 
 void MSPEPostProcessor::makeTaskTreeFromTasks(const std::vector<std::shared_ptr<MPPTask>>& tasks) {
-    // Entry n is the last task seen on level n.
+    // Entry n is the last task on level n.
     std::vector<MPPTask*> path;
     for (const auto& task : tasks) {
         const std::uint64_t level = task->outlineLevel;

@@ -10,25 +10,25 @@
 
 namespace brackwater {
 
-/// The last stage of the mapping: puts records in the place of the UIDs that stand for them, turns custom fields into
-/// names and values, derives the task tree from the outline levels, and checks the whole. From its end on the project
-/// is ready for the stream writers.
+/// The last stage of the mapping: replaces UIDs with the records they refer to, converts custom fields to names and
+/// values, derives the task tree from the outline levels, and checks the whole model. After it the project is ready for
+/// the stream writers.
 class MSPEPostProcessor {
 public:
     using Calendars = std::vector<std::shared_ptr<MPPCalendar>>;
     using Constraints = std::vector<std::shared_ptr<MPPConstraint>>;
     using UidToIdMap = MSPEOrderedMap<std::string, std::int64_t>;
 
-    /// All arguments must outlive the object. A calendar's ID is the UID that names it; tasks and resources are named
-    /// by UIDs that the two maps lead to IDs.
+    /// All arguments must outlive the object. Calendars are referenced by ID; tasks and resources by UIDs, which the
+    /// two maps convert to IDs.
     MSPEPostProcessor(MPPProject& project, const Constraints& constraints, const Calendars& calendars,
                       const UidToIdMap& taskUidToIdMap, const UidToIdMap& resourceUidToIdMap);
 
-    /// Raises at the first thing that does not fit.
+    /// Raises at the first inconsistency.
     void run();
 
-    /// Sets each task's parent from the outline levels of the tasks, which come in tree order. Raises where a level
-    /// rises by more than one.
+    /// Sets each task's parent from the outline levels of the tasks, which are in tree order. Raises if a level rises
+    /// by more than one.
     static void makeTaskTreeFromTasks(const std::vector<std::shared_ptr<MPPTask>>& tasks);
 
 private:

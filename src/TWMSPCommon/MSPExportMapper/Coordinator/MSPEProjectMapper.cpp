@@ -35,7 +35,7 @@ std::size_t countOfChildren(XMLElement element, std::string_view name) {
 
 } // namespace
 
-// The order of the steps is the order of the project's children, and binding beyond that: calendars before what refers
+// The order of the steps is the order of the project's children, and also a requirement: calendars before what refers
 // to them, resources before tasks.
 std::shared_ptr<MSPEXMLProjectAdapter> MSPEProjectMapper::newProjectFromZELBScenario() {
     _project = std::make_shared<MSPEXMLProjectAdapter>("Project", mapper());
@@ -119,7 +119,7 @@ void MSPEProjectMapper::indexTasks() {
     _taskUidToIdMap.reserve(count);
     forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
         const MSPEScheduledTaskInfo* info = &_taskInfos.emplace_back(element);
-        // Of several tasks with one id the last counts.
+        // If several tasks have the same id, the last one counts.
         _scheduledTasks.set(info->uid(), info);
         _hasLinks = _hasLinks || !info->prerequisites().empty();
     });

@@ -18,8 +18,8 @@ namespace brackwater {
 class MSPEXMLAdapter;
 class MSPEXMLProjectAdapter;
 
-/// Turns one scenario into the "Project" element and its collections. It fixes the order of all passes, and publishes
-/// what the other sub-mappers read back.
+/// Converts one scenario to the "Project" element and its collections. It determines the order of all passes, and
+/// publishes data for the other sub-mappers.
 class MSPEProjectMapper final : public MSPEObjectMapperBase {
 public:
     using ScheduledTasks = MSPEOrderedMap<std::string_view, const MSPEScheduledTaskInfo*>;
@@ -38,21 +38,21 @@ public:
     /// Source texts.
     [[nodiscard]] const std::string& zelbProjectStartDate() const noexcept { return _zelbProjectStartDate; }
     [[nodiscard]] const std::string& zelbProjectFinishDate() const noexcept { return _zelbProjectFinishDate; }
-    /// The range of the document's priorities; it always holds 0.
+    /// The range of the document's priorities; it always includes 0.
     [[nodiscard]] std::int64_t minTaskPriority() const noexcept { return _minTaskPriority; }
     [[nodiscard]] std::int64_t maxTaskPriority() const noexcept { return _maxTaskPriority; }
-    /// All tasks of the document by their raw ids, those that no tree reaches included.
+    /// All tasks of the document by raw id, including those outside the trees.
     [[nodiscard]] const ScheduledTasks& scheduledTasks() const noexcept { return _scheduledTasks; }
     [[nodiscard]] const UidToIdMap& taskUidToIdMap() const noexcept { return _taskUidToIdMap; }
     [[nodiscard]] const UidToIdMap& resourceUidToIdMap() const noexcept { return _resourceUidToIdMap; }
 
     /// The coordinator's project mapper. Raises outside the mapping of a project.
     [[nodiscard]] static MSPEProjectMapper& ofMapper(MSPEMapper* mapper);
-    /// Raises where the document has no task of that id.
+    /// Raises if the document has no task with that id.
     [[nodiscard]] const MSPEScheduledTaskInfo& scheduledTaskWithId(std::string_view id) const;
-    /// A task's dates as texts. They are kept until another task is asked for: a task's assignments follow the task.
+    /// A task's dates as texts. They are cached until the next task: a task's assignments follow the task.
     [[nodiscard]] const MSPETaskDates& datesOfTask(const MSPEScheduledTaskInfo& info);
-    /// Both enter a UID with its ID; false where the UID is taken.
+    /// Both register a UID with its ID; false if the UID is taken.
     [[nodiscard]] bool registerTask(std::string_view uid, std::int64_t number);
     [[nodiscard]] bool registerResource(std::string_view uid, std::int64_t number);
 

@@ -44,7 +44,7 @@ constexpr std::string_view kMaterial = "0";
 constexpr std::string_view kWork = "1";
 constexpr std::string_view kHourlyRate = "2";
 
-// The target's type of resource; nothing for one that it does not have.
+// The target's resource type; nothing if it has none.
 std::optional<std::string_view> resourceType(std::optional<std::string_view> type) {
     if (type == "Material")
         return kMaterial;
@@ -115,7 +115,7 @@ private:
     }
 
     void addCosts() {
-        // Money is told in hundredths, a rate as the source tells it.
+        // Amounts of money are in hundredths, rates as in the source.
         if (const auto cost = _children.number(Child::CostPerUse))
             add("CostPerUse", fmt::format("{:.2f}", *cost * 100));
         if (const auto rate = _children.text(Child::CostPerHour)) {
@@ -130,7 +130,7 @@ private:
     std::shared_ptr<MSPEXMLResourceAdapter> _resource;
 };
 
-// A resource without an element of its own has its baselines looked up and dropped.
+// If the resource has no element, its baselines are looked up but dropped.
 void addBaselines(MSPEMapper* mapper, XMLElement zelbResource, MSPEXMLResourceAdapter* resource) {
     const std::size_t count = mapper->zelbBaselines().size();
     if (count == 0)

@@ -12,19 +12,19 @@ namespace brackwater {
 class MSPEXMLCalendarAdapter;
 class MSPEXMLResourceAdapter;
 
-/// Builds a "Resource" element from a resource of the source, and has its calendar built.
+/// Builds a "Resource" element from a source resource, and triggers its calendar.
 class MSPEResourceMapper final : public MSPEObjectMapperBase {
 public:
     using MSPEObjectMapperBase::MSPEObjectMapperBase;
 
     /// Null for groups and other resources that the target does not have. Without a parent it is the top resource.
-    /// Raises for one without an id, and for a UID that another resource has.
+    /// Raises if it has no id, or its UID is taken.
     [[nodiscard]] std::shared_ptr<MSPEXMLResourceAdapter>
     newResourceFromZELBResource(XMLElement zelbResource, std::optional<XMLElement> parentResource);
-    /// The resource that every project begins with: it stands for none.
+    /// The first resource of every project, a placeholder for none.
     [[nodiscard]] static std::shared_ptr<MSPEXMLResourceAdapter> newDummyResourceWithMapper(MSPEMapper* mapper);
 
-    /// The calendar made for the resource that was mapped last; null where none was made yet.
+    /// The calendar of the last mapped resource; null if it has none yet.
     [[nodiscard]] const std::shared_ptr<MSPEXMLCalendarAdapter>& resourceCalendar() const noexcept {
         return _resourceCalendar;
     }

@@ -48,8 +48,8 @@ void MSPEResourceTreeWalk::mapResource(XMLElement resource) {
         enterGroup(resource);
 }
 
-// A group in itself would be walked for ever. Members are found by their ids, and each that was found has its schedule
-// by now.
+// Prevents endless recursion into a group that contains itself. Members are looked up by id, and each one found so far
+// already has its schedule.
 void MSPEResourceTreeWalk::failIfReachedBefore(XMLElement resource) const {
     const auto id = resource.attributeView("id");
     if (id && mapper()->calendarMapper()->hasScheduleOf(*id))
@@ -66,7 +66,7 @@ void MSPEResourceTreeWalk::enterGroup(XMLElement group) {
     } else if (name) {
         _path += *name;
     } else if (!_groups.empty()) {
-        // The name of an unnamed group stands alone: it does not continue the path of the groups above.
+        // The name of an unnamed group does not continue the path of the groups above.
         fmt::format_to(std::back_inserter(_path), "Anonymous_Group_{}", ++_unnamedGroupsCount);
     } else {
         entered.hasPath = false;

@@ -14,20 +14,20 @@ namespace brackwater {
 
 class MSPEXMLAdapter;
 
-/// The resource pass of a project: maps the tree of resources depth first, parents before their children. Any depth
-/// will do; a tree that comes back to one of its resources fails.
+/// The resource pass of a project: maps the resource tree depth first, parents before their children, to any depth;
+/// fails on cycles.
 class MSPEResourceTreeWalk final : public MSPEObjectMapperBase {
 public:
     /// `resources` is the collection that takes the elements.
     MSPEResourceTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& resources)
         : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _resources(resources) {}
 
-    /// A missing top resource fails as one without an id does.
+    /// A missing top resource fails like one without an id.
     void walkFrom(std::optional<XMLElement> topResource);
 
 private:
-    // A group whose members are being mapped. `_path` holds the group names of all groups on the way down; a group's
-    // own name path is what stands from `pathBegin` on, and the text grew from `pathEndBefore` to hold it.
+    // A group whose members are being mapped. `_path` contains the names of all groups on the path; a group's own name
+    // path begins at `pathBegin`, and the text had the length `pathEndBefore` before it was added.
     struct Group {
         XMLElement element;
         MSPEChildReferences members;

@@ -22,7 +22,7 @@ namespace {
 constexpr std::uint32_t kMinutesPerDay = 24 * 60;
 constexpr double kSecondsPerMinute = 60;
 
-/// A moment of the wall clock: minutes begun since midnight.
+/// A moment in local time: minutes since midnight, rounded down.
 struct WallMinute {
     std::int64_t day = 0;
     std::uint32_t minute = 0;
@@ -47,7 +47,7 @@ private:
 };
 
 WallMinute EventReader::wallMinute(double wallMinutes) const {
-    constexpr double kFarthestDay = 1e9; // far outside the format, and small enough to count on from
+    constexpr double kFarthestDay = 1e9; // far outside the format, but safe for arithmetic
     const double day = std::clamp(std::floor(wallMinutes / kMinutesPerDay), -kFarthestDay, kFarthestDay);
     return {saturatingCut<std::int64_t>(day),
             saturatingCut<std::uint32_t>(std::fmod(wallMinutes - day * kMinutesPerDay, kMinutesPerDay))};
@@ -58,7 +58,7 @@ WallMinute EventReader::beginning(Date date) const {
     return wallMinute(std::floor(seconds / kSecondsPerMinute));
 }
 
-// Midnight ends the day before, as its last second does.
+// Midnight, like its last second, ends the day before.
 WallMinute EventReader::ending(Date date) const {
     WallMinute minute = beginning(date);
     if (minute.minute == 0)
@@ -84,7 +84,7 @@ void EventReader::readFlattenedDay(XMLElement day) {
         readSpan(span, number);
 }
 
-// Minutes of a span's attribute in seconds since midnight; what lies outside the day is cut off.
+// Minutes from a span's attribute in seconds since midnight, limited to the day.
 std::uint32_t minuteAttribute(XMLElement span, std::string_view name) {
     const auto seconds = static_cast<double>(integerValue(span.attributeForName(name).value_or("")));
     return std::min(saturatingCut<std::uint32_t>(seconds / kSecondsPerMinute), kMinutesPerDay);
@@ -111,7 +111,7 @@ void EventReader::readEvent(XMLElement event, MPPSourceEventKind kind, const std
     const std::optional<Date> start = dateAttribute(event, "start");
     const std::optional<Date> end = dateAttribute(event, "end");
     if (!start || !end || *start >= *end) {
-        static_cast<void>(MSPEZelbEventInfo(event)); // fails where no export can carry the event
+        static_cast<void>(MSPEZelbEventInfo(event)); // fails if no export can store the event
         return;
     }
     const WallMinute first = beginning(*start);

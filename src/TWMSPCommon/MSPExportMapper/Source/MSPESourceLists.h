@@ -9,10 +9,10 @@ namespace brackwater {
 
 class MSPEProjectMapper;
 
-/// The custom fields of a task's or resource's element; of keys and values only as many as there are of both.
+/// The custom fields of a task's or resource's element; surplus keys or values are ignored.
 [[nodiscard]] MPPSourceFields sourceFields(XMLElement element);
 
-/// The pieces of a split task, those that the document has; none for any other task.
+/// The pieces of a split task that exist in the document; none for any other task.
 [[nodiscard]] std::vector<MPPSourceSegment> sourceSegments(const MSPEProjectMapper& projectMapper, XMLElement zelbTask);
 
 } // namespace brackwater

@@ -34,7 +34,7 @@ double numberOrZero(const Children& children, Child name) {
     return text ? doubleValue(*text) : 0.0;
 }
 
-// A task has one constraint. What else bounds its end can be told as its deadline.
+// A task has one constraint. Another bound on its end can become its deadline.
 std::optional<Date> deadlineOf(const Info& info, bool projectFromStart) {
     const auto constraint = MSPETaskConstraint::ofTask(info, projectFromStart);
     const bool tellsEnd = constraint && (constraint->type == ConstraintType::MustFinishOn ||

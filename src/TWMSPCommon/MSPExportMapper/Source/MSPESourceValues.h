@@ -10,9 +10,9 @@ namespace brackwater {
 class MSPEMapper;
 class MSPEScheduledTaskInfo;
 
-// What the records of a corrected export keep of their elements.
+// Source values that the records of a corrected export keep.
 
-/// Without what takes the task's element itself, such as its baseline.
+/// Without the values that need the task's element, such as its baseline.
 [[nodiscard]] std::unique_ptr<MPPTaskSource> sourceOfTask(const MSPEScheduledTaskInfo& info, bool projectFromStart);
 [[nodiscard]] std::unique_ptr<MPPResourceSource> sourceOfResource(const MSPEMapper& mapper, XMLElement zelbResource);
 /// The assignments of a task of the baseline document, in order.

@@ -22,10 +22,10 @@ namespace {
 
 using Kind = MSPEAssignmentMapper::ResourceKind;
 
-// The target's word for an assignment without a resource.
+// The target's UID for an assignment without a resource.
 constexpr std::string_view kNoResourceUID = "-65535";
 
-// A quantity of material is told as hours of work.
+// A quantity of material is written as hours of work.
 constexpr double kSecondsOfMaterialUnit = 3600.0;
 
 Kind kindFromType(std::string_view type) {
@@ -67,7 +67,7 @@ void addDates(const MSPETaskDates& dates, MSPEXMLAssignmentAdapter& element) {
     element.addChildElementWithName("Finish", dates.mspdiFinish);
 }
 
-// A date that does not read is one of the year 1: the reason then is its text, not the length of the span.
+// An unparsable date becomes one of the year 1: the failure must then mention its text, not the length of the span.
 void checkSpanOfMaterial(std::string_view taskId, XMLElement assignment, const MSPEScheduledTaskInfo& info) {
     if (!info.startDate() || !info.endDate() || !MSPETimephasedDataInfo::isTooLong(*info.startDate(), *info.endDate()))
         return;

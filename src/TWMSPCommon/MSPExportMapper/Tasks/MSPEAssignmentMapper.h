@@ -17,8 +17,8 @@ class MSPEProjectMapper;
 class MSPEScheduledTaskInfo;
 class MSPEXMLAssignmentAdapter;
 
-/// Builds the "Assignment" elements of one task. The source knows a resource and its units only; the mapper shares the
-/// task's effort out among the resources of each kind. Material has a quantity, and no share.
+/// Builds the "Assignment" elements of one task. The source has only a resource and its units; the mapper divides the
+/// task's effort among the resources of each kind. Material has a quantity instead of a share.
 class MSPEAssignmentMapper final : public MSPEObjectMapperBase {
 public:
     enum class ResourceKind { Staff, Equipment, Material, Group, Other };
@@ -31,8 +31,8 @@ public:
         double units;
     };
 
-    /// Reads all assignments of the task and sums their units. Raises where one has no resource that can be found, or
-    /// one without a type.
+    /// Parses all assignments of the task and sums their units. Raises if one has no known resource, or one without a
+    /// type.
     MSPEAssignmentMapper(MSPEMapper* mapper, XMLElement zelbTask);
 
     /// The task's assignments in document order.
@@ -40,14 +40,14 @@ public:
     /// One of them as an element.
     [[nodiscard]] std::shared_ptr<MSPEXMLAssignmentAdapter>
     newAssignmentFromZELBAssignment(const ZelbAssignment& assignment);
-    /// The UID of the assignment that was made last.
+    /// The UID of the last assignment created.
     [[nodiscard]] std::int64_t UID() const noexcept { return _UID; }
 
-    /// Work of a task that nobody is assigned to. Its UID goes to `assignmentUID` (may be null).
+    /// Work of an unassigned task. Its UID goes to `assignmentUID` (may be null).
     [[nodiscard]] static std::shared_ptr<MSPEXMLAssignmentAdapter>
     newDummyAssignmentForTaskId(std::string_view taskId, std::int64_t* assignmentUID, MSPEMapper* mapper);
 
-    /// Puts the assignment's UID in front of each element and attaches the elements to the assignment.
+    /// Inserts the assignment's UID at the start of each element and attaches the elements to the assignment.
     static void addTimephasedData(const MSPETimephasedDataArray& timephasedData, std::int64_t assignmentUID,
                                   MSPEXMLAssignmentAdapter& assignment);
 

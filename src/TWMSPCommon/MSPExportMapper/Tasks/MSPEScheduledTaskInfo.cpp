@@ -120,7 +120,7 @@ Info::LinkKind linkKindFromText(std::optional<std::string_view> text) {
     return Info::LinkKind::FinishStart;
 }
 
-// A bound from the first of its two elements that is there; nothing where neither is.
+// A bound from the first of its two elements that exists; nothing if neither does.
 std::optional<Info::Bound> boundFromElements(const Children& children, Child start, Child end) {
     if (const auto text = children.onlyText(start))
         return Info::Bound{dateFromZelbText(*text), false};

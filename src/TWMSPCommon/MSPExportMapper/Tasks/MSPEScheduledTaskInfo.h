@@ -10,8 +10,8 @@
 
 namespace brackwater {
 
-/// The parsed form of one `task` element of the source, read once for the mappers that come back to it. Durations and
-/// efforts are in seconds.
+/// The parsed form of one `task` element of the source, parsed once for all mappers that need it. Durations and efforts
+/// are in seconds.
 class MSPEScheduledTaskInfo {
 public:
     enum class TaskType : std::int32_t { Task = 0, Milestone = 1, Group = 2, Hammock = 3 };
@@ -28,13 +28,13 @@ public:
         bool leadIsPercent = false;
     };
 
-    /// A bound on the task's start, or on its end.
+    /// A bound on the task's start or end.
     struct Bound {
         std::optional<Date> date;
         bool constrainsTaskEnd = false;
     };
 
-    /// Raises where `start-date`, `end-date`, `duration` or the id is missing.
+    /// Raises if `start-date`, `end-date`, `duration` or the id is missing.
     explicit MSPEScheduledTaskInfo(XMLElement zelbTask);
 
     [[nodiscard]] std::optional<Date> startDate() const noexcept { return _startDate; }
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] double effort() const noexcept { return _effort; }
     [[nodiscard]] double effortDone() const noexcept { return _effortDone; }
     [[nodiscard]] double duration() const noexcept { return _duration; }
-    /// A fraction, as the source tells it.
+    /// A fraction, as in the source.
     [[nodiscard]] double completionPercentage() const noexcept { return _completionPercentage; }
     [[nodiscard]] std::optional<Date> leveledStart() const noexcept { return _leveledStart; }
     [[nodiscard]] std::optional<Date> lockedStartDate() const noexcept { return _lockedStartDate; }
@@ -59,9 +59,9 @@ public:
     /// Raw ids of the children; only groups have them.
     [[nodiscard]] const std::vector<std::string>& childTaskUIDs() const noexcept { return _childTaskUIDs; }
 
-    /// Progress from 0 to 1. Raises where the source's figures give another.
+    /// Progress from 0 to 1. Raises if the source's values give anything else.
     [[nodiscard]] double percentageComplete() const;
-    /// The same from 0 to 100, cut towards zero.
+    /// The same from 0 to 100, truncated.
     [[nodiscard]] std::int32_t percentComplete() const;
 
     [[nodiscard]] std::string description() const;

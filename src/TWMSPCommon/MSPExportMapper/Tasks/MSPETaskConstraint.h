@@ -25,8 +25,8 @@ struct MSPETaskConstraint {
     bool hasDate = false;
     std::optional<Date> date;
 
-    /// Nothing where the task is free. Locks come before bounds, bounds before the schedule type, and a levelled start
-    /// counts only where there is none of them.
+    /// Nothing if the task has no constraint. Locks take precedence over bounds, bounds over the schedule type, and a
+    /// levelled start counts only if there are none of them.
     [[nodiscard]] static std::optional<MSPETaskConstraint> ofTask(const MSPEScheduledTaskInfo& info,
                                                                   bool projectFromStart);
 };

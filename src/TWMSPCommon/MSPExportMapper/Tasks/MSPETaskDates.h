@@ -9,8 +9,8 @@ namespace brackwater {
 
 class MSPEScheduledTaskInfo;
 
-/// A task's start and finish as texts, the source's form and the target's. They go from the instant to the source's
-/// form and from there to the target's, as all dates of tasks and assignments do. A missing date has no texts.
+/// A task's start and finish as texts in the source's and the target's format. An instant is converted to the source's
+/// format and from there to the target's, like all dates of tasks and assignments. A missing date has no texts.
 struct MSPETaskDates {
     explicit MSPETaskDates(const MSPEScheduledTaskInfo& info);
 
@@ -20,7 +20,7 @@ struct MSPETaskDates {
     std::optional<std::string> mspdiFinish;
 };
 
-/// The same two steps for any date.
+/// The same two conversions for any date.
 [[nodiscard]] std::optional<std::string> mspdiTextOfDate(std::optional<Date> date);
 
 } // namespace brackwater

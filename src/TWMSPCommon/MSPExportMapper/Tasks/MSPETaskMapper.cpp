@@ -54,11 +54,11 @@ constexpr double kSecondsOfLagUnit = 6.0;
 constexpr std::int64_t kMiddlePriority = 500;
 constexpr std::int64_t kHighestPriority = 1000;
 
-// How the source recalculates the task, in the target's words.
+// How the source recalculates the task, in the target's terms.
 struct TypeOfTask {
     std::optional<std::string_view> type;
     bool mayBeEffortDriven;
-    std::optional<Info::Recalculate> code; ///< what the parsed task must say; nothing where it does not matter
+    std::optional<Info::Recalculate> code; ///< the required value of the parsed task; nothing if it does not matter
 };
 
 TypeOfTask typeFromRecalculate(std::optional<std::string_view> recalculate) {
@@ -73,7 +73,7 @@ TypeOfTask typeFromRecalculate(std::optional<std::string_view> recalculate) {
     failAssertion("zelbRecalculate is undefined");
 }
 
-// Stretches the document's range of priorities over 0 to 1000. The steps between are wider than 64 bits.
+// Scales the document's range of priorities to 0 to 1000. Intermediate values exceed 64 bits.
 std::int64_t stretchedPriority(std::int64_t priority, std::int64_t lowest, std::int64_t highest) {
     if (lowest >= highest)
         return kMiddlePriority;
@@ -97,7 +97,7 @@ std::string_view linkType(Info::LinkKind kind) {
     return "1";
 }
 
-// The text reads as false, and nothing is wrong with it.
+// The text is a valid false.
 bool isClearlyFalse(const Children& children, Child name) {
     const auto text = children.onlyText(name);
     if (!text)
@@ -177,7 +177,7 @@ private:
         add("Duration", MSPIUtilities::mppToMspdiDuration(_info->duration()));
         add("Work", MSPIUtilities::mppToMspdiDuration(_info->effort()));
         add("EffortDriven", flag(_isEffortDriven));
-        // Money is told in hundredths.
+        // Amounts of money are in hundredths.
         if (const auto cost = _children.onlyNumber(Child::StaticCost))
             add("FixedCost", fmt::format("{:.2f}", *cost * 100));
         add("Estimated", kNo);
@@ -270,7 +270,7 @@ private:
     std::string _uid;
     const MSPEScheduledTaskInfo* _info = nullptr;
     bool _isEffortDriven = false;
-    std::optional<MPPSourceTaskBaseline> _sourceBaseline; ///< of the first baseline, where sources are kept
+    std::optional<MPPSourceTaskBaseline> _sourceBaseline; ///< of the first baseline, if sources are kept
     std::shared_ptr<MSPEXMLTaskAdapter> _task;
 };
 

@@ -10,14 +10,14 @@ namespace brackwater {
 
 class MSPEXMLTaskAdapter;
 
-/// Builds a "Task" element from a task of the source: this is where the source's words for scheduling turn into the
-/// target's. One mapper makes one task.
+/// Builds a "Task" element from a source task, converting the source's scheduling terms to the target's. One mapper
+/// creates one task.
 class MSPETaskMapper final : public MSPEObjectMapperBase {
 public:
     using MSPEObjectMapperBase::MSPEObjectMapperBase;
 
-    /// Without a parent it is the top task, which only the log line shows. Raises for a missing element, one without
-    /// an id, and everything that the source tells wrongly.
+    /// Without a parent it is the top task, which matters only to the log line. Raises if the element or its id is
+    /// missing, and for all invalid source values.
     [[nodiscard]] std::shared_ptr<MSPEXMLTaskAdapter> newTaskFromZELBTask(std::optional<XMLElement> zelbTask,
                                                                           std::optional<XMLElement> parentTask) const;
 };

@@ -13,15 +13,15 @@ namespace brackwater {
 class MSPEXMLAdapter;
 class MSPEXMLAssignmentAdapter;
 
-/// The task pass of a project: maps the tree of tasks depth first, each task with its assignments. Any depth will do; a
-/// tree that comes back to one of its tasks fails by the task's UID.
+/// The task pass of a project: maps the task tree depth first, each task with its assignments, to any depth; fails on
+/// cycles, which repeat a UID.
 class MSPETaskTreeWalk final : public MSPEObjectMapperBase {
 public:
     /// `tasks` and `assignments` are the collections that take the elements.
     MSPETaskTreeWalk(MSPEMapper* mapper, XMLElement zelbScenario, MSPEXMLAdapter& tasks, MSPEXMLAdapter& assignments)
         : MSPEObjectMapperBase(mapper), _scenario(zelbScenario), _tasks(tasks), _assignments(assignments) {}
 
-    /// A missing top task fails as one without an id does.
+    /// A missing top task fails like one without an id.
     void walkFrom(std::optional<XMLElement> topTask);
 
 private:

@@ -24,8 +24,8 @@ CivilTime lastSecondOfDay(CivilTime time) {
     return time;
 }
 
-// Where clocks go back at midnight the second after 23:59:59 may lie in the same day again, so the next day is not
-// counted from there.
+// If clocks go back at midnight, the second after 23:59:59 may be on the same day again; so the next day is not
+// calculated from it.
 CivilTime nextMidnight(CivilTime time) { return {time.year, time.month, time.day + 1, 0, 0, 0}; }
 
 bool isWorkingDay(int weekday) { return weekday != kSunday && weekday != kSaturday; }
@@ -59,7 +59,7 @@ std::vector<MSPETimephasedDataInfo::Day> MSPETimephasedDataInfo::days() const {
 void MSPETimephasedDataInfo::addTimephasedDataToArray(MSPETimephasedDataArray& array,
                                                       std::vector<bool>* workingDays) const {
     const std::vector<Day> spanDays = days();
-    // A few segments that each span all of time would do the same.
+    // A few segments that each span all of time would have the same effect.
     assertThat(array.size() + spanDays.size() <= kMostDays, "Timephased data of one task is longer than {} days.",
                kMostDays);
     for (const Day& day : spanDays) {

@@ -10,20 +10,20 @@
 
 namespace brackwater {
 
-/// Tells by days what the target has no element for: the pieces of a split task, and a quantity of material.
+/// Daily values of what the target has no element for: the pieces of a split task, and material quantities.
 class MSPETimephasedDataMapper final : public MSPEObjectMapperBase {
 public:
     using MSPEObjectMapperBase::MSPEObjectMapperBase;
 
-    /// Number of segments of the split task that was read last.
+    /// Number of segments of the last split task.
     [[nodiscard]] std::int64_t splitCount() const noexcept { return _splitCount; }
 
     /// The days of the segments, which are tasks of the scenario, with values, and those of the gaps between them;
     /// nothing for a task without `split`.
     [[nodiscard]] std::optional<MSPETimephasedDataArray> newTimephasedDataFromZelbSplitTask(XMLElement zelbTask,
                                                                                             XMLElement zelbScenario);
-    /// The consumption in seconds, spread evenly over Monday to Friday of the span; nothing for a resource that is no
-    /// material and for a span without a length. Start and finish are source texts.
+    /// The consumption in seconds, spread evenly over Monday to Friday of the span; nothing if the resource is not
+    /// material or the span has no length. Start and finish are source texts.
     [[nodiscard]] std::optional<MSPETimephasedDataArray>
     newTimephasedDataFromAssignment(XMLElement zelbAssignment, XMLElement zelbResource, std::string_view start,
                                     std::string_view finish, double consumption) const;

@@ -8,9 +8,9 @@
 
 int main(int argc, char** argv) {
     brackwater::openStandardDescriptors();
-    // A reader of the log that goes away must not end an export half way.
+    // An export must survive its log's reader.
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-    // Nor must an output beyond the limit on a file's size: its write fails, and the export ends like on a full disk.
+    // It must also survive the limit on file sizes: the write fails, and the export ends as on a full disk.
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     const std::vector<std::string> arguments(argv, argv + argc);
     const int status = brackwater::BrackwaterRunner().run(arguments);

@@ -11,7 +11,7 @@ namespace brackwater::test {
 
 namespace {
 
-// What the baseline with that task tells of the main document's task t1; null where it tells nothing.
+// The main document's task t1 in the baseline; null if it is not there.
 std::shared_ptr<MPPTaskBaseline> baselineOfTask(const ScenarioBuilder& baseline) {
     const MappedProject project(ScenarioBuilder::withRoots("", "t1").task("t1"), "", {baseline.document()});
     const auto& baselines = project->tasks.at(1)->baselines;
@@ -20,7 +20,7 @@ std::shared_ptr<MPPTaskBaseline> baselineOfTask(const ScenarioBuilder& baseline)
 
 } // namespace
 
-TEST(TaskBaseline, TakesDatesDurationAndWork) {
+TEST(TaskBaseline, HasDatesDurationAndWork) {
     const ScopedTimeZone zone("Europe/Berlin");
     const auto baseline = baselineOfTask(
         ScenarioBuilder().task("t1", "start-date=2012-05-01T08:00:00Z end-date=2012-05-02T08:00:00Z duration=3600.9 "
@@ -32,7 +32,7 @@ TEST(TaskBaseline, TakesDatesDurationAndWork) {
     EXPECT_EQ(baseline->work, 7200.0) << "in seconds";
 }
 
-TEST(TaskBaseline, BothDatesHangOnTheStart) {
+TEST(TaskBaseline, BothDatesDependOnTheStart) {
     const auto noStart = baselineOfTask(ScenarioBuilder().task("t1", "start-date=-"));
     ASSERT_NE(noStart, nullptr);
     EXPECT_EQ(noStart->start, std::nullopt);
@@ -44,7 +44,7 @@ TEST(TaskBaseline, BothDatesHangOnTheStart) {
     EXPECT_EQ(noEnd->duration, 0.0);
 }
 
-TEST(Baselines, EveryBaselineHasANumberInTheOrderOfTheDocuments) {
+TEST(Baselines, AreNumberedInDocumentOrder) {
     const ScenarioBuilder scenario = ScenarioBuilder::withRoots("", "t1").task("t1");
     const auto first = ScenarioBuilder().task("t1", "duration=60").document();
     const auto second = ScenarioBuilder().task("t1", "duration=120").document();
@@ -54,7 +54,7 @@ TEST(Baselines, EveryBaselineHasANumberInTheOrderOfTheDocuments) {
     EXPECT_TRUE(project.logged("  Mapping 2 baselines for Task ..."));
 }
 
-TEST(Baselines, NumberBeyondTheDocumentsFails) {
+TEST(Baselines, NumberOutOfRangeFails) {
     MSPEMapper mapper(nullptr, tableOfContents(), {ScenarioBuilder().document()}, std::nullopt);
     expectAssertion("Incorrect argument baselineNumber=1. Must be from 0 to 0.",
                     [&] { MSPETaskBaselineMapper(1, &mapper); });

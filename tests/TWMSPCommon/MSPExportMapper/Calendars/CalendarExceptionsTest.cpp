@@ -66,14 +66,14 @@ protected:
 
 } // namespace
 
-TEST_F(CalendarExceptions, AnEventFromMidnightToMidnightCoversWholeDays) {
+TEST_F(CalendarExceptions, EventFromMidnightToMidnightCoversWholeDays) {
     EXPECT_THAT(shown(mapped(event("2012-06-01T00:00:00Z", "2012-06-03T00:00:00Z"))),
                 ElementsAre("2012-06-01T00:00:00 - 2012-06-02T23:59:59 (2) 00:00:00-23:59:59"));
     EXPECT_THAT(shown(mapped(event("2012-06-01T00:00:00Z", "2012-06-02T00:00:00Z"))),
                 ElementsAre("2012-06-01T00:00:00 - 2012-06-01T23:59:59 (1) 00:00:00-23:59:59"));
 }
 
-TEST_F(CalendarExceptions, OverlappingEventsAreCutAtEachBoundary) {
+TEST_F(CalendarExceptions, OverlappingEventsAreSplitAtEachBoundary) {
     EXPECT_THAT(shown(mapped(event("2012-06-01T18:00:00Z", "2012-06-03T20:00:00Z") +
                              event("2012-06-02T18:00:00Z", "2012-06-04T20:00:00Z"))),
                 ElementsAre("2012-06-01T00:00:00 - 2012-06-01T23:59:59 (1) 18:00:00-20:00:00",
@@ -81,15 +81,15 @@ TEST_F(CalendarExceptions, OverlappingEventsAreCutAtEachBoundary) {
                             "2012-06-04T00:00:00 - 2012-06-04T23:59:59 (1) 18:00:00-20:00:00"));
 }
 
-TEST_F(CalendarExceptions, DaysOfAnEventAreThoseOfTheSystemZone) {
+TEST_F(CalendarExceptions, DaysOfAnEventAreInTheSystemZone) {
     const ScopedTimeZone berlin("Europe/Berlin");
     EXPECT_THAT(shown(mapped(event("2012-06-01T23:30:00Z", "2012-06-02T02:00:00Z"))),
                 ElementsAre("2012-06-02T00:00:00 - 2012-06-02T23:59:59 (1) 01:30:00-04:00:00"));
 }
 
-TEST_F(CalendarExceptions, AMidnightEndTakesADaysLengthOffAlsoAcrossAClockChange) {
+TEST_F(CalendarExceptions, MidnightEndSubtractsADaysLengthEvenAcrossAClockChange) {
     const ScopedTimeZone berlin("Europe/Berlin");
-    // The clock goes forward on March 25: 23:59:59 of the 25th less a day's length is 22:59:59 of the 24th.
+    // The clocks go forward on March 25: 23:59:59 of the 25th minus a day's length is 22:59:59 of the 24th.
     const MSPECalendarExceptions group = mapped(event("2012-03-24T00:00:00+01:00", "2012-03-25T00:00:00+01:00"));
     Date from;
     Date to;
@@ -98,7 +98,7 @@ TEST_F(CalendarExceptions, AMidnightEndTakesADaysLengthOffAlsoAcrossAClockChange
     EXPECT_EQ(from, MSPIUtilities::zelbToMppDateTime("2012-03-24T00:00:00+01:00"));
 }
 
-TEST_F(CalendarExceptions, ComparesTheTimesOfAnEventWhateverItsDays) {
+TEST_F(CalendarExceptions, ComparesOnlyTheTimesOfAnEvent) {
     expectAssertion("Incoorrect calendar event start (10:00:00) and end (09:00:00) time.",
                     [] { mapped(event("2012-06-01T10:00:00Z", "2012-06-05T09:00:00Z")); });
     expectAssertion("Incoorrect calendar event start (18:00:00) and end (00:00:00) time.",
@@ -113,15 +113,15 @@ TEST_F(CalendarExceptions, ComparesTheTimesOfAnEventWhateverItsDays) {
                     [] { mapped("<event start='2012-06-01T10:00:00Z'/>"); });
 }
 
-TEST_F(CalendarExceptions, AnEventThatEndsBeforeItBeginsGivesNoException) {
+TEST_F(CalendarExceptions, EventThatEndsBeforeItBeginsGivesNoException) {
     EXPECT_THAT(shown(mapped(event("2012-06-05T08:00:00Z", "2012-06-01T09:00:00Z"))), IsEmpty());
-    // ... but where it begins, another event is cut: the pieces are equal, touch, and are one again.
+    // ... but its start splits another event: the pieces are equal and adjacent, and are joined again.
     EXPECT_THAT(shown(mapped(event("2012-06-05T08:00:00Z", "2012-06-01T09:00:00Z") +
                              event("2012-06-04T08:00:00Z", "2012-06-06T09:00:00Z"))),
                 ElementsAre("2012-06-04T00:00:00 - 2012-06-06T23:59:59 (3) 08:00:00-09:00:00"));
 }
 
-TEST_F(CalendarExceptions, AGroupsNameAndKindComeFromItsElement) {
+TEST_F(CalendarExceptions, NameAndKindOfAGroupComeFromItsElement) {
     const MSPECalendarExceptions named = mapped("", "name='Regatta' overtime='YES'");
     EXPECT_EQ(named.calendarName(), "Regatta");
     EXPECT_TRUE(named.overtime());
@@ -132,7 +132,7 @@ TEST_F(CalendarExceptions, AGroupsNameAndKindComeFromItsElement) {
     EXPECT_FALSE(mapped("", "").overtime());
 }
 
-TEST_F(CalendarExceptions, FlattenedOvertimeHasOneEventASpan) {
+TEST_F(CalendarExceptions, FlattenedOvertimeHasOneEventPerSpan) {
     const MSPECalendarExceptions group = mappedDays("<flattened-schedule-day date='2012-06-02T09:30:00Z'>"
                                                     "<time-span start-time='64800' end-time='72000'/>"
                                                     "<time-span start-time='28800s' end-time='36000'/>"
@@ -154,7 +154,7 @@ TEST_F(CalendarExceptions, FlattenedTimeOffJoinsItsDays) {
     EXPECT_THAT(shown(group), ElementsAre("2012-06-01T00:00:00 - 2012-06-02T23:59:59 (2)"));
 }
 
-TEST_F(CalendarExceptions, FlattenedDaysMustFitTheirKind) {
+TEST_F(CalendarExceptions, FlattenedDaysMustMatchTheirKind) {
     expectAssertion("We expect one or more 'time-span' children with time range.",
                     [] { mappedDays("<flattened-schedule-day date='2012-06-02T00:00:00Z'/>", true); });
     expectAssertion("There should be no 'time-span' children. We need just a date.", [] {

@@ -19,7 +19,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// A `resource` with its name as id; `schedule` is what stands in its `schedule` element, null for none.
+/// A `resource` with its name as id; `schedule` is the content of its `schedule` element, null for none.
 std::string resource(std::string_view id, std::string_view parent, const char* schedule = nullptr) {
     return fmt::format("<resource id='{0}' parent='{1}'><name>{0}</name>{2}</resource>", id, parent,
                        schedule ? fmt::format("<schedule>{}</schedule>", schedule) : "");
@@ -50,7 +50,7 @@ std::string shown(const MPPCalendarException& exception) {
 
 class CalendarMapper : public ::testing::Test {
 protected:
-    /// Maps the resources in their order; the first is the top.
+    /// Maps the resources in order; the first is the top.
     void map(const std::string& resources) {
         std::string reason;
         document = XMLDocument::readText("<scenario>" + resources + "</scenario>", "test", &reason);
@@ -82,14 +82,14 @@ protected:
 
     ScopedTimeZone zone{"UTC"};
     MSPEMapper coordinator{nullptr, nullptr, {}, std::nullopt};
-    LogCapture log; // behind the coordinator, the first of which logs a line of its own
+    LogCapture log; // after the coordinator, since the first one logs a line of its own
     std::unique_ptr<XMLDocument> document;
     MSPECalendarMapper mapper{&coordinator};
 };
 
 } // namespace
 
-TEST_F(CalendarMapper, AResourceDerivesFromTheTopAndKeepsOnlyTheDaysItNames) {
+TEST_F(CalendarMapper, ResourceDerivesFromTheTopAndKeepsOnlyItsOwnDays) {
     const auto calendars = build(resource("top", "") + resource("a", "top", kTuesdayMorning) + resource("b", "top"));
     EXPECT_THAT(heads(calendars), ElementsAre("1 Standard base -1", "2 a derived 1", "3 b derived 1"));
     EXPECT_EQ(week(calendars[1]->defaultWorkWeek.get()), "-|-|08:00-12:00 |-|-|-|-|");
@@ -98,10 +98,10 @@ TEST_F(CalendarMapper, AResourceDerivesFromTheTopAndKeepsOnlyTheDaysItNames) {
                                          "  Mapping Schedule for Resource 'b' ..."));
 }
 
-TEST_F(CalendarMapper, AGroupBecomesABaseCalendarThroughAFlatCopy) {
+TEST_F(CalendarMapper, GroupBecomesABaseCalendarThroughAFlatCopy) {
     const auto calendars = build(resource("top", "") + resource("g", "top", kFridayOff) +
                                  resource("h", "g", kTuesdayMorning) + resource("r", "h") + resource("s", "g"));
-    // Flat copies are numbered behind all resources; a group's own number shows nowhere.
+    // Flat copies are numbered after all resources; a group's own number is not used.
     EXPECT_THAT(heads(calendars),
                 ElementsAre("1 Standard base -1", "6 g base -1", "7 h base -1", "4 r derived 7", "5 s derived 6"));
     EXPECT_EQ(week(calendars[1]->defaultWorkWeek.get()),
@@ -128,7 +128,7 @@ TEST_F(CalendarMapper, ExceptionsAreInheritedAsAWholeAndOnlyByFlatCopies) {
                                    "i: Holiday", "r:", "s:"));
 }
 
-TEST_F(CalendarMapper, ExceptionsCreateTheDefaultWeekEvenWhereNoDayIsNamed) {
+TEST_F(CalendarMapper, ExceptionsCreateTheDefaultWeekEvenIfNoDayIsDefined) {
     const auto calendars =
         build(resource("top", "") + resource("a", "top", (std::string(kOvertime) + kTimeOff).c_str()));
     const MPPCalendar& calendar = *calendars[1];
@@ -148,7 +148,7 @@ TEST_F(CalendarMapper, WarnsOnceForEachTimeOffCalendarWithOrWithoutEvents) {
                                          warning, warning));
 }
 
-TEST_F(CalendarMapper, NamesANamelessGroupOvertimeAlsoForTimeOff) {
+TEST_F(CalendarMapper, NamesANamelessGroupOvertimeEvenForTimeOff) {
     const auto calendars =
         build(resource("top", "",
                        "<calendar><event start='2012-06-08T08:00:00Z' end='2012-06-08T12:00:00Z'/>"
@@ -159,7 +159,7 @@ TEST_F(CalendarMapper, NamesANamelessGroupOvertimeAlsoForTimeOff) {
     EXPECT_EQ(calendars[0]->exceptions[1]->name, "Overtime");
 }
 
-TEST_F(CalendarMapper, TheExtendedFormatTakesThePlaceOfTheOther) {
+TEST_F(CalendarMapper, ExtendedFormatReplacesTheOther) {
     const std::string schedule = std::string(kTuesdayMorning) + kOvertime +
                                  "<flattened-schedule-day day-of-week='sunday'>"
                                  "<time-span start-time='36000' end-time='43200'/></flattened-schedule-day>"
@@ -182,7 +182,7 @@ TEST_F(CalendarMapper, TheExtendedFormatTakesThePlaceOfTheOther) {
     EXPECT_THAT(log.lines(), ::testing::SizeIs(2));
 }
 
-TEST_F(CalendarMapper, ReadsCalendarsInTheExtendedFormatWhereNoDayIsDated) {
+TEST_F(CalendarMapper, ReadsCalendarsInTheExtendedFormatIfNoDayIsDated) {
     const std::string schedule = std::string("<flattened-schedule-day day-of-week='sunday'/>") + kOvertime;
     const auto calendars = build(resource("top", "") + resource("a", "top", schedule.c_str()));
     EXPECT_EQ(calendars[1]->exceptions.size(), 1U);
@@ -190,7 +190,7 @@ TEST_F(CalendarMapper, ReadsCalendarsInTheExtendedFormatWhereNoDayIsDated) {
     EXPECT_EQ(week(calendars[1]->workWeeks[0].get()), "-|-|-|-|-|off|off|");
 }
 
-TEST_F(CalendarMapper, AnExceptionOfMillionsOfYearsIsAWeekOfNonWorkingDays) {
+TEST_F(CalendarMapper, ExceptionOfMillionsOfYearsIsAWeekOfNonWorkingDays) {
     const auto begin = std::chrono::steady_clock::now();
     const auto calendars = build(resource("top", "",
                                           "<flattened-schedule-day day-of-week='sunday'/><calendar name='Long' "
@@ -215,7 +215,7 @@ TEST_F(CalendarMapper, ClimbsOnceThroughDeepHierarchies) {
     EXPECT_FALSE(calendars[3000]->isBaseCalendar);
 }
 
-TEST_F(CalendarMapper, RefusesDaysThatItDoesNotKnow) {
+TEST_F(CalendarMapper, RejectsUnknownDays) {
     expectAssertion("Unexpected day of week: Montag",
                     [&] { map(resource("top", "", "<schedule-day day-of-week='Montag'/>")); });
     expectAssertion("Unexpected day of week: (null)", [&] {
@@ -230,7 +230,7 @@ TEST_F(CalendarMapper, RefusesDaysThatItDoesNotKnow) {
     });
 }
 
-TEST_F(CalendarMapper, RefusesASecondTopAndResourcesOutOfOrder) {
+TEST_F(CalendarMapper, RejectsASecondTopAndResourcesOutOfOrder) {
     map(resource("top", ""));
     expectAssertion("Top resource calendar UID mast be equal to 1.",
                     [&] { mapper.mapCalendarForResource(*find("top"), std::nullopt); });
@@ -244,7 +244,7 @@ TEST_F(CalendarMapper, RefusesASecondTopAndResourcesOutOfOrder) {
                     [&] { mapper.mapCalendarForResource(*find("top"), resources[0]); });
 }
 
-TEST_F(CalendarMapper, RefusesAHierarchyWithoutItsTop) {
+TEST_F(CalendarMapper, RejectsAHierarchyWithoutItsTop) {
     expectAssertion("Can not find schedule info fo rtop resource.", [&] { mapper.buildCalendarHierarchy(); });
     map(resource("top", "") + resource("a", "top"));
     mapper.setTopScheduleKey("a");
@@ -252,7 +252,7 @@ TEST_F(CalendarMapper, RefusesAHierarchyWithoutItsTop) {
                     [&] { mapper.buildCalendarHierarchy(); });
 }
 
-TEST_F(CalendarMapper, RefusesAScheduleWhoseParentIsMissingOrItself) {
+TEST_F(CalendarMapper, RejectsAScheduleWhoseParentIsMissingOrItself) {
     map(resource("top", ""));
     const auto other =
         XMLDocument::readText("<group><resource id='a'><schedule/></resource><resource id='b'/></group>", "test");

@@ -25,7 +25,7 @@ void sortByDates(Events& events) {
     });
 }
 
-/// The sweep step by step, without any short cut: every piece looks at every event.
+/// A naive sweep, step by step: every piece checks every event.
 Exceptions sweepStepByStep(const Events& events) {
     Exceptions pieces;
     if (events.empty())
@@ -75,7 +75,7 @@ Exceptions sweepStepByStep(const Events& events) {
     return pieces;
 }
 
-/// Neighbours of equal times that touch become one, until none are left.
+/// Joins adjacent exceptions with equal times until there are none.
 Exceptions joinStepByStep(Exceptions exceptions) {
     for (std::size_t later = 1; later < exceptions.size();) {
         MSPEExceptionInfo& earlier = exceptions[later - 1];
@@ -105,7 +105,7 @@ class RandomCalendar {
 public:
     explicit RandomCalendar(unsigned seed) : _random(seed) {}
 
-    /// Events of whole days, some shifted by a clock change, some that end before they begin.
+    /// Events of whole days, some shifted by a clock change, some ending before they begin.
     Events ofDays() {
         return events([this] {
             const double from = number(0, 20) * kDay + number(0, 1) * 3600.0;
@@ -113,7 +113,7 @@ public:
             return std::pair(from, to);
         });
     }
-    /// Events that begin, end and touch within a few seconds of each other.
+    /// Events that begin, end and meet within a few seconds.
     Events ofSeconds() {
         return events([this] { return std::pair<double, double>(number(0, 30), number(0, 30)); });
     }
@@ -124,7 +124,7 @@ private:
         Events events;
         for (int count = number(0, 14); count > 0; --count) {
             const auto [from, to] = span();
-            // Few starts and ends that tell the events apart, so that the order among equals shows.
+            // Few different starts and ends, so that the order of equal events matters.
             if (number(0, 3) == 0)
                 events.emplace_back(Date{from}, Date{to});
             else
@@ -148,7 +148,7 @@ void expectAsStepByStep(Events events, unsigned seed) {
 
 } // namespace
 
-TEST(CalendarSweep, AgreesWithTheSweepStepByStepOnRandomCalendars) {
+TEST(CalendarSweep, AgreesWithANaiveSweepOnRandomCalendars) {
     for (unsigned seed = 0; seed < 6000 && !::testing::Test::HasFailure(); ++seed) {
         RandomCalendar calendar(seed);
         expectAsStepByStep(calendar.ofDays(), seed);
@@ -156,7 +156,7 @@ TEST(CalendarSweep, AgreesWithTheSweepStepByStepOnRandomCalendars) {
     }
 }
 
-TEST(CalendarSweep, MapsManyEventsThatOverlapAFewOthers) {
+TEST(CalendarSweep, MapsManyEventsWithFewOverlaps) {
     Events events;
     for (int day = 0; day < 20000; ++day)
         events.emplace_back(Date{day * kDay}, Date{(day + 3) * kDay - 1.0}, 3600.0 * (day % 7), 3600.0 * (day % 7 + 1));

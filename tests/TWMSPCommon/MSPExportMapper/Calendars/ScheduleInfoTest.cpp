@@ -17,7 +17,7 @@ const MSPEWorkingTime kAfternoon(46800.0, 61200.0);
 
 } // namespace
 
-TEST(ScheduleInfo, TellsANonWorkingDayFromAnInheritedOne) {
+TEST(ScheduleInfo, DistinguishesNonWorkingFromInheritedDays) {
     MSPEScheduleInfo info;
     EXPECT_TRUE(info.resetWorkingTimesForDayType(1).empty());
     EXPECT_TRUE(info.hasWeekDaysData());
@@ -39,7 +39,7 @@ TEST(ScheduleInfo, AddsReplacesAndClearsADay) {
     EXPECT_EQ(info.workingTimesForDayType(3), nullptr);
 }
 
-TEST(ScheduleInfo, RefusesADayTypeOutsideTheWeek) {
+TEST(ScheduleInfo, RejectsADayTypeOutsideTheWeek) {
     MSPEScheduleInfo info;
     expectAssertion("Incorrect value of argument dayType (8).", [&] { info.resetWorkingTimesForDayType(8); });
     expectAssertion("Incorrect value of argument dayType (8).", [&] { info.removeWorkingTimesForDayType(8); });

@@ -27,7 +27,7 @@ TEST(NoteMapper, FormattingIsDropped) {
               "ab\n");
 }
 
-TEST(NoteMapper, TextWithoutParagraphsIsEmptyAndNoTextIsNoNote) {
+TEST(NoteMapper, TextWithoutParagraphsIsEmptyAndMissingTextIsNoNote) {
     EXPECT_EQ(notesOf("<text/>"), "");
     EXPECT_EQ(notesOf("<p><run><lit>x</lit></run></p>"), "(null)");
 }

@@ -11,8 +11,8 @@
 namespace brackwater {
 namespace {
 
-// What a plain map and a list of its keys would do with the same calls, in any order of calls.
-TEST(OrderedMap, AnswersLikeAPlainMapAndKeepsTheOrderOfEntry) {
+// Compares with a plain map and a list of its keys, for any order of calls.
+TEST(OrderedMap, BehavesLikeAPlainMapAndKeepsInsertionOrder) {
     std::mt19937 random(20'121);
     MSPEOrderedMap<std::string, int> map;
     std::map<std::string, int> expected;
@@ -42,7 +42,7 @@ TEST(OrderedMap, AnswersLikeAPlainMapAndKeepsTheOrderOfEntry) {
     }
 }
 
-TEST(OrderedMap, AValueStaysWhereItIsWhileTheMapGrows) {
+TEST(OrderedMap, ValueKeepsItsAddressWhileTheMapGrows) {
     MSPEOrderedMap<std::int64_t, int> map;
     const int* first = &map.set(7, 1);
     for (std::int64_t key = 100; key < 5'000; ++key)

@@ -20,7 +20,7 @@ std::string userData(std::string_view content) {
     return std::string("<user-data>").append(content).append("</user-data>");
 }
 
-// Field ids and values for some user data; the project's definitions go to `definitions`.
+// Field ids and values for some user data; the project's definitions are added to `definitions`.
 std::vector<std::string> fieldsOf(const std::string& content, bool isTask,
                                   std::vector<std::string>* definitions = nullptr) {
     MSPEMapper mapper(nullptr, tableOfContents(), {}, std::nullopt);
@@ -40,7 +40,7 @@ std::vector<std::string> fieldsOf(const std::string& content, bool isTask,
 
 } // namespace
 
-TEST(UserDataMapper, KeysTakeTextFieldsByPosition) {
+TEST(UserDataMapper, KeysGetTextFieldsByPosition) {
     std::vector<std::string> definitions;
     EXPECT_THAT(fieldsOf(pair("Color", "red\nish") + pair("Si\nze", "L"), true, &definitions),
                 ElementsAre("188743731=red ish", "188743734=L"));
@@ -56,7 +56,7 @@ TEST(UserDataMapper, RepeatedKeyKeepsItsField) {
     EXPECT_EQ(definitions.size(), 2U);
 }
 
-TEST(UserDataMapper, KeysAndStringsMatchByPositionNotByNeighbourhood) {
+TEST(UserDataMapper, KeysAndStringsMatchByPositionNotByAdjacency) {
     EXPECT_THAT(fieldsOf("<key>a</key><key>b</key><x/><string>1</string><string>2</string>", true),
                 ElementsAre("188743731=1", "188743734=2"));
     EXPECT_TRUE(fieldsOf("", true).empty());
@@ -78,12 +78,12 @@ TEST(UserDataMapper, ManyKeysTakeLinearTime) {
     EXPECT_EQ(fieldsOf(content, true).size(), kMany);
 }
 
-TEST(UserDataMapper, ProjectEndsWithOneNameForEachValue) {
+TEST(UserDataMapper, ProjectHasOneNamePerValue) {
     const MappedProject project(ScenarioBuilder::withRoots("r1", "t1,t2")
                                     .resource("r1", "type=Staff", userData(pair("Team", "A")))
                                     .task("t1", "", userData(pair("Color", "red") + pair("Size", "L")))
                                     .task("t2", "", userData(pair("Size", "M"))));
-    // A field has the alias that was defined last: t2 named Text1 anew.
+    // A field has the last alias defined: t2 renamed Text1.
     EXPECT_THAT(project->customTaskFieldNames, ElementsAre("Size", "Size", "Size"));
     EXPECT_THAT(project->tasks.at(1)->customFieldValues, ElementsAre("red", "L"));
     EXPECT_THAT(project->tasks.at(2)->customFieldValues, ElementsAre("M"));

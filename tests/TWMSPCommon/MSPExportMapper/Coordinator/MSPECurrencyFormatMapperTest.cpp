@@ -44,10 +44,10 @@ INSTANTIATE_TEST_SUITE_P(Samples, CurrencyFormat,
                                          Row{"1 234,56 kr", 0, "234,56 kr", "", 3},
                                          // A comma alone is an amount, and the last of several fractions counts.
                                          Row{"a,b", 0, "a", "", 0}, Row{"$1.5.125", 3, "$", "USD", 0},
-                                         // The prefix is not trimmed, and a no-break space is no blank.
+                                         // The prefix is not trimmed, and a no-break space is not a blank.
                                          Row{" x 1", 0, " x", "", 2}, Row{"1\u00A0kr", 0, "\u00A0kr", "", 1},
                                          Row{"Qq1", 0, "Qq", "", 0},
-                                         // Nothing of an amount: the defaults.
+                                         // No amount: the defaults.
                                          Row{"money", 2, "$", "USD", 0}, Row{"", 2, "$", "USD", 0}));
 
 TEST(CurrencyFormatOfDocument, AbsentSampleGivesTheDefaults) {

@@ -16,7 +16,7 @@ TEST(IdMapper, NumberOfTheIdIsTheUidAndRootsAreZero) {
     EXPECT_EQ(ids.resourceUIDFromZelbResourceId("r-1"), "0");
 }
 
-TEST(IdMapper, IdsWithoutAPositiveNumberHaveTheEmptyUid) {
+TEST(IdMapper, IdsWithoutAPositiveNumberHaveAnEmptyUid) {
     const MSPEIdMapper ids("r-1", "t-1");
     for (const char* id : {"t0", "t-2", "t", "tx1", ""})
         EXPECT_EQ(ids.taskUIDFromZelbId(id), "") << id;

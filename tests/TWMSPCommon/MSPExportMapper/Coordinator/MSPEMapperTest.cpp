@@ -12,14 +12,14 @@ std::string scenarioWithNamespaces(std::string_view declarations, std::string_vi
     return std::string("<").append(root).append(" ").append(declarations).append("/>");
 }
 
-// Empty where the root is a scenario, else why it is none.
+// Empty if the root is a scenario, otherwise why it is not.
 std::string faultOf(const std::string& document) {
     const LogCapture log;
     MSPEMapper mapper(documentOf(document), tableOfContents(), {}, std::nullopt);
     try {
         mapper.map();
     } catch (const Exception&) {
-        // A scenario without its roots: the mapping went past the test of the root element.
+        // A scenario without its roots: the mapping got past the check of the root element.
         return "";
     }
     EXPECT_EQ(mapper.mspdiXmlDoc(), nullptr);
@@ -29,7 +29,7 @@ std::string faultOf(const std::string& document) {
 
 } // namespace
 
-TEST(Mapper, SchemeAndHostOfTheNamespaceDoNotCount) {
+TEST(Mapper, IgnoresSchemeAndHostOfTheNamespace) {
     for (const char* uri : {"http://www.tarnwick.example/namespace/Tarnwick/v2", "https://a/namespace/Tarnwick/v2",
                             "urn:/namespace/Tarnwick/v2", "http://a:80/namespace/Tarnwick/v2"})
         EXPECT_EQ(faultOf(scenarioWithNamespaces("xmlns='" + std::string(uri) + "'")), "") << uri;
@@ -64,7 +64,7 @@ TEST(Mapper, MissingDocumentIsNotMapped) {
     EXPECT_EQ(mapper.notMappedReason(), "The bundle has no scenario with the id of the one that is being edited.");
 }
 
-TEST(Mapper, ProjectMapperIsThereOnlyWhileItMaps) {
+TEST(Mapper, ProjectMapperExistsOnlyDuringMapping) {
     const LogCapture log;
     MSPEMapper good(ScenarioBuilder::withRoots().document(), tableOfContents(), {}, std::nullopt);
     good.map();
@@ -77,7 +77,7 @@ TEST(Mapper, ProjectMapperIsThereOnlyWhileItMaps) {
     EXPECT_EQ(bad.projectMapper(), nullptr);
 }
 
-TEST(Mapper, TemplateThatTellsNoFormatCountsAsTheThird) {
+TEST(Mapper, TemplateOfUnknownFormatCountsAsVersion3) {
     const LogCapture log;
     EXPECT_EQ(MSPEMapper(nullptr, tableOfContents(), {}, std::nullopt).mppVersion(), 3);
     const auto missing = FileURL::fileURLWithPath("/nonexistent/template.mpp", false);

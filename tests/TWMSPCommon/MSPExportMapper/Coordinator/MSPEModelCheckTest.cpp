@@ -24,7 +24,7 @@ std::shared_ptr<MPPCalendarTimeRange> morning() {
     return range;
 }
 
-// One record of each kind, all in order.
+// One record of each kind, all valid.
 std::unique_ptr<CheckedModel> soundModel() {
     auto model = std::make_unique<CheckedModel>();
     auto calendar = std::make_shared<MPPCalendar>();
@@ -43,7 +43,7 @@ std::unique_ptr<CheckedModel> soundModel() {
     return model;
 }
 
-// The check fails with that message once the sound model is damaged.
+// Expects the check to fail with that message after the valid model is damaged.
 void expectFault(std::string_view message, const std::function<void(CheckedModel&)>& damage) {
     const auto model = soundModel();
     damage(*model);
@@ -52,12 +52,12 @@ void expectFault(std::string_view message, const std::function<void(CheckedModel
 
 } // namespace
 
-TEST(ModelCheck, SoundModelPasses) {
+TEST(ModelCheck, ValidModelPasses) {
     const auto model = soundModel();
     EXPECT_NO_THROW(verifyFixedProject(model->project, model->constraints, model->calendars));
 }
 
-TEST(ModelCheck, MissingRecordsAreTold) {
+TEST(ModelCheck, ReportsMissingRecords) {
     expectFault("Project has no calendar.", [](auto& model) { model.project.calendar.clear(); });
     expectFault("Tasks collection. Unexpected object: (null)", [](auto& model) { model.project.tasks[0] = nullptr; });
     expectFault("Constraints collection. Unexpected object: (null)",
@@ -69,7 +69,7 @@ TEST(ModelCheck, MissingRecordsAreTold) {
     expectFault("Calendars collection. Unexpected object: (null)", [](auto& model) { model.calendars[0] = nullptr; });
 }
 
-TEST(ModelCheck, UidsThatWereNeverResolvedAreTold) {
+TEST(ModelCheck, ReportsUnresolvedUids) {
     expectFault("Project Calendar. Unexpected object: NSString",
                 [](auto& model) { model.project.calendar.setProxyText("1"); });
     expectFault("MPPConstraint ID=0. Unexpected MPPConstraint.task1 class: NSString",

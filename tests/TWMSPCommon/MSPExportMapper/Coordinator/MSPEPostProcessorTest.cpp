@@ -9,7 +9,7 @@ namespace brackwater::test {
 
 namespace {
 
-// A model as the mapping leaves it: references are still UIDs.
+// A model straight from the mapping: references are still UIDs.
 struct UnresolvedModel {
     MPPProject project;
     MSPEPostProcessor::Constraints constraints;
@@ -17,7 +17,7 @@ struct UnresolvedModel {
     MSPEPostProcessor::UidToIdMap taskIds;
     MSPEPostProcessor::UidToIdMap resourceIds;
 
-    // The project's calendar, and nothing else.
+    // Only the project's calendar.
     UnresolvedModel() {
         project.calendar.setProxyText("1");
         addCalendar(1, "Standard");
@@ -80,7 +80,7 @@ std::vector<std::string> parentsOfLevels(const std::vector<std::uint64_t>& level
 
 } // namespace
 
-TEST(PostProcessor, NegativeCalendarUidIsNoCalendar) {
+TEST(PostProcessor, NegativeCalendarUidMeansNoCalendar) {
     UnresolvedModel model;
     MPPTask& task = model.addTask("0", 0);
     task.calendar.setProxyText("-1");
@@ -115,7 +115,7 @@ TEST(PostProcessor, NoOtherCalendarMayBeNamedStandard) {
     model.expectFails("Only standard project calendar may have and must have name \"Standard\".");
 }
 
-TEST(PostProcessor, CalendarsThatAreMissingFail) {
+TEST(PostProcessor, MissingCalendarsFail) {
     UnresolvedModel base;
     base.addCalendar(2, "Anna", "9");
     base.expectFails("Can not find mapped Base Calendar with ID=9");
@@ -127,7 +127,7 @@ TEST(PostProcessor, CalendarsThatAreMissingFail) {
     resource.expectFails("Can not find mapped Calendar with ID=8");
 }
 
-TEST(PostProcessor, UidsThatLeadNowhereFail) {
+TEST(PostProcessor, UnknownUidsFail) {
     UnresolvedModel task;
     task.addAssignment("7", "-65535");
     task.expectFails("Can not find Task ID for Task with UID='7' in the map.");
@@ -146,7 +146,7 @@ TEST(PostProcessor, UidsThatLeadNowhereFail) {
     resourceRecord.expectFails("Can not find mapped Resource with ID='2'");
 }
 
-TEST(PostProcessor, CustomFieldsThatSayTooLittleFail) {
+TEST(PostProcessor, IncompleteCustomFieldsFail) {
     constexpr const char* kClass = "Invalid object of class 'MSPEXMLExtendedAttributeAdapter' found in ";
     const auto field = std::make_shared<MPPExtendedAttribute>();
     field->fieldID = "1";
@@ -169,14 +169,14 @@ TEST(PostProcessor, CustomFieldsThatSayTooLittleFail) {
     noResourceValue.expectFails(std::string(kClass) + "MPPResource.customFieldsText.");
 }
 
-TEST(TaskTree, ParentsFollowFromTheLevels) {
+TEST(TaskTree, LevelsDetermineTheParents) {
     using testing::ElementsAre;
     EXPECT_THAT(parentsOfLevels({0, 1, 2, 1, 1, 2}), ElementsAre("none", "1", "2", "1", "1", "5"));
     EXPECT_THAT(parentsOfLevels({0, 0, 1, 2, 3, 1, 0}), ElementsAre("none", "none", "2", "3", "4", "2", "none"));
     EXPECT_THAT(parentsOfLevels({}), ElementsAre());
 }
 
-TEST(TaskTree, LevelThatJumpsFails) {
+TEST(TaskTree, JumpingLevelFails) {
     expectAssertion("Broken list levels: taskLevel=2 maxLevel=0", [] { parentsOfLevels({0, 2}); });
     expectAssertion("Broken list levels: taskLevel=1 maxLevel=-1", [] { parentsOfLevels({1}); });
 }

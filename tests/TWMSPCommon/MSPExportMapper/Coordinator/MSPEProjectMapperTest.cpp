@@ -42,7 +42,7 @@ TEST(ProjectMapper, HeaderReachesTheProject) {
     EXPECT_EQ(project->standardCalendar->ID, 1U);
 }
 
-TEST(ProjectMapper, MissingDateIsNowOnTheSideThatIsScheduledFrom) {
+TEST(ProjectMapper, MissingDateIsNowOnTheSideOfScheduling) {
     const MappedProject fromStart(ScenarioBuilder::withRoots());
     EXPECT_TRUE(fromStart->scheduleFromStart);
     EXPECT_TRUE(isNow(fromStart->startDate));
@@ -71,7 +71,7 @@ TEST(ProjectMapper, TasksComeDepthFirstWithTheirAssignmentsAndLevels) {
     EXPECT_EQ(project->assignments.size(), 2U) << "a group without resources gets no dummy assignment";
 }
 
-TEST(ProjectMapper, OnlyGroupsAreWalkedInto) {
+TEST(ProjectMapper, OnlyGroupsHaveChildren) {
     const MappedProject project(ScenarioBuilder::withRoots("r1", "t1")
                                     .resource("r1", "type=Staff child=r2")
                                     .resource("r2", "type=Staff")
@@ -81,7 +81,7 @@ TEST(ProjectMapper, OnlyGroupsAreWalkedInto) {
     EXPECT_EQ(project->resources.size(), 2U);
 }
 
-TEST(ProjectMapper, LastOfSeveralRecordsWithOneIdCounts) {
+TEST(ProjectMapper, LastOfSeveralRecordsWithTheSameIdCounts) {
     const MappedProject project(ScenarioBuilder::withRoots("r1", "t1")
                                     .task("t1", "title=first priority=1000")
                                     .task("t1", "title=last priority=10")
@@ -116,7 +116,7 @@ TEST(ProjectMapper, UnnamedGroupsAreNumberedAndReplaceThePath) {
                 ElementsAre("Anonymous_Group_1", "Anonymous_Group_1/In", "Anonymous_Group_2", "All"));
 }
 
-TEST(ProjectMapper, ReferencesToNothingAreSkipped) {
+TEST(ProjectMapper, DanglingReferencesAreSkipped) {
     const MappedProject project(ScenarioBuilder::withRoots("r8,r1", "t8,t1,x")
                                     .resource("r1", "type=Staff", "<child-resource/>")
                                     .task("t1", "", "<child-task/>")
@@ -134,7 +134,7 @@ TEST(ProjectMapper, MissingTopsFail) {
     expectMappingFails(ScenarioBuilder().resource("r-1", "type=Group"), "Task <0x0> has no 'id' attribute.");
 }
 
-TEST(ProjectMapper, GroupThatIsReachedTwiceFailsAtOnce) {
+TEST(ProjectMapper, GroupReachedTwiceFailsAtOnce) {
     const auto inTwoGroups = [](std::string_view items) {
         return ScenarioBuilder::withRoots("r1,r2")
             .resource("r1", "type=Group child=r3")
@@ -146,17 +146,17 @@ TEST(ProjectMapper, GroupThatIsReachedTwiceFailsAtOnce) {
                        "Resource tree is not a tree: 'r-1' is reached twice.");
     expectMappingFails(ScenarioBuilder::withRoots("r1").resource("r1", "type=Group child=r1"),
                        "Resource tree is not a tree: 'r1' is reached twice.");
-    // Any other is mapped again, and fails only where its UID is entered a second time.
+    // Any other is mapped again, and fails only when its UID is registered a second time.
     expectMappingFails(inTwoGroups("type=Staff"), "Duplicated Resource UID='3' found (zelb Resource id='r3').");
     for (const char* items : {"", "type=Robot"})
         EXPECT_EQ(MappedProject(inTwoGroups(items))->resources.size(), 1U) << items;
 }
 
-TEST(ProjectMapper, TaskOfTheIndexThatDoesNotReadFailsThoughNoTreeReachesIt) {
+TEST(ProjectMapper, InvalidTaskFailsEvenOutsideTheTree) {
     expectMappingFails(ScenarioBuilder::withRoots().task("t9", "duration=-"), "Task element 'duration' not found.");
 }
 
-TEST(ProjectMapper, TreesOfAHundredThousandLevelsAreWalked) {
+TEST(ProjectMapper, TreesOfAHundredThousandLevelsAreMapped) {
     constexpr int kLevels = 100'000;
     ScenarioBuilder scenario = ScenarioBuilder::withRoots("r1", "t1");
     for (int i = 1; i <= kLevels; ++i) {

@@ -18,7 +18,7 @@ ScenarioBuilder oneResource(std::string_view items, std::string_view xml = "") {
 
 } // namespace
 
-TEST(ResourceMapper, ReadsEveryField) {
+TEST(ResourceMapper, MapsEveryField) {
     const MappedProject project(
         oneResource("type=Material units-available=0.5 cost-per-use=2.5 cost-per-hour=2.50 email-address=a@example.org",
                     "<name>Bricks\nred</name><note><text><p><run><lit>x</lit></run></p></text></note>"));
@@ -35,7 +35,7 @@ TEST(ResourceMapper, ReadsEveryField) {
     EXPECT_EQ(resource.calendar.record()->ID, 2U) << "the calendar made right behind the project's";
 }
 
-TEST(ResourceMapper, WhatTheSourceDoesNotSayIsTheDefault) {
+TEST(ResourceMapper, MissingFieldsGetDefaults) {
     const MappedProject project(oneResource("type=Equipment"));
     const MPPResource& resource = *project->resources.at(1);
     EXPECT_EQ(resource.name, std::nullopt);
@@ -45,14 +45,14 @@ TEST(ResourceMapper, WhatTheSourceDoesNotSayIsTheDefault) {
     EXPECT_EQ(resource.notes, std::nullopt);
 }
 
-TEST(ResourceMapper, RepeatedUnitsCountAsAbsentAndARepeatedCostAsItsLast) {
+TEST(ResourceMapper, RepeatedUnitsCountAsAbsentAndOfRepeatedCostsTheLastCounts) {
     const MappedProject project(oneResource("type=Staff units-available=3 units-available=3 cost-per-use=1 "
                                             "cost-per-use=7"));
     EXPECT_EQ(project->resources.at(1)->maxUnits, 100.0);
     EXPECT_EQ(project->resources.at(1)->costPerUse, 7.0);
 }
 
-TEST(ResourceMapper, EfficiencyOtherThanOneIsWarnedOf) {
+TEST(ResourceMapper, WarnsOfEfficiencyOtherThanOne) {
     constexpr const char* kStart = "WARINING: MS Project doesn't support the Tarnwick 'efficiency' attribute";
     EXPECT_THAT(MappedProject(oneResource("type=Staff name=Anna efficiency=0.8")).log(),
                 Contains("WARINING: MS Project doesn't support the Tarnwick 'efficiency' attribute for resources. "
@@ -76,12 +76,12 @@ TEST(ResourceMapper, GroupsAndUnknownTypesHaveACalendarButNoResource) {
                                              "  Mapping Resource id='r2' name='None'"}));
 }
 
-TEST(ResourceMapper, SameUidTwiceFails) {
+TEST(ResourceMapper, DuplicateUidFails) {
     expectMappingFails(ScenarioBuilder::withRoots("r0,r-2").resource("r0", "type=Staff").resource("r-2", "type=Staff"),
                        "Duplicated Resource UID='' found (zelb Resource id='r-2').");
 }
 
-TEST(ResourceMapper, BaselinesOfResourcesAreTakenWhereTheBaselineHasThem) {
+TEST(ResourceMapper, AddsBaselinesOfResourcesThatTheBaselineHas) {
     const auto scenario = ScenarioBuilder::withRoots("r1,r2").resource("r1", "type=Staff").resource("r2", "type=Staff");
     const MappedProject project(scenario, "", {oneResource("type=Staff").document()});
     EXPECT_EQ(project->resources.at(1)->baselines.size(), 1U);

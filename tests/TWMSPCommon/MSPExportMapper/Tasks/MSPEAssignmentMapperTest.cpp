@@ -33,7 +33,7 @@ std::vector<std::string> worksOf(std::string_view items) {
 
 } // namespace
 
-TEST(AssignmentMapper, ChildrenComeInTheOrderOfTheTarget) {
+TEST(AssignmentMapper, ChildrenAreInTheOrderOfTheTarget) {
     const ScopedTimeZone zone("UTC");
     const MappedProject project(taskWithResources("effort=4000 effort-done=1000 assign=r1:0.50"));
     EXPECT_THAT(project.childrenOfAssignment(0),
@@ -54,7 +54,7 @@ TEST(AssignmentMapper, EachKindOfResourceSharesTheWholeEffort) {
     EXPECT_THAT(worksOf("effort=3600 assign=r1:0.5"), ElementsAre("PT1H0M0S"));
 }
 
-TEST(AssignmentMapper, UnitsThatAddUpToNothingShareNothing) {
+TEST(AssignmentMapper, UnitsWithASumOfZeroShareNothing) {
     EXPECT_THAT(worksOf("effort=3600 assign=r1:0"), ElementsAre("PT1H0M0S"));
     EXPECT_THAT(worksOf("effort=3600 assign=r1:-1 assign=r2:1"), ElementsAre("PT1H0M0S", "PT1H0M0S"));
 }
@@ -82,7 +82,7 @@ TEST(AssignmentMapper, BaselineIsFoundByTaskAndResource) {
     EXPECT_EQ(project->assignments.at(1)->baselines.size(), 0U) << "that resource is on another task";
 }
 
-TEST(AssignmentMapper, FailsForResourcesThatItCannotFindOrThatSayNothing) {
+TEST(AssignmentMapper, FailsForUnknownOrUntypedResources) {
     expectMappingFails(taskWithResources("assign=r9"), "Failed to find assigned resourse (id='r9').");
     expectMappingFails(taskWithResources("assign=r9").resource("r9", "name=Nobody"),
                        "No type specified for assigned resourse (id='r9').");
@@ -93,7 +93,7 @@ TEST(AssignmentMapper, FailsForResourcesThatItCannotFindOrThatSayNothing) {
 }
 
 // Such a task has the empty UID, which is valid once; only its assignments need an id.
-TEST(AssignmentMapper, TaskWithAnEmptyIdFailsWhereItHasAssignments) {
+TEST(AssignmentMapper, TaskWithAnEmptyIdFailsIfItHasAssignments) {
     auto scenario = ScenarioBuilder()
                         .resource("r-1", "type=Group child=r1")
                         .resource("r1", "type=Staff")

@@ -11,7 +11,7 @@ namespace {
 
 using Info = MSPEScheduledTaskInfo;
 
-// The info of one task, kept with its document.
+// The info of one task, with its document.
 struct ReadTask {
     explicit ReadTask(std::string_view items, std::string_view xml = "")
         : document(documentOf(ScenarioBuilder().topTask("-").topResource("-").task("t12", items, xml).text())),
@@ -69,14 +69,14 @@ TEST(ScheduledTaskInfo, MissingAndRepeatedRequiredItemsFail) {
     });
 }
 
-TEST(ScheduledTaskInfo, EffortIsCutToAnIntegerAndTextThatIsNoNumberFails) {
+TEST(ScheduledTaskInfo, EffortIsTruncatedAndNonNumericTextFails) {
     EXPECT_EQ(ReadTask("effort=12.9")->effort(), 12.0);
     EXPECT_THROW(ReadTask("effort=much"), Exception);
     EXPECT_THROW(ReadTask("priority="), Exception);
     EXPECT_THROW(ReadTask("duration=P1D"), Exception);
 }
 
-TEST(ScheduledTaskInfo, ReadsPrerequisites) {
+TEST(ScheduledTaskInfo, ParsesPrerequisites) {
     const ReadTask task("", "<prerequisite-task idref='t1' kind='SF' external='other.zelb#t9'>"
                             "<is-resource-dependency>yes</is-resource-dependency>"
                             "<lead-time is-percentage='true'>0.5</lead-time></prerequisite-task>"
@@ -106,7 +106,7 @@ TEST(ScheduledTaskInfo, ReadsPrerequisites) {
     EXPECT_EQ(links[3].lead, 0.0) << "a repeated item";
 }
 
-TEST(ScheduledTaskInfo, ProgressComesFromEffortAndThenFromThePercentage) {
+TEST(ScheduledTaskInfo, ProgressComesFromEffortOtherwiseFromThePercentage) {
     EXPECT_EQ(ReadTask("effort=3600 effort-done=900 completion-percentage=0.9")->percentageComplete(), 0.25);
     EXPECT_EQ(ReadTask("effort=0 completion-percentage=0.5")->percentageComplete(), 0.5);
     EXPECT_EQ(ReadTask("effort=3600 effort-done=0 completion-percentage=0.25")->percentageComplete(), 0.25);
@@ -114,7 +114,7 @@ TEST(ScheduledTaskInfo, ProgressComesFromEffortAndThenFromThePercentage) {
     EXPECT_EQ(ReadTask("effort=3600 effort-done=3600")->percentComplete(), 100);
 }
 
-TEST(ScheduledTaskInfo, ProgressOutOfRangeFailsWhenItIsAskedFor) {
+TEST(ScheduledTaskInfo, ProgressOutOfRangeFailsWhenRead) {
     const ReadTask task("effort=3600 effort-done=7200");
     expectAssertion("Incorrect value of percentComplete (2.000000). Must be from 0.0 to 1.0.",
                     [&] { static_cast<void>(task->percentageComplete()); });

@@ -12,20 +12,20 @@ namespace brackwater::test {
 
 namespace {
 
-// One row: what the source says of the task, whether the project is scheduled from its start, and the constraint with
-// the day of June 2012 that it names (0: no date).
+// One row: the task's items in the source, whether the project is scheduled from its start, and the constraint with its
+// day of June 2012 (0: no date).
 struct Row {
     const char* items;
     bool projectFromStart;
     int type; ///< -1: no constraint
     int day;
 
-    // Byte by byte, which is how it would be shown else, includes bytes that nobody has set.
+    // The default would print all bytes, including uninitialized ones.
     friend void PrintTo(const Row& row, std::ostream* out) { *out << row.items; }
 };
 
 std::string withDates(std::string_view shorthand) {
-    // "locked-start-date=@2" stands for a date on the second of June.
+    // "locked-start-date=@2" means a date on the second of June.
     std::string text;
     for (std::size_t i = 0; i < shorthand.size(); ++i) {
         if (shorthand[i] == '@')

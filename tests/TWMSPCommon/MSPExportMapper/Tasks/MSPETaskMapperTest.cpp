@@ -25,7 +25,7 @@ std::vector<std::string> childrenOfOneTask(std::string_view items, std::string_v
 
 } // namespace
 
-TEST(TaskMapper, ChildrenComeInTheOrderOfTheTarget) {
+TEST(TaskMapper, ChildrenAreInTheOrderOfTheTarget) {
     const ScopedTimeZone zone("UTC");
     const MappedProject project(oneTask("title=Walls effort=7200 effort-done=1800 static-cost=12.5 "
                                         "start-constraint-date=2012-06-02T00:00:00Z after=t2 splittable=no",
@@ -49,7 +49,7 @@ TEST(TaskMapper, ChildrenComeInTheOrderOfTheTarget) {
                 IsSupersetOf({"  Mapping Top Task id='t-1' ...", "  Mapping Task id='t1' name='Walls' ..."}));
 }
 
-TEST(TaskMapper, WhatTheSourceDoesNotSayIsLeftOut) {
+TEST(TaskMapper, MissingFieldsAreLeftOut) {
     const ScopedTimeZone zone("UTC");
     EXPECT_THAT(childrenOfOneTask(""),
                 ElementsAre("UID=1", "ID=1", "Type=0", "IsNull=0", "Priority=500", "Start=2012-06-01T08:00:00",
@@ -58,20 +58,20 @@ TEST(TaskMapper, WhatTheSourceDoesNotSayIsLeftOut) {
                             "Active=1", "Manual=0", "OutlineLevel=1"));
 }
 
-TEST(TaskMapper, DateThatIsEmptyOrBeyondAllInstantsIsNone) {
+TEST(TaskMapper, EmptyOrOutOfRangeDateIsAbsent) {
     const MappedProject project(oneTask("start-date= end-date=99999999999999999999-01-01T00:00:00Z"));
     EXPECT_EQ(project->tasks.at(1)->startDate, std::nullopt);
     EXPECT_EQ(project->tasks.at(1)->endDate, std::nullopt);
     EXPECT_THAT(project.childrenOfTask(1), IsSupersetOf({"Start=(null)", "Finish=(null)"}));
 }
 
-TEST(TaskMapper, NameStandsOnOneLine) {
+TEST(TaskMapper, NameIsOnOneLine) {
     const MappedProject project(oneTask("", "<title>a&#13;\nb</title>"));
     EXPECT_EQ(project->tasks.at(1)->title, "a  b");
     EXPECT_THAT(project.log(), Contains("  Mapping Task id='t1' name='a\r\nb' ...")) << "the log shows it as it is";
 }
 
-TEST(TaskMapper, TypeFollowsWhatIsRecalculated) {
+TEST(TaskMapper, TypeDependsOnRecalculation) {
     const auto typeAndDriven = [](std::string_view items) {
         std::string found;
         for (const auto& child : childrenOfOneTask(items))
@@ -91,12 +91,12 @@ TEST(TaskMapper, TypeFollowsWhatIsRecalculated) {
 TEST(TaskMapper, UnknownAndContradictoryRecalculationFails) {
     expectMappingFails(oneTask("recalculate=Duration"), "zelbRecalculate is undefined");
     expectMappingFails(oneTask("recalculate="), "zelbRecalculate is undefined");
-    // To the parsed task a repeated item is an absent one, here the last one counts.
+    // The parsed task treats a repeated item as absent, but here the last one counts.
     expectMappingFails(oneTask("recalculate=units recalculate=effort"),
                        "Unexpected task recalculate value (0) in task info.");
 }
 
-TEST(TaskMapper, PrioritiesAreStretchedOverTheDocumentsRange) {
+TEST(TaskMapper, PrioritiesAreScaledByTheDocumentsRange) {
     const auto priorities = [](std::vector<std::string> sources) {
         auto scenario = ScenarioBuilder::withRoots("", "t1,t2,t3");
         for (std::size_t i = 0; i < 3; ++i)
@@ -115,12 +115,12 @@ TEST(TaskMapper, PrioritiesAreStretchedOverTheDocumentsRange) {
     EXPECT_THAT(priorities({"-9223372036854775808", "0", "9223372036854775807"}), ElementsAre(0, 500, 1000));
 }
 
-TEST(TaskMapper, PriorityRangeCoversTasksThatNoTreeReaches) {
+TEST(TaskMapper, PriorityRangeIncludesTasksOutsideTheTree) {
     const MappedProject project(oneTask("priority=5").task("t9", "priority=10"));
     EXPECT_EQ(project->tasks.at(1)->priority, 500U);
 }
 
-TEST(TaskMapper, OnlyAClearNoForbidsSplitting) {
+TEST(TaskMapper, OnlyAnExplicitNoForbidsSplitting) {
     EXPECT_THAT(childrenOfOneTask("splittable=no"), Contains("LevelingCanSplit=0"));
     EXPECT_THAT(childrenOfOneTask("splittable=0"), Contains("LevelingCanSplit=0"));
     EXPECT_THAT(childrenOfOneTask("splittable=maybe"), Contains("LevelingCanSplit=1"));
@@ -128,7 +128,7 @@ TEST(TaskMapper, OnlyAClearNoForbidsSplitting) {
     EXPECT_THAT(childrenOfOneTask("splittable=yes"), Contains("LevelingCanSplit=1"));
 }
 
-TEST(TaskMapper, LinksKnowPredecessorTypeAndLag) {
+TEST(TaskMapper, LinksHavePredecessorTypeAndLag) {
     const MappedProject project(
         ScenarioBuilder::withRoots("", "t1,t2")
             .task("t2", "after=t1:FS:-86400 after=t1:SF:3600 after=t1:SS:0.5% after=t1:FF:0 after=t1:XX:5.9 after=t1")
@@ -149,7 +149,7 @@ TEST(TaskMapper, LinksKnowPredecessorTypeAndLag) {
     EXPECT_TRUE(project->honorConstraints);
 }
 
-TEST(TaskMapper, LinksMayRunToThemselvesToGroupsAndInCycles) {
+TEST(TaskMapper, LinksMayLeadToThemselvesToGroupsAndInCycles) {
     const MappedProject project(
         ScenarioBuilder::withRoots("", "t1,t2").task("t1", "after=t1 after=t2 after=t-1").task("t2", "after=t1"));
     ASSERT_EQ(project->constraints.size(), 4U);
@@ -170,7 +170,7 @@ TEST(TaskMapper, LinkWithoutAPredecessorKeepsItsSuccessor) {
     EXPECT_EQ(project->constraints[0]->task2.record(), project->tasks.at(1).get());
 }
 
-TEST(TaskMapper, SameUidTwiceFailsAfterItsIdWasSpentAndLogged) {
+TEST(TaskMapper, DuplicateUidFailsAfterItsIdWasUsedAndLogged) {
     // Two different ids without a positive number share the empty UID.
     const auto scenario = ScenarioBuilder::withRoots("", "t0,t-2").task("t0").task("t-2");
     const LogCapture log;
@@ -179,7 +179,7 @@ TEST(TaskMapper, SameUidTwiceFailsAfterItsIdWasSpentAndLogged) {
     EXPECT_EQ(log.lines().back(), "        Task /ID =\"2\"");
 }
 
-TEST(TaskMapper, TaskThatIsReachedTwiceFailsAndACycleEnds) {
+TEST(TaskMapper, TaskReachedTwiceFailsAndCyclesTerminate) {
     expectMappingFails(ScenarioBuilder::withRoots("", "t1,t1").task("t1"),
                        "Duplicated Task UID='1' found (zelb Task id='t1').");
     expectMappingFails(

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The days of a span as wall clock, a star behind each working day.
+// The days of a span in local time, with a star after each working day.
 std::vector<std::string> daysOf(std::string_view start, std::string_view end) {
     std::vector<std::string> texts;
     for (const auto& day : MSPETimephasedDataInfo(start, end, 0.0, nullptr).days())
@@ -24,14 +24,14 @@ std::vector<std::string> daysOf(std::string_view start, std::string_view end) {
 
 } // namespace
 
-TEST(TimephasedDays, SpanOverAWeekendHasADayForEachDateItTouches) {
+TEST(TimephasedDays, SpanOverAWeekendHasADayForEachDate) {
     const ScopedTimeZone zone("Europe/Berlin");
     EXPECT_THAT(daysOf("2012-06-01T16:00:00+02:00", "2012-06-04T10:00:00+02:00"),
                 ElementsAre("2012-06-01T16:00:00 2012-06-01T23:59:59 *", "2012-06-02T00:00:00 2012-06-02T23:59:59",
                             "2012-06-03T00:00:00 2012-06-03T23:59:59", "2012-06-04T00:00:00 2012-06-04T10:00:00 *"));
 }
 
-TEST(TimephasedDays, DaysAreThoseOfTheSystemZone) {
+TEST(TimephasedDays, DaysAreInTheSystemZone) {
     const ScopedTimeZone zone("Asia/Tokyo");
     EXPECT_THAT(daysOf("2012-06-01T14:00:00Z", "2012-06-01T16:00:00Z"),
                 ElementsAre("2012-06-01T23:00:00 2012-06-01T23:59:59 *", "2012-06-02T00:00:00 2012-06-02T01:00:00"));
@@ -44,14 +44,14 @@ TEST(TimephasedDays, SpanWithoutALengthHasNoDays) {
     EXPECT_THAT(daysOf("2012-06-04T08:00:00Z", ""), IsEmpty());
 }
 
-TEST(TimephasedDays, WalkEndsWhereClocksGoBackAtMidnight) {
-    // On 2018-02-18 the hour from 23:00 came twice, the second time right behind 23:59:59.
+TEST(TimephasedDays, TerminatesWhereClocksGoBackAtMidnight) {
+    // On 2018-02-18 the hour from 23:00 occurred twice, the second time right after 23:59:59.
     const ScopedTimeZone zone("America/Sao_Paulo");
     EXPECT_THAT(daysOf("2018-02-17T12:00:00-02:00", "2018-02-18T12:00:00-03:00"),
                 ElementsAre("2018-02-17T12:00:00 2018-02-17T23:59:59", "2018-02-18T00:00:00 2018-02-18T12:00:00"));
 }
 
-TEST(TimephasedDays, WalkGoesOnWhereMidnightIsSkipped) {
+TEST(TimephasedDays, ContinuesWhereMidnightIsSkipped) {
     // On 2018-11-04 the clocks went from midnight to one o'clock.
     const ScopedTimeZone zone("America/Sao_Paulo");
     EXPECT_THAT(daysOf("2018-11-03T12:00:00-03:00", "2018-11-05T12:00:00-02:00"),
@@ -59,7 +59,7 @@ TEST(TimephasedDays, WalkGoesOnWhereMidnightIsSkipped) {
                             "2018-11-05T00:00:00 2018-11-05T12:00:00 *"));
 }
 
-TEST(TimephasedDays, WalkGoesOnWhereADayIsSkipped) {
+TEST(TimephasedDays, ContinuesWhereADayIsSkipped) {
     // There was no 2011-12-30 on Samoa.
     const ScopedTimeZone zone("Pacific/Apia");
     const auto days =
@@ -69,7 +69,7 @@ TEST(TimephasedDays, WalkGoesOnWhereADayIsSkipped) {
         EXPECT_LT(days[i - 1].start, days[i].start);
 }
 
-TEST(TimephasedDays, SpanOfAnAgeFailsBeforeItFillsTheMemory) {
+TEST(TimephasedDays, OverlongSpanFailsBeforeItExhaustsMemory) {
     expectAssertion("Time span of timephased data is longer than 100000 days.",
                     [] { daysOf("2012-06-04T08:00:00Z", "9012-06-05T08:00:00Z"); });
 }
@@ -105,7 +105,7 @@ TEST(TimephasedData, SplitTaskAlternatesBetweenSegmentsAndGaps) {
     EXPECT_EQ(data.newTimephasedDataFromZelbSplitTask(tasks[4], root), std::nullopt);
 }
 
-TEST(TimephasedData, SplitTaskMapsWithDummyAndRealAssignments) {
+TEST(TimephasedData, SplitTaskIsMappedWithDummyAndRealAssignments) {
     const auto countOfAssignments = [](std::string_view assignments) {
         const MappedProject project(ScenarioBuilder::withRoots("r1,r2", "t1")
                                         .resource("r1", "type=Staff")
@@ -118,12 +118,12 @@ TEST(TimephasedData, SplitTaskMapsWithDummyAndRealAssignments) {
     EXPECT_EQ(countOfAssignments("assign=r1 assign=r2:5"), 2U);
 }
 
-TEST(TimephasedData, GroupThatIsSplitFails) {
+TEST(TimephasedData, SplitGroupFails) {
     expectMappingFails(ScenarioBuilder::withRoots("", "t1").task("t1", "type=group", "<split/>"),
                        "Task group and split task are mutualy exclusive.");
 }
 
-TEST(TimephasedData, MaterialOfAgesFailsAndTellsTheTaskOrTheBound) {
+TEST(TimephasedData, MaterialWithAnOverlongSpanFailsAndNamesTheTaskOrTheLimit) {
     const auto withMaterial = [](std::string_view items) {
         return ScenarioBuilder::withRoots("r1", "t7").resource("r1", "type=Material").task("t7", items);
     };
@@ -134,7 +134,7 @@ TEST(TimephasedData, MaterialOfAgesFailsAndTellsTheTaskOrTheBound) {
         "Timephased data of one task is longer than 100000 days.");
 }
 
-TEST(TimephasedData, MaterialOfASpanWithoutALengthHasNoArray) {
+TEST(TimephasedData, MaterialWithoutSpanHasNoArray) {
     const ScopedTimeZone zone("UTC");
     MSPEMapper mapper(nullptr, tableOfContents(), {}, std::nullopt);
     const auto document = documentOf("<s><assignment/><resource><type>Material</type></resource>"
