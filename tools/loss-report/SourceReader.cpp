@@ -433,7 +433,7 @@ SourcePlan readPlan(const std::string& bundlePath) {
         }
     }
     if (!hasMain)
-        throw std::runtime_error(fmt::format("'{}' names no scenario that its front window shows", bundlePath));
+        throw std::runtime_error(fmt::format("the front window of '{}' shows none of its scenarios", bundlePath));
     return plan;
 }
 

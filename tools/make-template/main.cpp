@@ -23,7 +23,7 @@ int showHelp(const std::string& text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0 &&
                          close(STDOUT_FILENO) == 0;
     if (!written)
-        tell("cannot write the whole of the output");
+        tell("cannot write the complete output");
     return written ? kDone : kFailed;
 }
 
@@ -34,7 +34,7 @@ int refuse(std::string_view reason) {
 
 int run(int argc, char** argv) {
     using brackwater::layout::VersionFolder;
-    CLI::App app("Lays out a template with an empty project. The folder decides the form of calendars and links.",
+    CLI::App app("Creates a template with an empty project. The folder selects the layout of calendars and links.",
                  "make-template");
     std::string folder = "112", output;
     app.set_help_flag("--help", "show this text");

@@ -104,7 +104,7 @@ bool BundleExports::beginJob(std::size_t job) {
         const int fault = errno;
         if (!_pool.isIdle())
             return false;
-        throw std::system_error(fault, std::generic_category(), "no process can be started");
+        throw std::system_error(fault, std::generic_category(), "cannot start a process");
     } catch (const std::system_error& failure) {
         setFailure(job, failure.what());
         return true;
@@ -129,7 +129,7 @@ void BundleExports::endJob(const EndedWorker& worker) {
     if (result)
         _results.emplace(worker.job, std::move(*result));
     else if (_stopSignal == 0)
-        setFailure(worker.job, worker.death.empty() ? "its process gave no answer" : worker.death);
+        setFailure(worker.job, worker.death.empty() ? "its process sent no result" : worker.death);
 }
 
 void BundleExports::setFailure(std::size_t job, std::string fault) {
@@ -201,7 +201,7 @@ void BundleExports::tellRest() {
             _report->addInterrupted(_plan.jobs[_told]);
     }
     if (interrupted > 0)
-        _output.printError(fmt::format("brackwater: interrupted; bundles that were not exported: {}\n", interrupted));
+        _output.printError(fmt::format("brackwater: interrupted; bundles not exported: {}\n", interrupted));
 }
 
 int BundleExports::status() const {

@@ -36,7 +36,7 @@ public:
         std::string text;
         while (readPiece(text)) {
             if (text.size() > kMostBytes)
-                fail(fmt::format("is longer than {} MiB: it is no list of bundles", kMostBytes >> 20));
+                fail(fmt::format("is longer than {} MiB: not a list of bundles", kMostBytes >> 20));
         }
         return text;
     }
@@ -77,7 +77,7 @@ private:
             return false;
         pollfd ready{_descriptor, POLLIN, 0};
         if (poll(&ready, 1, kMillisecondsForAWriter) <= 0)
-            fail("is a pipe, and nobody writes into it");
+            fail("is a pipe, and nobody writes to it");
         _hasWriter = true;
         return true;
     }
@@ -98,7 +98,7 @@ private:
 std::vector<std::string> readBundleList(const std::string& path) {
     std::string text = ListReader(path).readAll();
     if (text.find('\0') != std::string::npos)
-        throw UsageError(fmt::format("the list '{}' holds zero bytes: it is no text", path));
+        throw UsageError(fmt::format("the list '{}' contains zero bytes: not a text", path));
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(byteOrderMark))
         text.erase(0, byteOrderMark.size());

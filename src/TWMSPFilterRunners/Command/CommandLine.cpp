@@ -25,7 +25,7 @@ constexpr std::string_view kPurpose =
 constexpr std::string_view kUsage = "Usage: brackwater [OPTION ...] PLAN.zelb ...\n"
                                     "       brackwater [OPTION ...] --input-list LIST\n";
 constexpr std::string_view kEnd =
-    "Without -o each file is written beside its bundle. An output that exists is kept, and the new one gets a number.\n"
+    "Without -o each file is written beside its bundle. An existing output is kept, and the new one gets a number.\n"
     "Exit status: 0 all exported, 1 one or more failed, 2 wrong usage, 3 something was lost (--fail-on-loss),\n"
     "130 interrupted.\n";
 
@@ -81,22 +81,20 @@ public:
         _app.set_help_flag("-h,--help", "show this");
         _app.set_version_flag("--version", fmt::format("brackwater {}", BRACKWATER_VERSION), "show the version");
         _app.add_option("bundles", _options.bundles, "the bundles to export")->type_name("PLAN.zelb ...");
-        takeText("-o,--output", _options.output, "OUT",
-                 "the file (OUT.mpp, for one bundle) or the folder of the outputs");
-        takeText("-t,--template", _options.templatePath, "FILE", "another template than the installed one");
+        takeText("-o,--output", _options.output, "OUT", "output folder, or output file for a single bundle");
+        takeText("-t,--template", _options.templatePath, "FILE", "template to use instead of the installed one");
         takeText("--input-list", _options.inputList, "LIST",
-                 "export the bundles that a text file names, one a line; -: standard input");
-        _app.add_option("-j,--jobs", _options.jobs, "bundles to export side by side (all processors)")
+                 "export the bundles listed in a file, one per line; -: standard input");
+        _app.add_option("-j,--jobs", _options.jobs, "bundles to export in parallel (default: all processors)")
             ->type_name("N")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
             ->check(CLI::Range(1U, kMostJobs).description(""));
-        takeFlag("-f,--force", _options.replacesOutputs, "replace outputs that exist");
-        takeFlag("--exact", _options.exact,
-                 "write the values as Brackwater does, also where readers take them differently");
-        takeText("--log", _options.log, "FILE", "write all steps of each export there");
-        takeText("--report", _options.report, "FILE", "write a report in JSON there");
-        takeFlag("--fail-on-loss", _options.failsOnLoss, "status 3 where something of a document was lost");
-        takeFlag("-q,--quiet", _options.quiet, "tell failures only");
+        takeFlag("-f,--force", _options.replacesOutputs, "replace existing outputs");
+        takeFlag("--exact", _options.exact, "write the same values as Brackwater, even where readers misread them");
+        takeText("--log", _options.log, "FILE", "log every step of each export");
+        takeText("--report", _options.report, "FILE", "write a report in JSON");
+        takeFlag("--fail-on-loss", _options.failsOnLoss, "exit with status 3 if a document lost something");
+        takeFlag("-q,--quiet", _options.quiet, "report failures only");
     }
 
     std::variant<CommandOptions, CommandAnswer> parse(std::vector<std::string> arguments) {
@@ -132,13 +130,13 @@ private:
         const std::vector<std::string> unknown = _app.remaining();
         const std::string typed = unknown.empty() ? std::string() : unknown.front();
         const std::string near = optionNear(_app, typed);
-        throw UsageError(near.empty() ? fmt::format("there is no option '{}'", typed)
-                                      : fmt::format("there is no option '{}'; did you mean '{}'?", typed, near));
+        throw UsageError(near.empty() ? fmt::format("unknown option '{}'", typed)
+                                      : fmt::format("unknown option '{}'; did you mean '{}'?", typed, near));
     }
 
     void checkTogether() const {
         if (_options.bundles.empty() && !_options.inputList)
-            throw UsageError("no bundle is named");
+            throw UsageError("no bundle given");
     }
 
     CommandOptions _options;

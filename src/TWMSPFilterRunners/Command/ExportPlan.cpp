@@ -29,7 +29,7 @@ constexpr const char* kTableOfContents = "__TOC.xml";
 constexpr const char* kPackagesTemplate = "/usr/share/brackwater/Template.mpp";
 constexpr int kFormat2007 = 2;
 constexpr const char* kStandardStream = "-";
-constexpr const char* kNotToStandardOutput = "would be standard output, which has a line for each bundle; name a file";
+constexpr const char* kNotToStandardOutput = "means standard output, which is for messages; name a file";
 
 std::string systemsWords() { return std::generic_category().message(errno); }
 
@@ -62,9 +62,9 @@ std::string faultOfFolder(const std::string& folder) {
     if (kindOfPath(folder) != PathKind::Directory)
         return fmt::format("the folder '{}' does not exist", folder);
     if (const std::string bundle = bundleAround(folder); !bundle.empty())
-        return fmt::format("'{}' lies in the bundle '{}', into which nothing is written", folder, bundle);
+        return fmt::format("'{}' is inside the bundle '{}', which must not change", folder, bundle);
     if (access(folder.c_str(), W_OK | X_OK) != 0)
-        return fmt::format("the folder '{}' takes no files: {}", folder, systemsWords());
+        return fmt::format("cannot write to the folder '{}': {}", folder, systemsWords());
     return {};
 }
 
@@ -72,18 +72,19 @@ std::string faultOfBundle(const std::string& path) {
     const bool isNamedLikeOne = hasExtension(path, "zelb");
     switch (kindOfPath(path)) {
     case PathKind::Missing:
-        return errno == ENOENT ? "there is no such bundle" : systemsWords();
+        return errno == ENOENT ? "no such bundle" : systemsWords();
     case PathKind::File:
-        return isNamedLikeOne ? "it is a file, and a bundle is a folder: unpack it" : "it is no bundle but a file";
+        return isNamedLikeOne ? "it is a file, and a bundle is a folder: unpack it" : "it is a file, not a bundle";
     case PathKind::Directory:
         break;
     }
     const std::string contents = path + "/" + kTableOfContents;
     const bool hasContents = access(contents.c_str(), R_OK) == 0;
     if (!isNamedLikeOne)
-        return hasContents ? "a bundle's name ends in .zelb" : "it is no bundle; name the bundles in it: FOLDER/*.zelb";
+        return hasContents ? "a bundle's name ends in .zelb"
+                           : "it is not a bundle; name the bundles in it: FOLDER/*.zelb";
     if (!hasContents)
-        return errno == ENOENT ? "it holds no __TOC.xml: copy the bundle whole"
+        return errno == ENOENT ? "it has no __TOC.xml: copy the whole bundle"
                                : fmt::format("its __TOC.xml cannot be read: {}", systemsWords());
     return {};
 }
@@ -96,7 +97,7 @@ std::string defaultTemplatePath() {
          {prefix / "share/brackwater/Template.mpp", prefix / "share/Template.mpp", fs::path(kPackagesTemplate)})
         if (place.is_absolute() && fs::exists(place, fault))
             return place.native();
-    throw UsageError("the installed template is not there; name one with -t");
+    throw UsageError("the installed template is missing; name one with -t");
 }
 
 std::string checkedTemplate(const std::optional<std::string>& named) {
@@ -117,10 +118,10 @@ std::string checkedTemplate(const std::optional<std::string>& named) {
     const UnreadLog log;
     const int version = MPPProjectWriter::getFormatVersionOfTemplateAtUrl(FileURL::fileURLWithPath(path, true));
     if (version == 0)
-        refuse("is no Microsoft Project file of a known format");
+        refuse("is not a Microsoft Project file of a known format");
     if (version != kFormat2007)
-        refuse(version < kFormat2007 ? "is of Microsoft Project 2003 or earlier, and one of 2007 is needed"
-                                     : "is of Microsoft Project 2010 or later, and one of 2007 is needed");
+        refuse(version < kFormat2007 ? "has the format of Microsoft Project 2003 or earlier; that of 2007 is needed"
+                                     : "has the format of Microsoft Project 2010 or later; that of 2007 is needed");
     return path;
 }
 
@@ -159,10 +160,10 @@ private:
         const bool exists = kindOfPath(output) == PathKind::Directory;
         const bool isFolder = exists || output.ends_with('/') || pathExtension(output).empty();
         if (!isFolder && !hasExtension(output, "mpp"))
-            throw UsageError(fmt::format("the output '{}' ends neither in .mpp nor, as a folder would, in /", output));
+            throw UsageError(fmt::format("the output '{}' must end in .mpp, or in / for a folder", output));
         if (!isFolder && bundles > 1)
             throw UsageError(
-                fmt::format("the output '{}' is one file, and {} bundles are named; name a folder", output, bundles));
+                fmt::format("the output '{}' is one file, but there are {} bundles; name a folder", output, bundles));
         const std::string folder =
             isFolder && exists ? output : stringByDeletingLastPathComponent(absolutePath(output));
         if (const std::string fault = faultOfFolder(folder); !fault.empty())
@@ -170,7 +171,7 @@ private:
         if (!isFolder)
             return {.folder = std::nullopt, .file = output};
         if (!exists && mkdir(output.c_str(), 0777) != 0)
-            throw UsageError(fmt::format("the folder '{}' cannot be made: {}", output, systemsWords()));
+            throw UsageError(fmt::format("cannot create the folder '{}': {}", output, systemsWords()));
         return {.folder = output, .file = std::nullopt};
     }
 
@@ -216,7 +217,7 @@ private:
         if (!_options.replacesOutputs)
             return {};
         if (kindOfPath(output) == PathKind::Directory)
-            return fmt::format("a folder has the name of the output, '{}'", output);
+            return fmt::format("the output '{}' exists as a folder", output);
         std::error_code fault;
         if (fs::equivalent(output, _templatePath, fault))
             return fmt::format("the output '{}' is the template", output);
@@ -249,7 +250,7 @@ void checkOwnFile(const std::optional<std::string>& path, std::string_view role,
         refuse(kNotToStandardOutput);
     const std::string folder = stringByDeletingLastPathComponent(absolutePath(*path));
     if (const std::string bundle = bundleAround(folder); !bundle.empty())
-        refuse(fmt::format("lies in the bundle '{}', into which nothing is written", bundle));
+        refuse(fmt::format("is inside the bundle '{}', which must not change", bundle));
     if (hasExtension(*path, "mpp") || hasExtension(*path, "zelb"))
         refuse("has the name of an output or a bundle");
     if (isSameFile(*path, templatePath))

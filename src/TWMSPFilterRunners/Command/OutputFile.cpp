@@ -25,7 +25,7 @@ void sync(const std::string& path, int flags) {
     const FileDescriptor opened(open(path.c_str(), flags | O_RDONLY | O_CLOEXEC));
     // EINVAL: a file system that does not support syncing.
     if (!opened || (fsync(opened.get()) != 0 && errno != EINVAL))
-        fail("cannot be put on the disk:", path);
+        fail("cannot be synced to disk:", path);
 }
 
 void moveReplacing(const std::string& from, const std::string& to) {

@@ -30,7 +30,7 @@ StopRequests::StopRequests() {
     const sigset_t requests = heededRequests();
     _requests = FileDescriptor(signalfd(-1, &requests, SFD_CLOEXEC | SFD_NONBLOCK));
     if (!_requests || sigprocmask(SIG_BLOCK, &requests, &_maskBefore) != 0)
-        throw std::system_error(errno, std::generic_category(), "signals cannot be waited for");
+        throw std::system_error(errno, std::generic_category(), "cannot wait for signals");
 }
 
 StopRequests::~StopRequests() { releaseInWorker(); }

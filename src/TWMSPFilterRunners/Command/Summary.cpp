@@ -40,9 +40,8 @@ std::string lineOfResult(const ExportJob& job, const ExportResult& result) {
     const std::string output =
         stringByAppendingPathComponent(stringByDeletingLastPathComponent(job.output), result.outputName);
     const std::size_t losses = result.losses.losses.size();
-    const std::string lost = result.comparisonFault.empty()
-                                 ? fmt::format("{} loss{}", losses, losses == 1 ? "" : "es")
-                                 : fmt::format("losses not known: {}", result.comparisonFault);
+    const std::string lost = result.comparisonFault.empty() ? fmt::format("{} loss{}", losses, losses == 1 ? "" : "es")
+                                                            : fmt::format("losses unknown: {}", result.comparisonFault);
     return visibleText(fmt::format("{} -> {}: {}, {}, {}", job.bundle, output, counted(result.tasks, "task"),
                                    counted(countOf(result.warnings), "warning"), lost));
 }

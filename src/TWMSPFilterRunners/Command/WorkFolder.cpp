@@ -16,7 +16,7 @@ void WorkFolder::makeIn(const std::string& outputFolder) {
     std::string path = outputFolder + "/.brackwater-XXXXXX";
     if (mkdtemp(path.data()) == nullptr)
         throw std::system_error(errno, std::generic_category(),
-                                fmt::format("nothing can be made in '{}'", outputFolder));
+                                fmt::format("cannot create files in '{}'", outputFolder));
     _path = std::move(path);
     _outputFolder = outputFolder;
 }

@@ -49,11 +49,10 @@ TEST(LossReport, TextHasAtMostTheRequestedLinesAndIsSafeForATerminal) {
     for (int i = 0; i < 30; ++i)
         report.losses.push_back({"line-ends", "task", "t1", "\x1B[2J\u202Eb", "title", "a\nb\u009B", "", "why"});
     report.losses.push_back({"hammock", "task", "t2", "H", "type", "hammock", "task", "why"});
-    EXPECT_EQ(textOfLosses(report, 4),
-              "line-ends: the field has one line: line ends become blanks, 30 values\n"
-              "  task t1 '\\u001b[2J\\u202eb', title: 'a\\u000ab\\u009b' is missing\n"
-              "hammock: the format has no hammocks: a plain task stands in its place, 1 value\n"
-              "  task t2 'H', type: 'hammock' is 'task'\n");
+    EXPECT_EQ(textOfLosses(report, 4), "line-ends: the field has one line: line ends become blanks, 30 values\n"
+                                       "  task t1 '\\u001b[2J\\u202eb', title: 'a\\u000ab\\u009b' is missing\n"
+                                       "hammock: the format has no hammocks: they become plain tasks, 1 value\n"
+                                       "  task t2 'H', type: 'hammock' is 'task'\n");
     EXPECT_EQ(textOfLosses(report, 1), "and 31 values more\n");
     EXPECT_EQ(textOfLosses({}, 20), "");
 }
