@@ -17,13 +17,13 @@ namespace brackwater {
 
 namespace {
 
-/// Of a list: a million bundles.
+/// Enough for a list of a million bundles.
 constexpr std::size_t kLongestText = std::size_t{128} << 20;
 constexpr int kMostMillisecondsForAWriter = 5000;
 constexpr int kForEver = -1;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Length in bytes of the newline character that `text` begins with; 0 where it begins with another one.
+/// Length in bytes of the newline character at the start of `text`; 0 if there is none.
 std::size_t newlineLength(std::string_view text) {
     const char first = text.front();
     if (first >= '\n' && first <= '\r')
@@ -37,7 +37,7 @@ std::size_t newlineLength(std::string_view text) {
 
 class OpenFile {
 public:
-    // Without waiting: opening a named pipe would hang until somebody writes to it.
+    // Without blocking: opening a named pipe would wait for a writer.
     explicit OpenFile(const std::string& path) : _file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
     ~OpenFile() {
         if (_file >= 0)
@@ -55,7 +55,7 @@ public:
     }
 
     std::optional<std::string> readToEnd(std::size_t most) {
-        // Until a writer comes, a named pipe looks as if it had ended.
+        // Without a writer, a named pipe looks ended.
         const bool nobodyWrites = isNamedPipe() && !isReadyWithin(kMostMillisecondsForAWriter);
         std::string bytes;
         std::array<char, 65536> piece;
@@ -74,7 +74,7 @@ public:
     }
 
 private:
-    // One that the shell makes for a command has its writer from the beginning.
+    // A pipe created by the shell for a command always has its writer.
     [[nodiscard]] bool isNamedPipe() const {
         struct statfs fileSystem {};
         return S_ISFIFO(_status.st_mode) && fstatfs(_file, &fileSystem) == 0 && fileSystem.f_type != PIPEFS_MAGIC;
@@ -89,7 +89,7 @@ private:
     struct stat _status {};
 };
 
-// The library's check takes a zero byte, which is a character like any other, for the end.
+// The library's check stops at a zero byte, which is a valid character.
 bool isUtf8(std::string_view text) {
     while (true) {
         const std::string_view piece = text.substr(0, text.find('\0'));

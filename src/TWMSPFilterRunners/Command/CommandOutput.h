@@ -10,7 +10,7 @@ namespace brackwater {
 /// The command's messages to people. Does not write to an output again after a failure.
 class CommandOutput {
 public:
-    /// Requests end the wait for a reader that does not read. Null: they end the process.
+    /// Stop requests end the wait for a slow reader. Null: they end the process.
     explicit CommandOutput(const StopRequests* requests) : _requests(requests) {}
 
     void print(std::string_view text) { _isWhole = _isWhole && writeUnlessStopped(STDOUT_FILENO, text, _requests); }

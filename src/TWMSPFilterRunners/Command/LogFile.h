@@ -11,14 +11,15 @@ namespace brackwater {
 /// The file for the logs of all exports, one bundle after the other in job order, however the exports overlap.
 class LogFile {
 public:
-    /// Empties the file. Raises UsageError where it cannot be written. Requests end the wait for the reader of a pipe.
+    /// Truncates the file. Raises UsageError if it is not writable. Stop requests end the wait for a slow reader of a
+    /// pipe.
     LogFile(const std::string& path, const StopRequests& requests);
 
     /// The descriptor for a job's lines, for its worker: the file itself if it is the job's turn, otherwise an unnamed
     /// file until then. -1 if there is none.
     [[nodiscard]] int beginJob(std::size_t job);
-    /// Ends the turn of the job, which must be the one whose turn it is; its lines are in the file then. `isWhole`:
-    /// whether its worker could write them all.
+    /// Ends the turn of the current job; its lines are then in the file. `isWhole`: whether its worker could write them
+    /// all.
     void endJob(std::size_t job, bool isWhole);
     /// False if a line was lost.
     [[nodiscard]] bool close();

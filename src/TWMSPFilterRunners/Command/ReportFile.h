@@ -15,7 +15,7 @@ namespace brackwater {
 /// directly.
 class ReportFile {
 public:
-    /// Raises UsageError where the file cannot be written. Requests end the wait for the reader of a pipe.
+    /// Raises UsageError if the file is not writable. Stop requests end the wait for a slow reader of a pipe.
     ReportFile(const std::string& path, const std::string& templatePath, const StopRequests& requests);
     /// Removes an incomplete file.
     ~ReportFile();

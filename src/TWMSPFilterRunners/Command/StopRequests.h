@@ -8,7 +8,7 @@
 
 namespace brackwater {
 
-/// While it lives, requests to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT) wait until they are asked for, but for those that
+/// During its lifetime, termination signals (SIGINT, SIGTERM, SIGHUP, SIGQUIT) wait until queried, except those that
 /// the process was started to ignore.
 class StopRequests {
 public:
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] int descriptor() const noexcept { return _requests.get(); }
     /// The signal number of the next request; 0 if there is none. Does not wait.
     [[nodiscard]] int next();
-    /// Milliseconds that readers of the outputs may still be waited for; -1 where no request was taken yet.
+    /// Milliseconds left to wait for readers of the outputs; -1 before the first request.
     [[nodiscard]] int patience() const;
     /// In a new process: requests end it as usual.
     void releaseInWorker() const;

@@ -6,9 +6,9 @@
 
 namespace brackwater {
 
-/// Writes all bytes. Where the reader of a pipe or terminal does not read, it waits until that, or until a request to
-/// end comes or leaves no more time: a run can be ended although nobody reads what it tells. False where not all were
-/// written. `requests` may be null.
+/// Writes all bytes. If the reader of a pipe or terminal does not read, waits until it does or a stop request leaves no
+/// more time: a run can be stopped even if nobody reads its output. False if not all bytes were written. `requests` may
+/// be null.
 [[nodiscard]] bool writeUnlessStopped(int descriptor, std::string_view bytes, const StopRequests* requests);
 
 } // namespace brackwater

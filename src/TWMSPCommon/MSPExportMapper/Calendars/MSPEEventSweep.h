@@ -11,18 +11,18 @@
 
 namespace brackwater {
 
-/// Cuts overlapping events into pieces that do not overlap. A cursor moves through time; wherever an event begins or
-/// ends, a piece ends, and each piece gets the times of day of all events that are active in it. The next piece begins
-/// one second after the end of the last.
+/// Splits overlapping events into disjoint pieces. A cursor sweeps through time; wherever an event begins or ends, a
+/// piece ends, and each piece gets the times of day of all events that are active in it. The next piece begins one
+/// second after the end of the last.
 ///
-/// The cost is that of sorting the events plus that of the pieces, whose times of day are bounded: of events that all
-/// overlap, each piece has those of all.
+/// The cost is linear in the pieces and their times of day, plus sorting the events. The number of times is limited: if
+/// all events overlap, each piece has those of all.
 class MSPEEventSweep {
 public:
     /// `events` must be sorted by `fromDate` and outlive the sweep.
     explicit MSPEEventSweep(const std::vector<MSPEZelbEventInfo>& events);
 
-    /// Raises an exception where the pieces have too many times of day.
+    /// Raises an exception if the pieces have too many times of day.
     [[nodiscard]] std::vector<MSPEExceptionInfo> pieces();
 
 private:
