@@ -38,13 +38,13 @@ SideBySide::~SideBySide() {
 
 void SideBySide::startThreads(std::size_t count) {
     _threads.reserve(count);
-    // Signals go to the thread that exports.
+    // Only the exporting thread handles signals.
     const SignalsHeldBack heldBack;
     try {
         while (_threads.size() < count)
             _threads.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
-        // Those that could be had do.
+        // Continues with the threads that could be started.
     }
 }
 

@@ -10,22 +10,22 @@
 
 namespace brackwater {
 
-/// Steps that are done side by side and taken one after the other. What a step logged and what it threw come where it
-/// is taken, so that a log is the same for any number of threads.
+/// Steps that run in parallel and are taken one by one. The log lines and exceptions of a step appear when it is taken,
+/// so that the log is the same for any number of threads.
 ///
-/// No other threads than these log, and none of theirs outlives the object. A step must not touch what another step or
-/// its maker changes meanwhile.
+/// No other threads log, and none of these outlives the object. A step must not touch data that another step or the
+/// owner changes meanwhile.
 class SideBySide {
 public:
-    /// Begins the steps on at most `threads` threads, of which the caller's is one. With one thread, one step, or where
-    /// no thread can be had, each step is done where it is taken.
+    /// Starts the steps on at most `threads` threads, including the caller's. With one thread or one step, or if no
+    /// thread can be started, each step runs when it is taken.
     SideBySide(std::vector<std::function<void()>> steps, int threads);
-    /// Waits for the steps that have begun; the others are not done.
+    /// Waits for the steps that have started; the others never run.
     ~SideBySide();
     SideBySide(const SideBySide&) = delete;
     SideBySide& operator=(const SideBySide&) = delete;
 
-    /// Logs what the step logged, and throws what it threw. The first call does what is left of all steps.
+    /// Writes the step's log lines and throws its exception. The first call runs all remaining steps.
     void take(std::size_t step);
 
 private:
@@ -40,7 +40,7 @@ private:
     void joinThreads();
 
     std::vector<Step> _steps;
-    std::atomic<std::size_t> _next = 0; ///< of the steps that nobody has begun
+    std::atomic<std::size_t> _next = 0; ///< the next step to start
     std::vector<std::thread> _threads;
     bool _areDone = false;
 };
