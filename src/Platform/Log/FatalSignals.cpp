@@ -91,6 +91,8 @@ SignalsHeldBack::SignalsHeldBack() {
     sigemptyset(&requests);
     for (const int request : kRequests)
         sigaddset(&requests, request);
+    // A thread that holds requests back must not get the alarm either: it could not raise the request.
+    sigaddset(&requests, SIGALRM);
     pthread_sigmask(SIG_BLOCK, &requests, &_maskBefore);
 }
 
