@@ -37,7 +37,11 @@ constexpr int kMostNames = 20'000;
 constexpr std::size_t kMostFaultsLogged = 100;
 
 struct FreeContext {
-    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+    // The document is still the context's where an exception ended the parsing.
+    void operator()(xmlParserCtxt* context) const {
+        xmlFreeDoc(context->myDoc);
+        xmlFreeParserCtxt(context);
+    }
 };
 using ContextOwner = std::unique_ptr<xmlParserCtxt, FreeContext>;
 
@@ -221,7 +225,6 @@ void Reading::refuseManyNames() {
 void Reading::onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
                              int namespaceCount, const xmlChar** namespaces, int attributeCount, int,
                              const xmlChar** attributes) {
-    of(context).refuseManyNames();
     TreeBuilder& builder = *of(context)._builder;
     builder.startElement(name, prefix, uri);
     for (int i = 0; i < namespaceCount; ++i, namespaces += 2)
@@ -229,6 +232,7 @@ void Reading::onStartElement(void* context, const xmlChar* name, const xmlChar* 
     for (int i = 0; i < attributeCount; ++i, attributes += 5)
         builder.addAttribute(attributes[0], attributes[1],
                              view(attributes[3], static_cast<int>(attributes[4] - attributes[3])));
+    of(context).refuseManyNames(); // frees the text in which the attributes' values stand
 }
 
 void Reading::onText(void* context, const xmlChar* text, int length) {
@@ -237,11 +241,11 @@ void Reading::onText(void* context, const xmlChar* text, int length) {
 }
 
 void Reading::onInstruction(void* context, const xmlChar* target, const xmlChar* content) {
-    of(context).refuseManyNames();
     std::string text(view(target));
     if (content != nullptr)
         text.append(" ").append(view(content));
     of(context)._builder->addNode(Kind::Instruction, text);
+    of(context).refuseManyNames();
 }
 
 // The declarations that may follow are refused before the library reads them.
