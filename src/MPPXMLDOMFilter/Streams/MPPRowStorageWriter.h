@@ -52,8 +52,8 @@ protected:
     /// Copies the template's unless a writer has more to say.
     virtual void writeProps() { copyChildFromTemplate("Props"); }
 
-    /// Whether the index records mark just the elements that exist, as files saved by Microsoft Project 2007 do. An exact
-    /// export marks others too.
+    /// Whether the index records mark just the elements that exist, as files saved by Microsoft Project 2007 do. An
+    /// exact export marks others too.
     [[nodiscard]] bool marksElementsOnly() const noexcept { return project().bookkeeping != nullptr; }
 
     [[nodiscard]] MPPVar2Data& var2Data() const noexcept { return *_var2Data; }
