@@ -9,14 +9,6 @@
 
 namespace brackwater {
 
-namespace {
-
-using Head = std::uint32_t;
-constexpr Head kKindBits = 2;
-constexpr Head kKindMask = (1U << kKindBits) - 1;
-
-} // namespace
-
 bool LogThread::start() noexcept {
     if (usableProcessors() < 2)
         return false;
@@ -30,60 +22,47 @@ bool LogThread::start() noexcept {
     return _isRunning;
 }
 
-void LogThread::setPrefix(std::string_view prefix) noexcept {
-    waitForRoom(sizeof(Head) + prefix.size());
-    putHead(Kind::Prefix, prefix.size());
-    put(prefix);
-}
-
-void LogThread::append(std::span<const std::string_view> pieces) noexcept {
-    std::size_t size = 0;
+void LogThread::append(std::string_view prefix, std::span<const std::string_view> pieces) noexcept {
+    std::size_t size = prefix.size() + 1;
     for (const std::string_view piece : pieces)
         size += piece.size();
     if (size <= kLargestPart) {
-        putMessage(pieces, size);
-    } else {
+        waitForRoom(size);
+        put(prefix);
         for (const std::string_view piece : pieces)
-            putLargePiece(piece);
-        putMessage({}, 0);
+            put(piece);
+        put("\n");
+    } else {
+        putInParts(prefix);
+        for (const std::string_view piece : pieces)
+            putInParts(piece);
+        putInParts("\n");
     }
     publish();
     if (_putEnd - _calledAt >= kCalledAfter)
         call();
 }
 
-void LogThread::putMessage(std::span<const std::string_view> pieces, std::size_t size) noexcept {
-    waitForRoom(sizeof(Head) + size);
-    putHead(Kind::LastPart, size);
-    for (const std::string_view piece : pieces)
-        put(piece);
-}
-
-void LogThread::putLargePiece(std::string_view piece) noexcept {
-    while (!piece.empty()) {
-        const std::string_view part = piece.substr(0, kLargestPart);
-        waitForRoom(sizeof(Head) + part.size());
-        putHead(Kind::Part, part.size());
+void LogThread::putInParts(std::string_view bytes) noexcept {
+    while (!bytes.empty()) {
+        const std::string_view part = bytes.substr(0, kLargestPart);
+        waitForRoom(part.size());
         put(part);
-        piece.remove_prefix(part.size());
+        bytes.remove_prefix(part.size());
     }
-}
-
-void LogThread::putHead(Kind kind, std::size_t size) noexcept {
-    const Head head = static_cast<Head>(size) << kKindBits | static_cast<Head>(kind);
-    std::array<char, sizeof head> bytes;
-    std::memcpy(bytes.data(), &head, sizeof head);
-    put({bytes.data(), bytes.size()});
 }
 
 // There is room for the bytes, perhaps on both sides of the ring's end.
 void LogThread::put(std::string_view bytes) noexcept {
     const auto place = static_cast<std::size_t>(_putEnd % kCapacity);
-    const std::size_t toEnd = std::min(bytes.size(), kCapacity - place);
-    std::memcpy(_ring.data() + place, bytes.data(), toEnd);
-    if (toEnd < bytes.size())
-        std::memcpy(_ring.data(), bytes.data() + toEnd, bytes.size() - toEnd);
     _putEnd += bytes.size();
+    if (bytes.size() <= kCapacity - place) [[likely]] {
+        std::memcpy(_ring.data() + place, bytes.data(), bytes.size());
+        return;
+    }
+    const std::size_t toEnd = kCapacity - place;
+    std::memcpy(_ring.data() + place, bytes.data(), toEnd);
+    std::memcpy(_ring.data(), bytes.data() + toEnd, bytes.size() - toEnd);
 }
 
 void LogThread::publish() noexcept { _filled.store(_putEnd, std::memory_order_release); }
@@ -120,6 +99,12 @@ void LogThread::end() noexcept {
     _isRunning = false;
 }
 
+void LogThread::forget() noexcept {
+    _isRunning = false;
+    _filled = _putEnd;
+    _written = _putEnd;
+}
+
 void LogThread::run() noexcept {
     std::uint32_t heard = 0;
     bool isEnding = false;
@@ -131,45 +116,17 @@ void LogThread::run() noexcept {
     }
 }
 
+// Each write ends at the ring's end at the latest, and makes room before the next one.
 void LogThread::writeUntil(std::uint64_t end) noexcept {
-    while (_taken < end) {
-        _linesEnd = _lines.data();
-        const char* const lastBegin = _lines.data() + _lines.size() - (_prefix.size() + kLargestPart + 1);
-        while (_taken < end && _linesEnd <= lastBegin)
-            takeRecord();
-        writeToStandardError({_lines.data(), static_cast<std::size_t>(_linesEnd - _lines.data())});
-        _written.store(_taken, std::memory_order_release);
+    std::uint64_t written = _written.load(std::memory_order_relaxed);
+    while (written < end) {
+        const auto place = static_cast<std::size_t>(written % kCapacity);
+        const std::size_t size = std::min({static_cast<std::size_t>(end - written), kCapacity - place, kCalledAfter});
+        writeToStandardError({_ring.data() + place, size});
+        written += size;
+        _written.store(written, std::memory_order_release);
         _written.notify_all();
     }
-}
-
-void LogThread::takeRecord() noexcept {
-    std::array<char, sizeof(Head)> bytes;
-    take(bytes.data(), bytes.size());
-    Head head = 0;
-    std::memcpy(&head, bytes.data(), sizeof head);
-    const auto kind = static_cast<Kind>(head & kKindMask);
-    const std::size_t size = head >> kKindBits;
-    if (kind == Kind::Prefix) {
-        take(_prefix.data(), size);
-        _prefixSize = size;
-        return;
-    }
-    if (!_isInLine)
-        _linesEnd = std::copy_n(_prefix.data(), _prefixSize, _linesEnd);
-    _linesEnd = take(_linesEnd, size);
-    _isInLine = kind == Kind::Part;
-    if (!_isInLine)
-        *_linesEnd++ = '\n';
-}
-
-char* LogThread::take(char* to, std::size_t size) noexcept {
-    const auto place = static_cast<std::size_t>(_taken % kCapacity);
-    const std::size_t toEnd = std::min(size, kCapacity - place);
-    to = std::copy_n(_ring.data() + place, toEnd, to);
-    to = std::copy_n(_ring.data(), size - toEnd, to);
-    _taken += size;
-    return to;
 }
 
 } // namespace brackwater
