@@ -30,7 +30,8 @@ std::unique_ptr<XMLDocument> XMLDocument::read(XMLSource& source, std::string_vi
 
 std::unique_ptr<XMLDocument> XMLDocument::withRootElement(std::string_view name) {
     auto tree = std::make_unique<xmltree::Tree>();
-    xmltree::Tree::append(tree->document(), tree->newElement({tree->copyOf(name), name.size()}, nullptr));
+    const xmltree::Name* kept = tree->newName({tree->copyOf(name), name.size()}, nullptr);
+    xmltree::Tree::append(tree->document(), nullptr, tree->newElement(kept));
     return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 

@@ -7,6 +7,8 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
+#include <limits>
 #include <memory>
 
 namespace brackwater {
@@ -35,7 +37,7 @@ bool hasAttribute(const Element* element, const XMLQuery& query) {
 
 template <typename Action>
 void forEachChildNamed(const Element* parent, std::string_view name, Action action) {
-    for (Element* child = elementNamedFrom(parent->first, name); child != nullptr;
+    for (Element* child = elementNamedFrom(parent->first(), name); child != nullptr;
          child = elementNamedFrom(child->next, name))
         action(child);
 }
@@ -83,11 +85,18 @@ void tellUnsupported(const XMLQuery& query, Error* error) {
 
 void changed(const Element* element) { Tree::of(element).index().clear(); }
 
-std::string_view keptName(Tree& tree, std::string_view name) { return {tree.copyOf(name), name.size()}; }
+const Name* keptName(Tree& tree, std::string_view name) {
+    return tree.newName({tree.copyOf(name), name.size()}, nullptr);
+}
+
+void addAtEnd(Tree& tree, Element* parent, Node* child) {
+    tree.unfoldText(parent);
+    Tree::insert(parent, child, std::numeric_limits<int>::max());
+}
 
 int countOfChildren(const Element* parent) {
     int count = 0;
-    for (const Node* child = parent->first; child != nullptr; child = child->next)
+    for (const Node* child = parent->first(); child != nullptr; child = child->next)
         ++count;
     return count;
 }
@@ -126,7 +135,7 @@ std::optional<XMLElement> XMLElement::parent() const noexcept {
 }
 
 std::optional<XMLElement> XMLElement::firstChildElement() const noexcept {
-    Element* child = elementFrom(_node->first);
+    Element* child = elementFrom(_node->first());
     return child == nullptr ? std::nullopt : std::optional(XMLElement(child));
 }
 
@@ -182,51 +191,54 @@ XMLElement::LastFound XMLElement::lastObjectForXQuery(const XMLQuery& query, Err
 void XMLElement::setAttribute(std::string_view name, std::string_view value) {
     changed(_node);
     Tree& tree = Tree::of(_node);
-    Attribute* present = attributeOf(_node, name);
-    if (present != nullptr) {
-        present->text = tree.copyOf(value);
-        present->textSize = static_cast<std::uint32_t>(value.size());
-        return;
-    }
-    Attribute** end = &_node->attributes;
-    while (*end != nullptr)
-        end = &(*end)->next;
-    *end = tree.newAttribute(keptName(tree, name), nullptr, value, false);
+    Attribute** place = &_node->attributes;
+    const Attribute* const present = attributeOf(_node, name);
+    while (*place != present && *place != nullptr)
+        place = &(*place)->next;
+    Attribute* const attribute =
+        tree.newAttribute(present == nullptr ? keptName(tree, name) : present->name, value, false);
+    if (present != nullptr)
+        attribute->next = present->next;
+    *place = attribute;
 }
 
 XMLElement XMLElement::addChild(std::string_view name) {
     changed(_node);
     Tree& tree = Tree::of(_node);
-    Element* child = tree.newElement(keptName(tree, name), nullptr);
-    Tree::append(_node, child);
+    Element* child = tree.newElement(keptName(tree, name));
+    addAtEnd(tree, _node, child);
     return XMLElement(child);
 }
 
 XMLElement XMLElement::insertChild(std::string_view name, int index) {
-    checkIndex(_node, index);
     changed(_node);
     Tree& tree = Tree::of(_node);
-    Element* child = tree.newElement(keptName(tree, name), nullptr);
+    tree.unfoldText(_node);
+    checkIndex(_node, index);
+    Element* child = tree.newElement(keptName(tree, name));
     Tree::insert(_node, child, index);
     return XMLElement(child);
 }
 
 void XMLElement::setStringValue(std::string_view text) {
     changed(_node);
-    _node->first = _node->last = nullptr;
+    _node->setFirst(nullptr);
     if (!text.empty())
-        Tree::append(_node, Tree::of(_node).newText(Kind::Text, text));
+        _node->setPlainText(Tree::of(_node).copyOf(text), static_cast<std::uint32_t>(text.size()));
 }
 
 void XMLElement::addComment(std::string_view text) {
     changed(_node);
-    Tree::append(_node, Tree::of(_node).newText(Kind::Comment, text));
+    Tree& tree = Tree::of(_node);
+    addAtEnd(tree, _node, tree.newText(Kind::Comment, text));
 }
 
 void XMLElement::insertComment(std::string_view text, int index) {
-    checkIndex(_node, index);
     changed(_node);
-    Tree::insert(_node, Tree::of(_node).newText(Kind::Comment, text), index);
+    Tree& tree = Tree::of(_node);
+    tree.unfoldText(_node);
+    checkIndex(_node, index);
+    Tree::insert(_node, tree.newText(Kind::Comment, text), index);
 }
 
 } // namespace brackwater

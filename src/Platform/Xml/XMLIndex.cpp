@@ -21,7 +21,7 @@ public:
     Table(const XMLQuery& query, const Element* document)
         : _form(query.form()), _name(query.name()), _attribute(query.attribute()),
           _parentAttribute(query.parentAttribute()) {
-        if (Element* root = elementFrom(document->first))
+        if (Element* root = elementFrom(document->first()))
             collect(root);
         _table.reset(std::bit_ceil(_entries.size() + 1));
         for (std::uint32_t index = 0; index < _entries.size(); ++index)
@@ -75,7 +75,7 @@ private:
 
     void collect(Element* root) {
         if (_form == XMLQuery::Form::ChildWithValue) {
-            for (Node* node = root->first; node != nullptr; node = node->next)
+            for (Node* node = root->first(); node != nullptr; node = node->next)
                 collectElement(node);
             return;
         }

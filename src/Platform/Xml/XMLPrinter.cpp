@@ -19,8 +19,8 @@ struct FreeTree {
 
 const xmlChar* chars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
 
-std::string qualified(const char* prefix, std::string_view name) {
-    return prefix == nullptr ? std::string(name) : fmt::format("{}:{}", prefix, name);
+std::string qualified(const Name& name) {
+    return name.prefix == nullptr ? std::string(name.view()) : fmt::format("{}:{}", name.prefix, name.view());
 }
 
 // The library's own tree of a part of ours, to be printed by it.
@@ -45,7 +45,7 @@ public:
             for (; above != node->parent; above = above->parent)
                 parent = parent->parent;
             xmlNode* copied = xmlAddChild(parent, copyOf(node));
-            if (node->kind == Kind::Element && asElement(node)->first != nullptr) {
+            if (node->kind == Kind::Element && asElement(node)->first() != nullptr) {
                 parent = copied;
                 above = node;
             }
@@ -54,31 +54,32 @@ public:
 
 private:
     xmlNode* copyOf(Node* node) {
-        xmlNode* copied = node->kind == Kind::Element ? copyOfElement(asElement(node)) : copyOfText(asText(node));
+        xmlNode* copied = node->kind == Kind::Element ? copyOfElement(asElement(node))
+                                                      : newText(node->kind, std::string(asText(node)->view()));
         if (copied == nullptr)
             throw std::bad_alloc();
         return copied;
     }
 
     xmlNode* copyOfElement(const Element* element) const {
-        xmlNode* copied =
-            xmlNewDocNode(document(), nullptr, chars(qualified(element->prefix, element->nameView())), nullptr);
+        xmlNode* copied = xmlNewDocNode(document(), nullptr, chars(qualified(*element->name)), nullptr);
         if (copied == nullptr)
             return nullptr;
         for (const Attribute* attribute = element->attributes; attribute != nullptr; attribute = attribute->next) {
             const std::string text(attribute->view());
             if (attribute->isDeclaration)
                 xmlNewNs(copied, chars(text),
-                         attribute->nameSize == 0 ? nullptr : chars(std::string(attribute->nameView())));
+                         attribute->nameView().empty() ? nullptr : chars(std::string(attribute->nameView())));
             else
-                xmlNewProp(copied, chars(qualified(attribute->prefix, attribute->nameView())), chars(text));
+                xmlNewProp(copied, chars(qualified(*attribute->name)), chars(text));
         }
+        if (const std::string_view text = element->plainText(); !text.empty())
+            xmlAddChild(copied, newText(Kind::Text, std::string(text)));
         return copied;
     }
 
-    xmlNode* copyOfText(const TextNode* node) const {
-        const std::string text(node->view());
-        switch (node->kind) {
+    xmlNode* newText(Kind kind, const std::string& text) const {
+        switch (kind) {
         case Kind::Comment:
             return xmlNewDocComment(document(), chars(text));
         case Kind::Instruction:
@@ -131,14 +132,10 @@ std::string beginningOf(const Element* element, std::size_t longest) {
 
 std::string beginningOf(const Attribute* attribute, std::size_t longest) {
     LibraryTree tree;
-    Element bearer{};
-    bearer.name = "a";
-    bearer.size = 1;
-    bearer.kind = Kind::Element;
-    Attribute alone = *attribute;
-    alone.next = nullptr;
-    bearer.attributes = &alone;
-    tree.copy(&bearer, 1);
+    Tree bearing;
+    Element* const bearer = bearing.newElement(bearing.newName("a", nullptr));
+    bearer->attributes = bearing.newAttribute(attribute->name, attribute->view(), attribute->isDeclaration);
+    tree.copy(bearer, 1);
     constexpr std::string_view kBefore = "<a ", kBehind = "/>";
     const std::string text = printedRoot(tree);
     return oneLine(text.substr(kBefore.size(), text.size() - kBefore.size() - kBehind.size()), longest);
@@ -147,7 +144,7 @@ std::string beginningOf(const Attribute* attribute, std::size_t longest) {
 std::string printed(Tree& tree) {
     constexpr int indented = 1;
     LibraryTree copied;
-    for (Node* node = tree.document()->first; node != nullptr; node = node->next)
+    for (Node* node = tree.document()->first(); node != nullptr; node = node->next)
         copied.copy(node, std::numeric_limits<std::size_t>::max());
     xmlChar* bytes = nullptr;
     int size = 0;

@@ -14,6 +14,8 @@ constexpr std::size_t kFirstBlock = 4096;
 void appendText(std::string& text, const Node* node) {
     if (node->kind == Kind::Text)
         text += asText(node)->view();
+    else if (node->kind == Kind::Element)
+        text += static_cast<const Element*>(node)->plainText();
     else if (node->kind == Kind::Reference)
         text.append("&").append(asText(node)->view()).append(";");
 }
@@ -21,13 +23,11 @@ void appendText(std::string& text, const Node* node) {
 } // namespace
 
 std::string_view textOf(const Element* element, std::string& storage) {
-    Node* const first = element->first;
+    Node* const first = element->first();
     if (first == nullptr)
-        return {};
-    if (first->next == nullptr && first->kind == Kind::Text)
-        return asText(first)->view();
+        return element->plainText();
     storage.clear();
-    for (Node* node = first; node != nullptr; node = nextBelow(node, element))
+    for (const Node* node = first; node != nullptr; node = nextBelow(const_cast<Node*>(node), element))
         appendText(storage, node);
     return storage;
 }
@@ -53,12 +53,16 @@ NodeType* Tree::newNode() {
     return std::construct_at(static_cast<NodeType*>(_arena.allocate(sizeof(NodeType), alignof(NodeType))));
 }
 
-Element* Tree::newElement(std::string_view name, const char* prefix) {
+const Name* Tree::newName(std::string_view text, const char* prefix) {
+    auto* name = newNode<Name>();
+    *name = {text.data(), text.size(), prefix};
+    return name;
+}
+
+Element* Tree::newElement(const Name* name) {
     auto* element = newNode<Element>();
     element->kind = Kind::Element;
-    element->name = name.data();
-    element->size = static_cast<std::uint32_t>(name.size());
-    element->prefix = prefix;
+    element->name = name;
     return element;
 }
 
@@ -70,14 +74,12 @@ TextNode* Tree::newText(Kind kind, std::string_view text) {
     return node;
 }
 
-Attribute* Tree::newAttribute(std::string_view name, const char* prefix, std::string_view text, bool isDeclaration) {
-    auto* attribute = newNode<Attribute>();
-    attribute->name = name.data();
-    attribute->nameSize = static_cast<std::uint32_t>(name.size());
-    attribute->prefix = prefix;
-    attribute->text = copyOf(text);
-    attribute->textSize = static_cast<std::uint32_t>(text.size());
-    attribute->isDeclaration = isDeclaration;
+Attribute* Tree::newAttribute(const Name* name, std::string_view text, bool isDeclaration) {
+    void* const place = _arena.allocate(sizeof(Attribute) + text.size(), alignof(Attribute));
+    auto* attribute =
+        std::construct_at(static_cast<Attribute*>(place),
+                          Attribute{name, nullptr, static_cast<std::uint32_t>(text.size()), isDeclaration});
+    std::copy(text.begin(), text.end(), static_cast<char*>(place) + sizeof(Attribute));
     return attribute;
 }
 
@@ -89,24 +91,36 @@ const char* Tree::copyOf(std::string_view text) {
     return copy;
 }
 
-void Tree::append(Element* parent, Node* child) noexcept {
+TextNode* Tree::unfoldText(Element* element) {
+    const std::string_view text = element->plainText();
+    if (text.empty())
+        return nullptr;
+    auto* node = newNode<TextNode>();
+    node->kind = Kind::Text;
+    node->text = text.data();
+    node->size = static_cast<std::uint32_t>(text.size());
+    node->parent = element;
+    element->setFirst(node);
+    return node;
+}
+
+void Tree::append(Element* parent, Node* last, Node* child) noexcept {
     child->parent = parent;
-    if (parent->last == nullptr)
-        parent->first = child;
+    if (last == nullptr)
+        parent->setFirst(child);
     else
-        parent->last->next = child;
-    parent->last = child;
+        last->next = child;
 }
 
 void Tree::insert(Element* parent, Node* child, int position) noexcept {
-    Node** link = &parent->first;
-    for (; position > 0 && *link != nullptr; --position)
-        link = &(*link)->next;
-    child->parent = parent;
-    child->next = *link;
-    if (child->next == nullptr)
-        parent->last = child;
-    *link = child;
+    Node* before = nullptr;
+    Node* behind = parent->first();
+    for (; position > 0 && behind != nullptr; --position) {
+        before = behind;
+        behind = behind->next;
+    }
+    child->next = behind;
+    append(parent, before, child);
 }
 
 void Tree::keepNames(_xmlDict* names) noexcept {

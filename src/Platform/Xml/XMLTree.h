@@ -10,8 +10,9 @@
 
 struct _xmlDict; // NOLINT: libxml2's own name
 
-/// The tree of a document, for the XML sources of this folder. A node takes a third of the room of libxml2's own, all
-/// lie in one arena, and the whole is freed at once: the tree of a large document costs little beside its parsing.
+/// The tree of a document, for the XML sources of this folder. An element with a text takes a quarter of the room that
+/// it takes in libxml2's own trees, all nodes lie in one arena, and the whole is freed at once: the tree of a large
+/// document costs little beside its parsing.
 namespace brackwater::xmltree {
 
 enum class Kind : std::uint8_t {
@@ -25,10 +26,19 @@ enum class Kind : std::uint8_t {
 
 struct Element;
 
+/// The name of elements or attributes, which share it.
+struct Name {
+    const char* text;
+    std::size_t size;
+    const char* prefix; ///< null without one
+
+    [[nodiscard]] std::string_view view() const noexcept { return {text, size}; }
+};
+
 struct Node {
     Element* parent;
     Node* next;
-    std::uint32_t size; ///< bytes of an element's name, or of the text
+    std::uint32_t size; ///< bytes of the text
     Kind kind;
 };
 
@@ -38,29 +48,44 @@ struct TextNode : Node {
     [[nodiscard]] std::string_view view() const noexcept { return {text, size}; }
 };
 
-/// An attribute, or the declaration of a namespace: then `name` is the declared prefix (empty for the default one) and
-/// the text its URI.
+/// An attribute, or the declaration of a namespace: then the name is the declared prefix (empty for the default one)
+/// and the text its URI.
 struct Attribute {
-    const char* name;
-    const char* prefix; ///< null without one
-    const char* text;
+    const Name* name;
     Attribute* next;
-    std::uint32_t nameSize;
-    std::uint32_t textSize;
+    std::uint32_t size; ///< bytes of the text, which stands behind the object
     bool isDeclaration;
 
-    [[nodiscard]] std::string_view nameView() const noexcept { return {name, nameSize}; }
-    [[nodiscard]] std::string_view view() const noexcept { return {text, textSize}; }
+    [[nodiscard]] std::string_view nameView() const noexcept { return name->view(); }
+    [[nodiscard]] std::string_view view() const noexcept { return {reinterpret_cast<const char*>(this + 1), size}; }
 };
 
+/// Most elements hold one text and nothing else. It needs no node of its own.
 struct Element : Node {
-    const char* name;
-    const char* prefix; ///< of a declared namespace, else null
+    const Name* name; ///< its prefix is that of a declared namespace
     Attribute* attributes;
-    Node* first;
-    Node* last;
 
-    [[nodiscard]] std::string_view nameView() const noexcept { return {name, size}; }
+    [[nodiscard]] std::string_view nameView() const noexcept { return name->view(); }
+    /// The first node below the element; null where there is none, or a plain text.
+    [[nodiscard]] Node* first() const noexcept { return size == 0 ? content.first : nullptr; }
+    /// The text that is all the element holds; empty where it holds nothing or has nodes below.
+    [[nodiscard]] std::string_view plainText() const noexcept {
+        return size == 0 ? std::string_view() : std::string_view(content.text, size);
+    }
+    void setFirst(Node* node) noexcept {
+        size = 0;
+        content.first = node;
+    }
+    void setPlainText(const char* text, std::uint32_t bytes) noexcept {
+        size = bytes;
+        content.text = text;
+    }
+
+private:
+    union {
+        Node* first = nullptr;
+        const char* text; ///< where the size is not 0
+    } content;
 };
 
 [[nodiscard]] inline Element* asElement(Node* node) noexcept { return static_cast<Element*>(node); }
@@ -83,8 +108,8 @@ struct Element : Node {
 
 /// The node behind `node` in document order below `top`, children first.
 [[nodiscard]] inline Node* nextBelow(Node* node, const Node* top) noexcept {
-    if (node->kind == Kind::Element && asElement(node)->first != nullptr)
-        return asElement(node)->first;
+    if (node->kind == Kind::Element && asElement(node)->first() != nullptr)
+        return asElement(node)->first();
     while (node != top && node->next == nullptr)
         node = node->parent;
     return node == top ? nullptr : node->next;
@@ -94,7 +119,7 @@ struct Element : Node {
 [[nodiscard]] inline Attribute* attributeOf(const Element* element, std::string_view name) noexcept {
     Attribute* attribute = element->attributes;
     while (attribute != nullptr &&
-           (attribute->isDeclaration || attribute->prefix != nullptr || attribute->nameView() != name))
+           (attribute->isDeclaration || attribute->name->prefix != nullptr || attribute->nameView() != name))
         attribute = attribute->next;
     return attribute;
 }
@@ -116,21 +141,26 @@ public:
 
     [[nodiscard]] Element* document() noexcept { return &_document; }
     /// Null as long as there is none.
-    [[nodiscard]] Element* root() const noexcept { return elementFrom(_document.first); }
+    [[nodiscard]] Element* root() const noexcept { return elementFrom(_document.first()); }
     [[nodiscard]] XMLIndex& index() noexcept { return _index; }
 
-    // Makers of nodes that hang nowhere yet. Names and prefixes are not copied and must live as long as the tree.
+    // Makers of names, and of nodes that hang nowhere yet. The texts of names and prefixes are not copied and must live
+    // as long as the tree.
 
-    [[nodiscard]] Element* newElement(std::string_view name, const char* prefix);
+    [[nodiscard]] const Name* newName(std::string_view text, const char* prefix);
+    [[nodiscard]] Element* newElement(const Name* name);
     /// With a copy of the text.
     [[nodiscard]] TextNode* newText(Kind kind, std::string_view text);
-    [[nodiscard]] Attribute* newAttribute(std::string_view name, const char* prefix, std::string_view text,
-                                          bool isDeclaration);
+    [[nodiscard]] Attribute* newAttribute(const Name* name, std::string_view text, bool isDeclaration);
     /// A copy that lives as long as the tree.
     [[nodiscard]] const char* copyOf(std::string_view text);
 
-    static void append(Element* parent, Node* child) noexcept;
-    /// Puts the child in front of the parent's child at `position`, or at the end where there are no more.
+    /// Gives the plain text of an element, if it has one, a node of its own, and returns that.
+    TextNode* unfoldText(Element* element);
+    /// Puts the child behind the parent's last one; null where that has none.
+    static void append(Element* parent, Node* last, Node* child) noexcept;
+    /// Puts the child in front of the parent's child at `position`, or at the end where there are no more. The parent
+    /// must hold no plain text.
     static void insert(Element* parent, Node* child, int position) noexcept;
 
     /// Shares libxml2's table of names, which holds those of the elements.

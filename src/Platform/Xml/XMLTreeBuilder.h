@@ -4,6 +4,7 @@
 
 #include <libxml/parser.h>
 
+#include <array>
 #include <deque>
 #include <memory>
 #include <string>
@@ -37,16 +38,35 @@ public:
     [[nodiscard]] std::unique_ptr<Tree> takeTree();
 
 private:
-    [[nodiscard]] Element* openElement() const;
+    /// An open element, as the parser sees it and as it is.
+    struct OpenElement {
+        xmlNode standIn;
+        Element* element;
+        Node* last; ///< below it
+    };
+    /// Which of a name's parts the parser could tell.
+    enum class NameForm : std::uint8_t { Whole, Prefixed, Attribute };
+    struct KnownName {
+        const xmlChar* text = nullptr;
+        const xmlChar* prefix = nullptr;
+        NameForm form{};
+        const Name* name = nullptr;
+    };
+
+    [[nodiscard]] OpenElement& open();
+    [[nodiscard]] const Name* nameOf(const xmlChar* text, const xmlChar* prefix, NameForm form);
     void closeText();
     void appendToOpenElement(Node* node);
+    void appendTo(OpenElement& open, Node* node);
     void showChild(xmlNode* child);
     void appendAttribute(Attribute* attribute);
     [[nodiscard]] std::string_view withoutReferences(std::string_view value);
 
     xmlParserCtxt* _context;
     std::unique_ptr<Tree> _tree;
-    std::deque<xmlNode> _standIns; // by depth, used again and again
+    OpenElement _document{};               // what is open outside the root element
+    std::deque<OpenElement> _openElements; // by depth, used again and again
+    std::array<KnownName, 256> _names{};   // those used last, by where their texts lie
     xmlNode _anyText{};
     xmlNode _anyElement{};
     std::string _text; // of the open element, behind its last child
