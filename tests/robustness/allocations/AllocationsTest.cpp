@@ -1,17 +1,15 @@
-// What memory is asked for: each request fails in turn, and their number grows with the input and no faster.
+// What memory is asked for: each request fails in turn.
 #include "MemoryRequests.h"
 
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/Log/Log.h"
 #include "support/CompoundFile.h"
 #include "support/PlanBundle.h"
-#include "support/ScenarioBuilder.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <limits>
 #include <optional>
 
@@ -45,19 +43,6 @@ protected:
         return done;
     }
 
-    std::size_t requestsFor(const ScenarioBuilder& scenario, const std::string& baseline = {}) {
-        TableOfContents contents;
-        if (!baseline.empty()) {
-            contents.scenarios.push_back({"s2", "baseline.xml", "Signed"});
-            contents.windows = {{"s1", "s2"}};
-            _folder.write("Plan.zelb/baseline.xml", baseline);
-        }
-        writeBundle(_folder, "Plan.zelb", contents);
-        _folder.write("Plan.zelb/plan.xml", scenario.text());
-        EXPECT_TRUE(exportBundle());
-        return _requests;
-    }
-
     std::size_t _requests = 0; ///< of the last export
     bool _failureTold = false; ///< by its log
     const TempFolder _folder;
@@ -86,90 +71,6 @@ TEST_F(Allocations, EachThatFailsFailsTheExportInOrder) {
         }
     }
     EXPECT_GT(failures, whole / 2);
-}
-
-struct Dimension {
-    const char* name;
-    std::function<void(ScenarioBuilder&, int)> add; ///< so many
-    bool inBaseline = false;
-};
-
-TEST_F(Allocations, TheirNumberGrowsNoFasterThanTheInput) {
-    const auto each = [](int count, const std::function<void(const std::string&, int)>& action) {
-        for (int number = 1; number <= count; ++number)
-            action(std::to_string(number), number);
-    };
-    const std::string day =
-        "<schedule-day day-of-week=\"monday\"><time-span start-time=\"0\" end-time=\"3600\"/></schedule-day>";
-    const std::string note = "<note><text><p><run><lit>Wall</lit></run></p></text></note>";
-    const std::vector<Dimension> dimensions = {
-        {"tasks",
-         [&](ScenarioBuilder& to, int n) {
-             each(n, [&](const std::string& id, int) { to.task("t" + id, "title=Wall effort=3600", note); });
-         }},
-        {"tasks of the baseline too",
-         [&](ScenarioBuilder& to, int n) {
-             each(n, [&](const std::string& id, int) { to.task("t" + id, "effort=3600"); });
-         },
-         true},
-        {"links",
-         [&](ScenarioBuilder& to, int n) {
-             each(n, [&](const std::string& id, int number) {
-                 to.task("t" + id, number == 1 ? "" : "after=t" + std::to_string(number - 1));
-             });
-         }},
-        {"predecessors of one task",
-         [&](ScenarioBuilder& to, int n) {
-             std::string items;
-             each(n, [&](const std::string& id, int number) {
-                 if (number > 1)
-                     to.task("t" + id);
-                 items += number > 1 ? " after=t" + id : "";
-             });
-             to.task("t1", items);
-         }},
-        {"levels",
-         [&](ScenarioBuilder& to, int n) {
-             each(n, [&](const std::string& id, int number) {
-                 to.task("t" + id, number == n ? "" : "type=group child=t" + std::to_string(number + 1));
-             });
-         }},
-        {"resources with schedules",
-         [&](ScenarioBuilder& to, int n) {
-             each(n, [&](const std::string& id, int) {
-                 to.resource("r" + id, "type=Staff name=Anna", "<schedule>" + day + "</schedule>");
-             });
-         }},
-        {"assignments of one task",
-         [&](ScenarioBuilder& to, int n) {
-             std::string items;
-             each(n, [&](const std::string& id, int) {
-                 to.resource("r" + id, "type=Staff");
-                 items += " assign=r" + id;
-             });
-             to.task("t1", items);
-         }},
-    };
-    for (const Dimension& dimension : dimensions) {
-        const auto requestsOf = [&](int n) {
-            std::string resources, tasks;
-            const bool inOneTree = std::string_view(dimension.name) != "levels" &&
-                                   std::string_view(dimension.name) != "assignments of one task";
-            for (int number = 1; number <= n; ++number) {
-                const std::string comma = number == 1 ? "" : ",";
-                resources += comma + "r" + std::to_string(number);
-                tasks += number == 1 || inOneTree ? comma + "t" + std::to_string(number) : "";
-            }
-            auto scenario = ScenarioBuilder::withRoots(resources, tasks);
-            dimension.add(scenario, n);
-            return requestsFor(scenario, dimension.inBaseline ? scenario.text() : "");
-        };
-        const std::size_t ofNone = requestsOf(1);
-        const std::size_t once = requestsOf(300) - ofNone;
-        const std::size_t twice = requestsOf(600) - ofNone;
-        EXPECT_LE(static_cast<double>(twice), 2.2 * static_cast<double>(once)) << dimension.name << ": " << once;
-        EXPECT_GE(once, 300U) << dimension.name;
-    }
 }
 
 } // namespace
