@@ -6,7 +6,9 @@
 
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace brackwater {
 
@@ -22,20 +24,41 @@ struct ElementLogTexts {
         texts[Count] = format;
     }
 
+    /// Of all texts together.
+    [[nodiscard]] consteval std::size_t size() const {
+        std::size_t sum = 0;
+        for (const std::string_view text : texts)
+            sum += text.size();
+        return sum;
+    }
+
     std::array<std::string_view, Count + 1> texts{};
 };
 
 /// Logs a line of texts: `logElement(FMT_COMPILE("..."), ...)`. Each task logs tens of lines, so nothing is formatted:
-/// the texts are copied piece by piece to the log's buffer.
+/// the texts are copied straight into the log's buffer, those of the format by their known sizes.
 template <typename Format, typename... Texts>
-void logElement(const Format&, const Texts&... texts) {
-    static constexpr ElementLogTexts<sizeof...(texts)> between{
+void logElement(const Format&, const Texts&... given) {
+    static constexpr std::size_t count = sizeof...(given);
+    static constexpr ElementLogTexts<count> between{
         std::string_view(fmt::string_view(Format()).data(), fmt::string_view(Format()).size())};
-    std::array<std::string_view, 2 * sizeof...(texts) + 1> pieces{between.texts[0]};
-    std::size_t count = 0;
-    // The checker does not compute the size.
-    // cppcheck-suppress containerOutOfBounds
-    ((pieces[2 * count + 1] = texts, pieces[2 * count + 2] = between.texts[count + 1], ++count), ...);
+    const std::array<std::string_view, count> texts{std::string_view(given)...};
+    if (char* to = beginLogLine((between.size() + ... + std::string_view(given).size()))) {
+        const auto copy = [&to](std::string_view text) {
+            std::memcpy(to, text.data(), text.size());
+            to += text.size();
+        };
+        [&]<std::size_t... I>(std::index_sequence<I...>) { ((copy(between.texts[I]), copy(texts[I])), ...); }
+        (std::make_index_sequence<count>());
+        copy(between.texts[count]);
+        endLogLine();
+        return;
+    }
+    std::array<std::string_view, 2 * count + 1> pieces{between.texts[0]};
+    for (std::size_t i = 0; i < count; ++i) {
+        pieces[2 * i + 1] = texts[i];
+        pieces[2 * i + 2] = between.texts[i + 1];
+    }
     logPieces(pieces);
 }
 

@@ -129,6 +129,15 @@ void logPieces(std::span<const std::string_view> pieces) {
         innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
 }
 
+char* beginLogLine(std::size_t size) noexcept {
+    if (innermostSink != nullptr || !thread.isRunning())
+        return nullptr;
+    prefix.advance();
+    return thread.begin(prefix.text(), size);
+}
+
+void endLogLine() noexcept { thread.finish(); }
+
 void logFormatted(fmt::string_view text, fmt::format_args arguments) {
     if (!isLogRead({text.data(), text.size()}))
         return;

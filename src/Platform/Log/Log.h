@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -15,6 +16,11 @@ void logLine(std::string_view text);
 
 /// Logs one message that stands in pieces, without putting them together first.
 void logPieces(std::span<const std::string_view> pieces);
+
+/// Room in the log's own buffer for a message of this size, which the caller fills and ends before it logs anything
+/// else. Null where somebody else receives the messages, or there is no such room at hand: logPieces always works.
+[[nodiscard]] char* beginLogLine(std::size_t size) noexcept;
+void endLogLine() noexcept;
 
 /// Formats and logs one message, whatever its arguments' number and kinds.
 void logFormatted(fmt::string_view text, fmt::format_args arguments);

@@ -38,9 +38,23 @@ void LogThread::append(std::string_view prefix, std::span<const std::string_view
             putInParts(piece);
         putInParts("\n");
     }
-    publish();
-    if (_putEnd - _calledAt >= kCalledAfter)
-        call();
+    publishLine();
+}
+
+char* LogThread::begin(std::string_view prefix, std::size_t size) noexcept {
+    _begun = prefix.size() + size + 1;
+    const auto place = static_cast<std::size_t>(_putEnd % kCapacity);
+    if (_begun > std::min(kLargestPart, kCapacity - place))
+        return nullptr;
+    waitForRoom(_begun);
+    char* const line = _ring.data() + place;
+    line[_begun - 1] = '\n';
+    return std::copy(prefix.begin(), prefix.end(), line);
+}
+
+void LogThread::finish() noexcept {
+    _putEnd += _begun;
+    publishLine();
 }
 
 void LogThread::putInParts(std::string_view bytes) noexcept {
@@ -66,6 +80,12 @@ void LogThread::put(std::string_view bytes) noexcept {
 }
 
 void LogThread::publish() noexcept { _filled.store(_putEnd, std::memory_order_release); }
+
+void LogThread::publishLine() noexcept {
+    publish();
+    if (_putEnd - _calledAt >= kCalledAfter)
+        call();
+}
 
 void LogThread::waitForRoom(std::size_t size) noexcept {
     while (_roomEnd - _putEnd < size) {

@@ -20,6 +20,10 @@ public:
 
     /// One line of all these texts.
     void append(std::string_view prefix, std::span<const std::string_view> pieces) noexcept;
+    /// Room for a line's message of this size, which counts only once `finish` is called. Null where the ring has no
+    /// such room in one piece.
+    [[nodiscard]] char* begin(std::string_view prefix, std::size_t size) noexcept;
+    void finish() noexcept;
     /// Returns when all lines are written. May be called from a signal handler.
     void flush() noexcept;
     /// Writes all lines and ends.
@@ -36,6 +40,7 @@ private:
     void putInParts(std::string_view bytes) noexcept;
     void put(std::string_view bytes) noexcept;
     void publish() noexcept;
+    void publishLine() noexcept;
     void waitForRoom(std::size_t size) noexcept;
     void call() noexcept;
 
@@ -48,6 +53,7 @@ private:
     std::uint64_t _putEnd = 0;
     std::uint64_t _roomEnd = kCapacity; ///< as far as known: there may be more room by now
     std::uint64_t _calledAt = 0;
+    std::size_t _begun = 0; ///< size of the line that is being filled
 
     // Of both.
     std::atomic<std::uint64_t> _filled = 0;  ///< end of the lines that stand in the ring
