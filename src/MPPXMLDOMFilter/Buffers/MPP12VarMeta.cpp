@@ -41,9 +41,9 @@ void MPP12VarMeta::writeNextElementMetaWithID(std::uint64_t id, std::uint64_t ty
 
 void MPP12VarMeta::writeRecord(std::uint64_t id, std::uint64_t offset, std::uint64_t type) {
     const std::uint32_t typeAndEnding = static_cast<std::uint16_t>(type) | std::uint32_t{_descriptionEnding} << 16;
-    writeIntegers(static_cast<std::uint32_t>(id),      // 0
-                  static_cast<std::uint32_t>(offset)); // 4  of the element's size field
-    writeInteger(typeAndEnding);                       // 8  2 bytes each
+    writeInteger(static_cast<std::uint32_t>(id));     // 0
+    writeInteger(static_cast<std::uint32_t>(offset)); // 4  of the element's size field
+    writeInteger(typeAndEnding);                      // 8  2 bytes each
     ++_curElementIndex;
 }
 

@@ -77,10 +77,6 @@ void MPPData::appendText(std::string_view text, MPPEncoding encoding) {
 
 void MPPData::writeInteger(std::uint32_t value) { appendInteger(value); }
 
-void MPPData::writeIntegers(std::uint32_t first, std::uint32_t second) {
-    appendInteger(std::uint64_t{second} << 32 | first);
-}
-
 void MPPData::write2ByteInteger(std::uint16_t value) { appendInteger(value); }
 
 void MPPData::write1ByteInteger(std::uint8_t value) { appendInteger(value); }

@@ -30,8 +30,6 @@ public:
     MPPData& operator=(const MPPData&) = delete;
 
     void writeInteger(std::uint32_t value);
-    /// Two integers at once, for the many records that begin with such a pair.
-    void writeIntegers(std::uint32_t first, std::uint32_t second);
     void write2ByteInteger(std::uint16_t value);
     void write1ByteInteger(std::uint8_t value);
     /// IEEE 754 binary64.

@@ -24,8 +24,8 @@ void MPPFixedMeta::writeMetaHeader() {
 void MPPFixedMeta::writeNextElementStartWithInt(std::uint32_t value) {
     if (_curElementIndex >= _fixedData->elementsCount())
         throw Exception(kRangeException, "Attempt to write too many elements into FixedMeta");
-    writeIntegers(value,                                                                             // 0
-                  static_cast<std::uint32_t>(_fixedData->offsetOfElementAtIndex(_curElementIndex))); // 4
+    writeInteger(value);                                                                            // 0
+    writeInteger(static_cast<std::uint32_t>(_fixedData->offsetOfElementAtIndex(_curElementIndex))); // 4
     ++_curElementIndex;
 }
 

@@ -14,25 +14,16 @@ struct EncodedDate {
     std::uint32_t bytes;
 };
 
-/// Encodes dates for rows as MPPData::writeDate does, in the system zone that held when this was made. The same instant
-/// often fills several fields in a row, so the latest encoding is kept.
+/// Encodes dates for rows as MPPData::writeDate does, in the system zone that held when this was made.
 class DateEncoder {
 public:
-    [[nodiscard]] EncodedDate operator()(const std::optional<Date>& date) {
-        constexpr EncodedDate kNoDate{0xFFFFFFFF};
-        if (!date)
-            return kNoDate;
-        if (*date != _latest) {
-            _latestEncoded.bytes = MPPData::encodedDate(*date, _systemZone);
-            _latest = *date;
-        }
-        return _latestEncoded;
+    [[nodiscard]] EncodedDate operator()(const std::optional<Date>& date) const {
+        constexpr std::uint32_t kNoDate = 0xFFFFFFFF;
+        return {date ? MPPData::encodedDate(*date, _systemZone) : kNoDate};
     }
 
 private:
     TimeZone _systemZone = TimeZone::system();
-    Date _latest;
-    EncodedDate _latestEncoded{MPPData::encodedDate(_latest, _systemZone)};
 };
 
 } // namespace brackwater

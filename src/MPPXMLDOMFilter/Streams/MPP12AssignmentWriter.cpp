@@ -4,7 +4,6 @@
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
-#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "Platform/Log/Log.h"
@@ -103,12 +102,12 @@ void MPP12AssignmentWriter::visitElements(const MPPAssignment& assignment, Visit
 void MPP12AssignmentWriter::writeVar2Data(StreamOutput& stream) {
     _momentOfWriting = _dates(Date::now());
     ElementPayloads payloads(var2Data());
-    stream.writeEach(RecordsInOrder(project().assignments),
+    stream.writeEach(project().assignments,
                      [&](const MPPAssignment& assignment) { visitElements(assignment, payloads); });
 }
 
 void MPP12AssignmentWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) {
-    stream.writeEach(RecordsInOrder(project().assignments), [&](const MPPAssignment& assignment) {
+    stream.writeEach(project().assignments, [&](const MPPAssignment& assignment) {
         ElementRecords records(varMeta, assignment.ID);
         visitElements(assignment, records);
     });
@@ -122,7 +121,6 @@ std::uint64_t MPP12AssignmentWriter::lastID() const {
 
 const MPPAssignment* MPP12AssignmentWriter::assignmentWithID(std::uint64_t id) const {
     const auto& assignments = project().assignments;
-    prefetchRecordAhead(assignments, id - 1);
     if (id <= assignments.size() && assignments[id - 1]->ID == id) // always so after preprocessing
         return assignments[id - 1].get();
     const auto found = project().idToAssignmentMap().find(static_cast<std::uint32_t>(id));
@@ -278,7 +276,7 @@ void MPP12AssignmentWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput
 // "Fixed2Data" and its index.
 
 void MPP12AssignmentWriter::writeFixed2Data(StreamOutput& stream) {
-    for (const auto& assignment : RecordsInOrder(project().assignments)) {
+    for (const auto& assignment : project().assignments) {
         const MPPResource* resource = assignment->resource.record();
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(assignment->GUID());
@@ -317,7 +315,7 @@ void markExactly(SecondAssignmentRecord& record, std::size_t baselines) {
 } // namespace
 
 void MPP12AssignmentWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
-    for (const auto& assignment : RecordsInOrder(project().assignments)) {
+    for (const auto& assignment : project().assignments) {
         SecondAssignmentRecord record;
         record.bit(AssignmentRow::SecondBlock);
         record.bit(AssignmentRow::Flag206);

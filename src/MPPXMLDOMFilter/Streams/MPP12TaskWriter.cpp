@@ -6,7 +6,6 @@
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
 #include "MPPXMLDOMFilter/Streams/PlannedWork.h"
 #include "MPPXMLDOMFilter/Streams/RecordValues.h"
-#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "MPPXMLDOMFilter/Streams/StreamOutput.h"
@@ -92,7 +91,10 @@ void MPP12TaskWriter::visitElements(const MPPTask& task, Visitor& element) {
     if (!isProject(task) || project().rowIsATasks)
         visitElementsBehindTitle(task, element);
     if (isProject(task) && !project().tasks.empty())
-        element(kProjectType, [](MPPData& data) { data.writeIntegers(1, 1); });
+        element(kProjectType, [](MPPData& data) {
+            data.writeInteger(1);
+            data.writeInteger(1);
+        });
 }
 
 template <typename Visitor>
@@ -119,14 +121,14 @@ void MPP12TaskWriter::visitElementsBehindTitle(const MPPTask& task, Visitor& ele
 void MPP12TaskWriter::writeVar2Data(StreamOutput& stream) {
     ElementPayloads payloads(var2Data());
     visitElements(project(), payloads);
-    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { visitElements(task, payloads); });
+    stream.writeEach(project().tasks, [&](const MPPTask& task) { visitElements(task, payloads); });
 }
 
 void MPP12TaskWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) {
     std::uint64_t taskID = 0;
     ElementRecords projectRecords(varMeta, taskID);
     visitElements(project(), projectRecords);
-    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) {
+    stream.writeEach(project().tasks, [&](const MPPTask& task) {
         ElementRecords records(varMeta, ++taskID);
         visitElements(task, records);
     });
@@ -136,7 +138,7 @@ void MPP12TaskWriter::writeVarMeta(MPP12VarMeta& varMeta, StreamOutput& stream) 
 
 void MPP12TaskWriter::writeFixedData(StreamOutput& stream) {
     writeTaskFixedData(project());
-    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixedData(task); });
+    stream.writeEach(project().tasks, [&](const MPPTask& task) { writeTaskFixedData(task); });
 }
 
 void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
@@ -210,8 +212,7 @@ void MPP12TaskWriter::writeTaskFixedData(const MPPTask& task) {
 
 void MPP12TaskWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOutput& stream) {
     writeTaskFixedMeta(project(), fixedMeta);
-    stream.writeEach(RecordsInOrder(project().tasks),
-                     [&](const MPPTask& task) { writeTaskFixedMeta(task, fixedMeta); });
+    stream.writeEach(project().tasks, [&](const MPPTask& task) { writeTaskFixedMeta(task, fixedMeta); });
 }
 
 namespace {
@@ -271,7 +272,7 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
 
 void MPP12TaskWriter::writeFixed2Data(StreamOutput& stream) {
     writeTaskFixed2Data(project());
-    stream.writeEach(RecordsInOrder(project().tasks), [&](const MPPTask& task) { writeTaskFixed2Data(task); });
+    stream.writeEach(project().tasks, [&](const MPPTask& task) { writeTaskFixed2Data(task); });
 }
 
 bool MPP12TaskWriter::hasLongFixed2Rows() const {
@@ -309,8 +310,7 @@ void MPP12TaskWriter::writeFixed2Row(const MPPTask& task) {
 
 void MPP12TaskWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& stream) {
     writeTaskFixed2Meta(project(), fixed2Meta);
-    stream.writeEach(RecordsInOrder(project().tasks),
-                     [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
+    stream.writeEach(project().tasks, [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
 }
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include "MPPXMLDOMFilter/Streams/FieldMapRows.h"
 #include "MPPXMLDOMFilter/Streams/IndexRecord.h"
-#include "MPPXMLDOMFilter/Streams/RecordsInOrder.h"
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 
 namespace brackwater {
@@ -25,7 +24,7 @@ Guid guidOf(const TaskReference& task) { return task.record() ? task.record()->G
 RowStorageLayout MPPConstraintStreamWriter::layout() const { return {.kind = MPPRowKind::Link}; }
 
 void MPPConstraintStreamWriter::writeFixedData(StreamOutput& stream) {
-    stream.writeEach(RecordsInOrder(project().constraints),
+    stream.writeEach(project().constraints,
                      [&](const MPPConstraint& constraint) { writeConstraintFixedData(constraint); });
 }
 
@@ -55,7 +54,7 @@ void MPPConstraintStreamWriter::writeFixedMeta(MPPFixedMeta& fixedMeta, StreamOu
 }
 
 void MPPConstraintStreamWriter::writeFixed2Data(StreamOutput& stream) {
-    for (const auto& constraint : RecordsInOrder(project().constraints)) {
+    for (const auto& constraint : project().constraints) {
         RowBuilder<kFixed2RowSize> row;
         row.at(0).guid(constraint->GUID());
         row.at(16).guid(guidOf(constraint->task1));

@@ -67,14 +67,9 @@ void TimeZone::Rules::append(std::int64_t instant, Offset offset) {
 
 template <auto time>
 std::size_t TimeZone::Rules::indexBehind(std::int64_t seconds) const {
-    const std::size_t last = _lastIndex;
-    if (last > 0 && last < _transitions.size() && _transitions[last - 1].*time <= seconds &&
-        seconds < _transitions[last].*time) [[likely]]
-        return last;
     const auto next = std::upper_bound(_transitions.begin(), _transitions.end(), seconds,
                                        [](std::int64_t value, const Transition& t) { return value < t.*time; });
-    _lastIndex = static_cast<std::size_t>(next - _transitions.begin());
-    return _lastIndex;
+    return static_cast<std::size_t>(next - _transitions.begin());
 }
 
 TimeZone::Rules::Offset TimeZone::Rules::offsetAt(std::int64_t seconds) const {

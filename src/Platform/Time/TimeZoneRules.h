@@ -41,8 +41,7 @@ private:
         Offset offset;
     };
 
-    /// The transition after `seconds`, on the clock that `time` selects. Consecutive dates are mostly between the same
-    /// two transitions, so those of the last query are tried first.
+    /// The transition after `seconds`, on the clock that `time` selects.
     template <auto time>
     [[nodiscard]] std::size_t indexBehind(std::int64_t seconds) const;
 
@@ -53,7 +52,6 @@ private:
     std::unique_ptr<icu::BasicTimeZone> _zone; ///< none for a fixed offset
     Offset _initial;                           ///< before the first transition
     std::vector<Transition> _transitions;
-    mutable std::size_t _lastIndex = 0;
     bool _hasMore = false; ///< there are transitions after the table's end
 };
 

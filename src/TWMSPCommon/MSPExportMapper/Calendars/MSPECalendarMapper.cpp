@@ -95,11 +95,6 @@ MSPECalendarMapper::MSPECalendarMapper(MSPEMapper* mapper)
 
 // Collecting: one schedule per resource.
 
-void MSPECalendarMapper::reserve(std::size_t resources) {
-    _scheduleInfoMap.reserve(resources);
-    _scheduleInfoKeys.reserve(resources);
-}
-
 std::int64_t MSPECalendarMapper::mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent) {
     std::int64_t calendarUID = 0;
     _calendar = newCalendarFromZelbResource(resource, parent, calendarUID);

@@ -27,8 +27,6 @@ public:
 
     explicit MSPECalendarMapper(MSPEMapper* mapper);
 
-    /// Allocates space for this many resources.
-    void reserve(std::size_t resources);
     /// Collects a resource's schedule; `parent` is nothing only for the top resource. Returns the calendar's unique id.
     std::int64_t mapCalendarForResource(XMLElement resource, std::optional<XMLElement> parent);
     /// Whether the resource with this id has been mapped.

@@ -33,13 +33,10 @@ MSPEPostProcessor::MSPEPostProcessor(MPPProject& project, const Constraints& con
                                      const UidToIdMap& taskUidToIdMap, const UidToIdMap& resourceUidToIdMap)
     : _project(project), _constraints(constraints), _calendars(calendars), _taskUidToIdMap(taskUidToIdMap),
       _resourceUidToIdMap(resourceUidToIdMap) {
-    _tasksByID.reserve(project.tasks.size());
     for (const auto& task : project.tasks)
         _tasksByID.set(static_cast<std::int64_t>(task->ID), task.get());
-    _resourcesByID.reserve(project.resources.size());
     for (const auto& resource : project.resources)
         _resourcesByID.set(static_cast<std::int64_t>(resource->ID), resource.get());
-    _calendarsByID.reserve(calendars.size());
     for (const auto& calendar : calendars)
         _calendarsByID.set(static_cast<std::int64_t>(calendar->ID), calendar);
 }

@@ -114,9 +114,6 @@ void MSPEProjectMapper::addCurrency() {
 }
 
 void MSPEProjectMapper::indexTasks() {
-    const std::size_t count = countOfChildren(_zelbScenario, "task");
-    _scheduledTasks.reserve(count);
-    _taskUidToIdMap.reserve(count);
     forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
         const MSPEScheduledTaskInfo* info = &_taskInfos.emplace_back(element);
         // If several tasks have the same id, the last one counts.
@@ -147,8 +144,6 @@ void MSPEProjectMapper::addSettings() {
 void MSPEProjectMapper::mapResources(MSPEXMLAdapter& resources) {
     const std::size_t count = countOfChildren(_zelbScenario, "resource");
     logLine("Mapping {} Resources and Schedules ...", count);
-    _resourceUidToIdMap.reserve(count);
-    mapper()->calendarMapper()->reserve(count);
     mapper()->calendarMapper()->setTopScheduleKey(_topResourceId);
     const auto top = singleObjectForXQuery(_zelbScenario, XMLQuery::childWithValue("resource", "id", _topResourceId));
     MSPEResourceTreeWalk(mapper(), _zelbScenario, resources).walkFrom(top);
