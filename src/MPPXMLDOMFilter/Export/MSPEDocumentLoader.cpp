@@ -10,9 +10,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <iterator>
 #include <optional>
+#include <system_error>
 #include <unordered_map>
 #include <utility>
 
@@ -21,7 +24,8 @@ namespace brackwater {
 namespace {
 
 constexpr std::string_view kTableOfContentsName = "__TOC.xml";
-constexpr std::ptrdiff_t kMostBaselines = 11; // the first and ten more
+constexpr std::ptrdiff_t kMostBaselines = 11;        // the first and ten more
+constexpr std::uintmax_t kWorthAThread = 128 * 1024; // bytes of all files; a thread costs as much as reading 64 KB
 
 /// `fault` names the file and what is wrong with it.
 [[noreturn]] void raiseLoadFailure(std::string fault) {
@@ -73,7 +77,7 @@ public:
         std::vector<std::function<void()>> readings(_files.size());
         for (auto& [path, file] : _files)
             readings[file.reading] = [&file = file] { file.document = newXmlDocFromUrl(file.url); };
-        _readings.emplace(std::move(readings), threads);
+        _readings.emplace(std::move(readings), size() < kWorthAThread ? 1 : threads);
     }
 
     std::shared_ptr<XMLDocument> documentOf(XMLElement scenario) {
@@ -94,6 +98,17 @@ private:
         std::shared_ptr<XMLDocument> document;
         bool isTaken = false;
     };
+
+    // A file without a size fails when it is read.
+    [[nodiscard]] std::uintmax_t size() const {
+        std::uintmax_t sum = 0;
+        for (const auto& [path, file] : _files) {
+            std::error_code fault;
+            const std::uintmax_t size = std::filesystem::file_size(file.url.path(), fault);
+            sum += fault ? 0 : size;
+        }
+        return sum;
+    }
 
     static std::string filenameOf(XMLElement scenario) { return scenario.attributeForName("filename").value_or(""); }
 

@@ -20,7 +20,10 @@ namespace brackwater {
 
 namespace {
 
-// Lines go into the buffer, and from the first full buffer on to the thread. Neither has a destructor: lines may still
+// A shorter log is written sooner than a thread is started.
+constexpr int kFullBuffersBeforeThread = 4;
+
+// Lines go into the buffer, and from the fourth full buffer on to the thread. Neither has a destructor: lines may still
 // come while the objects that live as long as the process are destroyed.
 constinit LogLines lines;
 constinit LogThread thread;
@@ -111,8 +114,9 @@ void write(std::span<const std::string_view> pieces) {
         thread.append(prefix.text(), pieces);
         return;
     }
-    const bool wasFull = lines.append(prefix.text(), pieces);
-    if (wasFull && lines.isBuffering() && thread.start())
+    static constinit int fullBuffers = 0;
+    if (lines.append(prefix.text(), pieces) && ++fullBuffers >= kFullBuffersBeforeThread && lines.isBuffering() &&
+        thread.start())
         lines.flush();
 }
 

@@ -164,10 +164,12 @@ TEST_F(DocumentLoader, FaultsAreToldInTheOrderOfTheScenariosForAnyNumberOfThread
     contents.scenarios = {{"b", "b0.xml", ""}, {"s1", "now.xml", ""}, {"b", "b1.xml", ""}, {"x", "x.xml", ""},
                           {"b", "b0.xml", ""}, {"b", "missing", ""},  {"b", "b2.xml", ""}};
     contents.windows = {{"s1", "b"}};
+    const std::string worthAThread(100'000, ' ');
     std::vector<std::vector<std::string>> logs;
     for (const int threads : {1, 2, 4}) {
         for (const char* name : {"b0.xml", "now.xml", "b1.xml", "b2.xml"})
-            _folder.write(std::string("Plan.zelb/") + name, "<scenario><a>&nobody;</a>\n<a>&nothing;</a></scenario>");
+            _folder.write(std::string("Plan.zelb/") + name,
+                          "<scenario><a>&nobody;</a>\n<a>&nothing;</a></scenario>" + worthAThread);
         const test::LogCapture log;
         test::expectException(kMSPEXMLException, kLoadFailure, [&] { (void)load(contents, threads); });
         logs.push_back(log.lines());
