@@ -6,10 +6,8 @@
 #include "Platform/Time/DateFormatter.h"
 #include "Platform/Time/TimeZone.h"
 #include "Platform/Values/Exception.h"
-#include "Platform/Values/ProcessState.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace brackwater {
 namespace {
@@ -18,12 +16,14 @@ constexpr std::string_view kZonedPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
 constexpr std::string_view kDateTimePattern = "yyyy-MM-dd'T'HH:mm:ss";
 constexpr std::string_view kDatePattern = "yyyy-MM-dd";
 
-// Zone and pattern are kept for the lifetime of the process; the log shows the zone once.
+// Zone and pattern are kept for the lifetime of the process, since the log shows the zone only once.
 
 const TimeZone& capturedSystemZone() {
-    static const TimeZone zone = TimeZone::system();
-    if (!std::exchange(processState().isZoneLogged, true))
-        logLine("Running in {}", zone.name());
+    static const TimeZone zone = [] {
+        TimeZone system = TimeZone::system();
+        logLine("Running in {}", system.name());
+        return system;
+    }();
     return zone;
 }
 

@@ -89,10 +89,9 @@ std::string otherFormat(const ProjectFile& project) {
                        std::stoi(name.substr(digits)) < ours ? "2003 or earlier" : "2010 or later", name);
 }
 
-ProjectFile decode(const CompoundFile& file, Extent extent) {
+ProjectFile decode(const CompoundFile& file) {
     ProjectFile project;
-    if (extent == Extent::All)
-        project.entries = file.entries(project.complaints);
+    project.entries = file.entries(project.complaints);
     readCompObj(file, project);
     readSummaries(file, project);
     checkProtection(file, project);
@@ -104,7 +103,7 @@ ProjectFile decode(const CompoundFile& file, Extent extent) {
         project.complaints.add("Props", "the stream is missing");
     const PropsFrame props = propsStream ? PropsFrame(*propsStream, "Props", project.complaints) : PropsFrame();
     const DecodeContext context{file, props, project};
-    decodeProperties(context, extent);
+    decodeProperties(context);
     decodeTasks(context);
     decodeCalendars(context);
     decodeResources(context);

@@ -17,18 +17,30 @@ namespace brackwater {
 template <std::size_t Count>
 class MSPEChildNames {
 public:
-    consteval explicit MSPEChildNames(const std::array<std::string_view, Count>& names) : _names(names) {}
+    consteval explicit MSPEChildNames(const std::array<std::string_view, Count>& names) : _names(names) {
+        for (std::size_t i = 0; i < Count; ++i)
+            _sorted[i] = i;
+        std::sort(_sorted.begin(), _sorted.end(),
+                  [&](std::size_t a, std::size_t b) { return less(names[a], names[b]); });
+    }
 
     [[nodiscard]] constexpr std::size_t size() const noexcept { return Count; }
     [[nodiscard]] constexpr std::string_view operator[](std::size_t index) const noexcept { return _names[index]; }
 
     /// The name's index; `Count` for any other name.
     [[nodiscard]] std::size_t find(std::string_view name) const noexcept {
-        return static_cast<std::size_t>(std::find(_names.begin(), _names.end(), name) - _names.begin());
+        const auto place = std::lower_bound(_sorted.begin(), _sorted.end(), name,
+                                            [this](std::size_t i, std::string_view n) { return less(_names[i], n); });
+        return place != _sorted.end() && _names[*place] == name ? *place : Count;
     }
 
 private:
+    static constexpr bool less(std::string_view a, std::string_view b) noexcept {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    }
+
     std::array<std::string_view, Count> _names;
+    std::array<std::size_t, Count> _sorted{};
 };
 
 /// The children of a source element by name, found in one pass. Results match queries for each name: the last of
