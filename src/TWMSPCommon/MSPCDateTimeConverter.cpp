@@ -6,8 +6,10 @@
 #include "Platform/Time/DateFormatter.h"
 #include "Platform/Time/TimeZone.h"
 #include "Platform/Values/Exception.h"
+#include "Platform/Values/ProcessState.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace brackwater {
 namespace {
@@ -16,14 +18,12 @@ constexpr std::string_view kZonedPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
 constexpr std::string_view kDateTimePattern = "yyyy-MM-dd'T'HH:mm:ss";
 constexpr std::string_view kDatePattern = "yyyy-MM-dd";
 
-// Zone and pattern are kept for the lifetime of the process, since the log shows the zone only once.
+// Zone and pattern are kept for the lifetime of the process; the log shows the zone once.
 
 const TimeZone& capturedSystemZone() {
-    static const TimeZone zone = [] {
-        TimeZone system = TimeZone::system();
-        logLine("Running in {}", system.name());
-        return system;
-    }();
+    static const TimeZone zone = TimeZone::system();
+    if (!std::exchange(processState().isZoneLogged, true))
+        logLine("Running in {}", zone.name());
     return zone;
 }
 

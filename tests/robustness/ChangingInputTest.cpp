@@ -47,11 +47,15 @@ private:
 class ChangingInput : public testing::Test {
 protected:
     void SetUp() override {
-        writeCompoundFile(_template, {compObj2007(), stream("Other", patternBytes(50'000)), stream("Last", {})});
+        writeTemplate(50'000);
         // The scenario that is not exported is told of between the table of contents and the scenario that is.
         TableOfContents contents;
         contents.scenarios = {{"s0", "other.xml", "Other"}, {"s1", "plan.xml", "Actual"}};
         writeBundle(_folder, "Plan.zelb", contents);
+    }
+
+    void writeTemplate(std::size_t size) {
+        writeCompoundFile(_template, {compObj2007(), stream("Other", patternBytes(size)), stream("Last", {})});
     }
 
     /// Exports, with the change at the line; asks for a failed export and gives the line before the last.
@@ -125,9 +129,19 @@ TEST_F(ChangingInput, TemplateThatVanishesOrIsReplacedStopsTheWriting) {
     }
 }
 
-TEST_F(ChangingInput, TemplateThatIsCutWhileItIsCopiedStopsAtTheEntry) {
+TEST_F(ChangingInput, LargeTemplateThatIsCutWhileItIsCopiedStopsAtTheEntry) {
+    writeTemplate(5'000'000);
     EXPECT_THAT(failureWith("opening a file at path " + _output, [&] { fs::resize_file(_template, 2048); }),
                 testing::MatchesRegex("WARNING: Writing stopped at '.*': .+"));
+}
+
+TEST_F(ChangingInput, SmallTemplateIsReadAtOnce) {
+    ActingLog log("opening a file at path " + _output, [&] { fs::resize_file(_template, 2048); });
+    EXPECT_TRUE(MSPEMPPExporter({}).exportZelbBundle(FileURL::fileURLWithPath(_folder.path("Plan.zelb"), true),
+                                                     FileURL::fileURLWithPath(_output, false),
+                                                     FileURL::fileURLWithPath(_template, false)));
+    EXPECT_TRUE(log.hasActed());
+    EXPECT_EQ(readCompoundFile(_output).size(), 3U);
 }
 
 TEST_F(ChangingInput, WhatAppearsAtTheDestinationStaysAndTheExportTakesTheNextNumber) {

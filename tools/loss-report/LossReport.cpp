@@ -4,15 +4,22 @@
 
 #include "mppinspect/CompoundFile.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <future>
+#include <system_error>
 
 namespace brackwater::lossreport {
 
 LossReport findLosses(const std::string& bundlePath, const std::string& mppPath) {
     const SystemTimeZoneHold hold;
-    // Parsing takes most of the time, and the two are independent.
-    auto decoded =
-        std::async(std::launch::async, [&mppPath] { return inspect::decode(inspect::CompoundFile::open(mppPath)); });
+    // Parsing takes most of the time, and the two are independent. A small file is read sooner than a thread starts.
+    constexpr std::uintmax_t small = std::uintmax_t{1} << 19;
+    std::error_code unknown;
+    const bool isSmall = std::filesystem::file_size(mppPath, unknown) < small;
+    auto decoded = std::async(isSmall ? std::launch::deferred : std::launch::async, [&mppPath] {
+        return inspect::decode(inspect::CompoundFile::open(mppPath), inspect::Extent::Plan);
+    });
     const SourcePlan plan = readPlan(bundlePath);
     const inspect::ProjectFile file = decoded.get();
     Comparison comparison(plan, file);

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <map>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <system_error>
@@ -23,6 +24,8 @@ namespace {
 constexpr int kDeepest = 32; ///< storages within one another; real files have three
 constexpr std::size_t kMostEntries = 10'000;
 constexpr std::int64_t kLargestFile = std::int64_t{2} << 30;
+/// The library seeks often, and each time the system reads a page of the file anew.
+constexpr std::int64_t kLargestReadAtOnce = std::int64_t{4} << 20;
 constexpr std::uint64_t kLargestDirectory = kMostEntries * 128;
 
 struct Unreference {
@@ -31,6 +34,8 @@ struct Unreference {
 using Input = std::unique_ptr<GsfInput, Unreference>;
 
 GsfInfile* infile(const Input& input) { return reinterpret_cast<GsfInfile*>(input.get()); }
+
+Input shared(const Input& input) { return Input(GSF_INPUT(g_object_ref(input.get()))); }
 
 bool isStorage(const Input& input) { return GSF_IS_INFILE(input.get()) && gsf_infile_num_children(infile(input)) >= 0; }
 
@@ -107,16 +112,38 @@ struct CompoundFile::Node {
     std::int64_t fileSize = 0;
     Input root;
 
-    [[nodiscard]] Input find(std::initializer_list<std::string_view> path) const {
-        Input node(GSF_INPUT(g_object_ref(root.get())));
+    std::map<std::string, Input, std::less<>> storages; ///< that were opened, by path
+
+    [[nodiscard]] Input find(std::initializer_list<std::string_view> path) {
+        Input node = shared(root);
+        std::string reached;
         for (const std::string_view name : path) {
+            reached.append("/").append(name);
+            if (const auto known = storages.find(reached); known != storages.end()) {
+                node = shared(known->second);
+                continue;
+            }
             if (!isStorage(node))
                 return nullptr;
             node.reset(gsf_infile_child_by_name(infile(node), std::string(name).c_str()));
             if (!node)
                 return nullptr;
+            if (isStorage(node))
+                storages.emplace(reached, shared(node));
         }
         return node;
+    }
+
+    [[nodiscard]] Input inputOfBytes() const {
+        return Input(gsf_input_memory_new(bytes.data(), static_cast<gsf_off_t>(bytes.size()), FALSE));
+    }
+
+    /// The file with its bytes in memory; null if they cannot be read.
+    [[nodiscard]] Input readAtOnce(Input file) {
+        bytes.resize(static_cast<std::size_t>(gsf_input_size(file.get())));
+        if (!bytes.empty() && gsf_input_read(file.get(), bytes.size(), bytes.data()) == nullptr)
+            return nullptr;
+        return inputOfBytes();
     }
 
     void takeRoot(const Input& input, const std::string& name) {
@@ -138,7 +165,9 @@ CompoundFile::~CompoundFile() = default;
 
 CompoundFile CompoundFile::open(const std::string& path) {
     auto node = std::make_unique<Node>();
-    const Input input(gsf_input_stdio_new_FILE(path.c_str(), openRegular(path), FALSE));
+    Input input(gsf_input_stdio_new_FILE(path.c_str(), openRegular(path), FALSE));
+    if (input && gsf_input_size(input.get()) <= kLargestReadAtOnce)
+        input = node->readAtOnce(std::move(input));
     if (!input)
         throw std::runtime_error(fmt::format("cannot read '{}'", path));
     node->takeRoot(input, path);
@@ -148,7 +177,7 @@ CompoundFile CompoundFile::open(const std::string& path) {
 CompoundFile CompoundFile::fromBytes(Bytes bytes) {
     auto node = std::make_unique<Node>();
     node->bytes = std::move(bytes);
-    const Input input(gsf_input_memory_new(node->bytes.data(), static_cast<gsf_off_t>(node->bytes.size()), FALSE));
+    const Input input = node->inputOfBytes();
     if (!input)
         throw std::runtime_error("no bytes to read");
     node->takeRoot(input, "(bytes)");

@@ -16,7 +16,7 @@ struct DecodeContext {
 
 // Each fills its list of the project and complains of what does not fit. Tasks, resources and calendars come before the
 // assignments and links that name them.
-void decodeProperties(const DecodeContext& context);
+void decodeProperties(const DecodeContext& context, Extent extent);
 void decodeTasks(const DecodeContext& context);
 void decodeCalendars(const DecodeContext& context);
 void decodeResources(const DecodeContext& context);

@@ -42,7 +42,6 @@ FieldMap::FieldMap(ByteView map, std::string_view where, Complaints& complaints)
         complaints.add(where, "the field map has more rows than there are fields");
         return;
     }
-    _index.resize(0x10000);
     _firstRows = rows;
     int lastOffset = -1;
     bool inSecond = false;
@@ -66,6 +65,8 @@ FieldMap::FieldMap(ByteView map, std::string_view where, Complaints& complaints)
         }
         if (place.id == kNoField)
             continue;
+        if (place.id >= _index.size())
+            _index.resize(place.id + 1U);
         if (_index[place.id] != 0) {
             complaints.add(where, "the field map names a field twice", fmt::format("field {}", place.id));
             continue;
@@ -76,7 +77,7 @@ FieldMap::FieldMap(ByteView map, std::string_view where, Complaints& complaints)
 }
 
 const FieldPlace* FieldMap::find(std::uint16_t id) const {
-    if (_index.empty() || _index[id] == 0)
+    if (id >= _index.size() || _index[id] == 0)
         return nullptr;
     return &_places[_index[id] - 1U];
 }

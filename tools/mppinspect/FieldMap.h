@@ -33,7 +33,7 @@ public:
 
 private:
     std::vector<FieldPlace> _places;
-    std::vector<std::uint16_t> _index; ///< id to place + 1
+    std::vector<std::uint16_t> _index; ///< id to place + 1, up to the largest id
     std::size_t _firstSize = 0, _secondSize = 0, _firstRows = 0;
 };
 

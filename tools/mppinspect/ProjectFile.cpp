@@ -89,9 +89,10 @@ std::string otherFormat(const ProjectFile& project) {
                        std::stoi(name.substr(digits)) < ours ? "2003 or earlier" : "2010 or later", name);
 }
 
-ProjectFile decode(const CompoundFile& file) {
+ProjectFile decode(const CompoundFile& file, Extent extent) {
     ProjectFile project;
-    project.entries = file.entries(project.complaints);
+    if (extent == Extent::All)
+        project.entries = file.entries(project.complaints);
     readCompObj(file, project);
     readSummaries(file, project);
     checkProtection(file, project);
@@ -103,7 +104,7 @@ ProjectFile decode(const CompoundFile& file) {
         project.complaints.add("Props", "the stream is missing");
     const PropsFrame props = propsStream ? PropsFrame(*propsStream, "Props", project.complaints) : PropsFrame();
     const DecodeContext context{file, props, project};
-    decodeProperties(context);
+    decodeProperties(context, extent);
     decodeTasks(context);
     decodeCalendars(context);
     decodeResources(context);

@@ -174,7 +174,13 @@ struct ProjectFile {
 /// form "... is ..."; empty otherwise.
 [[nodiscard]] std::string otherFormat(const ProjectFile& project);
 
-/// Decodes everything; what cannot be read is left out with a complaint.
-[[nodiscard]] ProjectFile decode(const CompoundFile& file);
+/// How much of a file is decoded.
+enum class Extent {
+    All,
+    Plan, ///< without the list of entries and the properties of unknown meaning, which only people look at
+};
+
+/// Decodes a file; what cannot be read is left out with a complaint.
+[[nodiscard]] ProjectFile decode(const CompoundFile& file, Extent extent = Extent::All);
 
 } // namespace brackwater::inspect

@@ -115,11 +115,13 @@ std::string nameOf(std::uint32_t type, const KnownProperty& property) {
 
 } // namespace
 
-void decodeProperties(const DecodeContext& context) {
+void decodeProperties(const DecodeContext& context, Extent extent) {
     // A map is read once more where its rows are; its faults are told there.
     Complaints ofMaps;
     for (const Property& property : context.props.properties()) {
         const KnownProperty known = propertyOf(property.type);
+        if (extent == Extent::Plan && (known.name == nullptr || known.form == Form::Map))
+            continue;
         constexpr std::size_t shownBytes = 24;
         std::string value = known.name != nullptr
                                 ? valueText(known.form, property.payload, ofMaps)

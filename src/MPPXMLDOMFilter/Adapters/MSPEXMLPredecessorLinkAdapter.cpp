@@ -3,15 +3,13 @@
 #include "MPPXMLDOMFilter/Adapters/ElementConversions.h"
 #include "MPPXMLDOMFilter/Adapters/ElementVocabulary.h"
 #include "Platform/Values/Exception.h"
+#include "Platform/Values/ProcessState.h"
 
 namespace brackwater {
 
 namespace {
 
 using namespace conversions;
-
-// Counts the links made by this process, across exports.
-std::int64_t linkCounter = 0;
 
 constexpr std::int32_t kLagFormatPercent = 19;
 constexpr std::int32_t kLagFormatElapsedPercent = 20;
@@ -33,7 +31,7 @@ constexpr ElementVocabulary kVocabulary(std::to_array<VocabularyRow<MPPConstrain
 
 MSPEXMLPredecessorLinkAdapter::MSPEXMLPredecessorLinkAdapter(std::string_view name, MSPEMapper* mapper)
     : MSPEXMLAdapterClass(name, mapper) {
-    mppDomObject()->ID = static_cast<std::uint64_t>(++linkCounter);
+    mppDomObject()->ID = ++processState().links;
 }
 
 std::shared_ptr<MSPEXMLAdapter> MSPEXMLPredecessorLinkAdapter::addChildElementWithName(std::string_view name,

@@ -9,8 +9,10 @@
 #include <bzlib.h>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 namespace brackwater {
@@ -22,8 +24,12 @@ constexpr std::size_t kLargestUnpacked = std::size_t{128} << 20;
 /// Limit for nested compression. An archive can be crafted to unpack to itself.
 constexpr int kMostWrappings = 4;
 constexpr std::size_t kPiece = std::size_t{64} << 10;
+/// Templates of up to this size are read at once: the library seeks often, and each time the system reads a page anew.
+constexpr gsf_off_t kLargestReadAtOnce = gsf_off_t{4} << 20;
 
 using Bytes = std::vector<std::uint8_t>;
+/// Bytes that the library can take over.
+using GBytesPointer = std::unique_ptr<guint8, decltype(&g_free)>;
 
 bool isRegularFile(const std::string& path) {
     struct stat status {};
@@ -40,6 +46,19 @@ bool startsWith(GsfInput* input, std::initializer_list<std::uint8_t> signature) 
 
 GObjectPointer<GsfInput> inputOfBytes(const Bytes& bytes) {
     return GObjectPointer<GsfInput>(gsf_input_memory_new_clone(bytes.data(), static_cast<gsf_off_t>(bytes.size())));
+}
+
+/// The same input with its bytes in memory; itself if it is large or cannot be read at once.
+GObjectPointer<GsfInput> readAtOnce(GObjectPointer<GsfInput> input) {
+    const gsf_off_t size = gsf_input_size(input.get());
+    if (size <= 0 || size > kLargestReadAtOnce)
+        return input;
+    GBytesPointer bytes(static_cast<guint8*>(g_try_malloc(static_cast<gsize>(size))), g_free);
+    if (!bytes || gsf_input_read(input.get(), static_cast<std::size_t>(size), bytes.get()) == nullptr)
+        return gsf_input_seek(input.get(), 0, G_SEEK_SET) ? nullptr : std::move(input);
+    GObjectPointer<GsfInput> inMemory(gsf_input_memory_new(bytes.release(), size, TRUE));
+    gsf_input_set_name(inMemory.get(), gsf_input_name(input.get()));
+    return inMemory;
 }
 
 /// Reads to the end in chunks, without trusting any size.
@@ -108,7 +127,7 @@ GObjectPointer<GsfInput> openTemplateInput(const std::string& path) {
         const bool isGzip = startsWith(input.get(), {0x1F, 0x8B});
         const bool isBzip2 = startsWith(input.get(), {'B', 'Z', 'h'});
         if (!isGzip && !isBzip2)
-            return input;
+            return wrappings == 0 ? readAtOnce(std::move(input)) : std::move(input);
         if (wrappings == kMostWrappings)
             return nullptr;
         const auto unpacked = isGzip ? unpackGzip(input.get()) : unpackBzip2(input.get());

@@ -7,6 +7,7 @@
 #include "MPPXMLDOMFilter/Streams/RowBuilder.h"
 #include "MPPXMLDOMFilter/Streams/StorageElements.h"
 #include "Platform/Values/Exception.h"
+#include "Platform/Values/ProcessState.h"
 
 #include <algorithm>
 
@@ -211,10 +212,7 @@ bool MPP12CalendarWriter::calendarDataShouldBeWritten(const MPPCalendar& calenda
     return calendar.ID != kDefaultID && definesAnything(calendar);
 }
 
-std::uint32_t& MPP12CalendarWriter::workWeekCounter() const {
-    static std::uint32_t counter = 21; // not reset between exports
-    return counter;
-}
+std::uint32_t& MPP12CalendarWriter::workWeekCounter() const { return processState().workWeeks2007; }
 
 void MPP12CalendarWriter::preprocessProject(MPPProject& project) {
     assertThat(project.standardCalendar != nullptr, "The project has no standard calendar.");
@@ -250,9 +248,6 @@ bool MPP14CalendarWriter::calendarDataShouldBeWritten(const MPPCalendar& calenda
     return !calendar.baseCalendar.record() || definesAnything(calendar);
 }
 
-std::uint32_t& MPP14CalendarWriter::workWeekCounter() const {
-    static std::uint32_t counter = 21; // apart from that of the 2007 layout; not reset between exports
-    return counter;
-}
+std::uint32_t& MPP14CalendarWriter::workWeekCounter() const { return processState().workWeeks2010; }
 
 } // namespace brackwater

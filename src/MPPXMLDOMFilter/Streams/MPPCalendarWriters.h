@@ -27,7 +27,7 @@ protected:
     [[nodiscard]] virtual bool standardRowTellsBlock(const MPPCalendar& calendar) const = 0;
     /// Start value in "FixedMeta" of a resource's calendar that has a block.
     [[nodiscard]] virtual std::uint32_t startValueOfResourceBlock() const = 0;
-    /// The number that the next dated work week gets; outlives the writer.
+    /// The number that the next dated work week gets (ProcessState).
     [[nodiscard]] virtual std::uint32_t& workWeekCounter() const = 0;
 
     /// True when the calendar has hours, exceptions or dated weeks of its own.

@@ -21,6 +21,7 @@ namespace {
 constexpr auto kTimeToEnd = std::chrono::seconds(1);
 constexpr int kProgressPause = 100; // milliseconds
 constexpr int kSignalStatus = 128;
+constexpr std::uint64_t kMostTasksOfAReusedWorker = 10'000;
 
 /// In a worker: standard error goes to the log, standard output nowhere.
 void redirectOutputs(int log) {
@@ -48,7 +49,11 @@ BundleExports::BundleExports(const CommandOptions& options)
                                              options.log.has_value(),
                                              !options.quiet || options.report || options.failsOnLoss},
       _output(&_stopRequests), _slots(WorkerPool::sizeFor(workersFor(options, _plan))), _board(_slots.size()),
-      _pool(workersFor(options, _plan)), _progress(!options.quiet) {
+      _pool(workersFor(options, _plan),
+            [this](std::size_t slot, const WorkRequest& request, const WorkerPool::IsComputed& isComputed) {
+                return workInProcess(slot, request, isComputed);
+            }),
+      _progress(!options.quiet) {
     if (options.log)
         _log.emplace(*options.log, _stopRequests);
     if (options.report)
@@ -75,8 +80,8 @@ int BundleExports::run() {
 
 void BundleExports::waitForWorkers() {
     showProgress();
-    for (const EndedWorker& worker : _pool.wait(_stopRequests.descriptor(), _progress.isShown() ? kProgressPause : -1))
-        endJob(worker);
+    for (const EndedJob& ended : _pool.wait(_stopRequests.descriptor(), _progress.isShown() ? kProgressPause : -1))
+        endJob(ended);
 }
 
 void BundleExports::beginJobs() {
@@ -99,7 +104,7 @@ bool BundleExports::beginJob(std::size_t job) {
         const int log = _log ? _log->beginJob(job) : -1;
         _board.slot(slot).phase = 0;
         _board.slot(slot).percent = ProgressSlot::kNotKnown;
-        if (_pool.start(slot, job, [&](const auto& isComputed) { return workInProcess(slot, log, isComputed); }))
+        if (_pool.start(slot, job, _slots[slot].folder.path(), log))
             return true;
         const int fault = errno;
         if (!_pool.isIdle())
@@ -111,25 +116,27 @@ bool BundleExports::beginJob(std::size_t job) {
     }
 }
 
-std::string BundleExports::workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const {
-    redirectOutputs(log);
+std::string BundleExports::workInProcess(std::size_t slot, const WorkRequest& request,
+                                         const WorkerPool::IsComputed& isComputed) const {
+    redirectOutputs(request.log.get());
     _stopRequests.releaseInWorker();
-    ExportResult result =
-        runWorker(_plan.jobs[_slots[slot].job], _settings, _slots[slot].folder.path(), _board.slot(slot), isComputed);
+    ExportResult result = runWorker(_plan.jobs[request.job], _settings, request.folder, _board.slot(slot), isComputed);
     flushLog();
     result.isLogWhole = isLogWhole();
     return packedResult(result);
 }
 
-void BundleExports::endJob(const EndedWorker& worker) {
-    auto result = worker.death.empty() ? unpackedResult(worker.answer) : std::nullopt;
-    // Reuses only an empty folder for the next job.
+void BundleExports::endJob(const EndedJob& ended) {
+    auto result = ended.death.empty() ? unpackedResult(ended.answer) : std::nullopt;
+    // Reuses only an empty folder for the next job, and a worker that has memory to spare and no fault behind it.
     if (!result || !result->exported)
-        _slots[worker.slot].folder.remove();
+        _slots[ended.slot].folder.remove();
+    if (!result || !result->exported || !result->isLogWhole || result->tasks > kMostTasksOfAReusedWorker)
+        _pool.dismiss(ended.slot);
     if (result)
-        _results.emplace(worker.job, std::move(*result));
+        _results.emplace(ended.job, std::move(*result));
     else if (_stopSignal == 0)
-        setFailure(worker.job, worker.death.empty() ? "its process sent no result" : worker.death);
+        setFailure(ended.job, ended.death.empty() ? "its process sent no result" : ended.death);
 }
 
 void BundleExports::setFailure(std::size_t job, std::string fault) {
@@ -179,9 +186,9 @@ void BundleExports::stop(int signalNumber) {
     const auto end = std::chrono::steady_clock::now() + kTimeToEnd;
     while (!_pool.isIdle()) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
-        for (const EndedWorker& worker :
+        for (const EndedJob& ended :
              _pool.wait(_stopRequests.descriptor(), std::max(static_cast<int>(left.count()), 1)))
-            endJob(worker);
+            endJob(ended);
         if (left.count() <= 0 || _stopRequests.next() != 0)
             _pool.sendToAll(SIGKILL);
     }

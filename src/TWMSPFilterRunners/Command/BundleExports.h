@@ -40,8 +40,9 @@ private:
     void waitForWorkers();
     void beginJobs();
     [[nodiscard]] bool beginJob(std::size_t job);
-    [[nodiscard]] std::string workInProcess(std::size_t slot, int log, const WorkerPool::IsComputed& isComputed) const;
-    void endJob(const EndedWorker& worker);
+    [[nodiscard]] std::string workInProcess(std::size_t slot, const WorkRequest& request,
+                                            const WorkerPool::IsComputed& isComputed) const;
+    void endJob(const EndedJob& ended);
     void setFailure(std::size_t job, std::string fault);
     void tellInOrder();
     void showProgress();

@@ -3,8 +3,8 @@
 #include "MPPXMLDOMFilter/Container/CompoundFileLibrary.h"
 #include "MPPXMLDOMFilter/Export/MSPEMPPExporter.h"
 #include "Platform/Files/PathText.h"
-#include "Platform/Log/FatalSignals.h"
 #include "Platform/Time/TimeZone.h"
+#include "Platform/Values/ProcessState.h"
 #include "TWMSPFilterRunners/Brackwater/BrackwaterRunner.h"
 #include "TWMSPFilterRunners/Command/ExportLog.h"
 #include "TWMSPFilterRunners/Command/OutputFile.h"
@@ -53,8 +53,6 @@ protected:
             compare(_job.bundlePath, mppUrl.path(), _result);
         }
         _isComputed();
-        // Once the output is there the command must learn of it: a request to end comes too late now.
-        static const SignalsHeldBack untilTheProcessEnds;
         try {
             const std::string output =
                 stringByAppendingPathComponent(_job.outputFolder, lastPathComponent(_job.output));
@@ -82,6 +80,7 @@ void prepareForWorkers() { static_cast<void>(TimeZone::system()); }
 
 ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings, const std::string& workFolder,
                        ProgressSlot& progress, const std::function<void()>& isComputed) {
+    processState() = ProcessState();
     ExportLog log(settings.isLogRead, lastPathComponent(workFolder));
     ProgressTeller teller(progress);
     WorkerRunner runner(job, settings, teller, isComputed);

@@ -23,8 +23,9 @@ struct WorkerSettings {
 /// Initializes what every export needs, so that the workers inherit it.
 void prepareForWorkers();
 
-/// Exports one bundle in its own process, which has its own counters, log and memory. `workFolder` is an empty folder
-/// beside the output, in which the file is created; `isComputed` is called when only disk writes remain. Catches all
+/// Exports one bundle, in a process that has its own counters, log and memory; the counters start anew, so that the
+/// bundles before make no difference. `workFolder` is an empty folder beside the output, in which the file is created;
+/// `isComputed` is called when only disk writes remain, and holds requests to end back from then on. Catches all
 /// failures.
 [[nodiscard]] ExportResult runWorker(const ExportJob& job, const WorkerSettings& settings,
                                      const std::string& workFolder, ProgressSlot& progress,

@@ -1,5 +1,7 @@
 #include "TWMSPFilterRunners/Command/WorkerPool.h"
 
+#include "Platform/Log/FatalSignals.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -7,7 +9,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <string_view>
 #include <sys/prctl.h>
@@ -20,89 +22,111 @@ namespace brackwater {
 namespace {
 
 constexpr int kDoneInOrder = 0;
-constexpr std::string_view kComputedMark = "."; // precedes the answer
 
-void writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
+void answer(const WorkerPool::Work& work, std::size_t slot, const WorkRequest& request, const WorkerChannel& channel) {
+    // Once the output is in its place the command must learn of it: a request to end comes too late then.
+    std::optional<SignalsHeldBack> untilAnswered;
+    const auto tellComputed = [&] {
+        if (untilAnswered)
             return;
-        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
+        untilAnswered.emplace();
+        channel.tellComputed();
+    };
+    const std::string result = work(slot, request, tellComputed);
+    tellComputed();
+    channel.sendAnswer(result);
 }
 
 /// In the new process. It must not run the command's own code: no destructors, no buffers flushed twice.
-[[noreturn]] void work(const WorkerPool::Work& work, int answers, pid_t command) {
+[[noreturn]] void serve(const WorkerPool::Work& work, std::size_t slot, const WorkerChannel& channel, pid_t command) {
     // A worker does not outlive the command.
     if (prctl(PR_SET_PDEATHSIG, SIGTERM) != 0 || getppid() != command)
         _exit(1);
-    bool isMarked = false;
-    const auto mark = [&] {
-        if (!std::exchange(isMarked, true))
-            writeAll(answers, kComputedMark);
-    };
-    const std::string answer = work(mark);
-    mark();
-    writeAll(answers, answer);
+    while (const std::optional<WorkRequest> request = channel.receive())
+        answer(work, slot, *request, channel);
     _exit(kDoneInOrder);
 }
 
 std::string descriptionOfDeath(int status) {
-    if (WIFSIGNALED(status))
-        return fmt::format("its process was ended by signal {} ({})", WTERMSIG(status), strsignal(WTERMSIG(status)));
-    return WIFEXITED(status) && WEXITSTATUS(status) == kDoneInOrder
-               ? std::string()
+    return WIFSIGNALED(status)
+               ? fmt::format("its process was ended by signal {} ({})", WTERMSIG(status), strsignal(WTERMSIG(status)))
                : fmt::format("its process ended with status {}", WEXITSTATUS(status));
 }
 
 } // namespace
 
 WorkerPool::~WorkerPool() {
-    sendToAll(SIGKILL);
-    for (const Running& running : _workers)
-        if (running.process > 0)
-            waitpid(running.process, nullptr, 0);
+    for (std::size_t slot = 0; slot < _workers.size(); ++slot) {
+        if (_workers[slot].isBusy)
+            kill(_workers[slot].process, SIGKILL);
+        dismiss(slot);
+    }
 }
 
-bool WorkerPool::isIdle() const {
-    return std::ranges::none_of(_workers, [](const Running& running) { return running.process > 0; });
+bool WorkerPool::isIdle() const { return std::ranges::none_of(_workers, &Worker::isBusy); }
+
+bool WorkerPool::isComputing(std::size_t slot) const {
+    return _workers[slot].isBusy && !_workers[slot].answer.isComputed();
 }
 
 std::size_t WorkerPool::idleSlot() const {
-    if (static_cast<std::size_t>(std::ranges::count(_workers, true, &Running::isComputing)) >= _most)
+    std::size_t computing = 0;
+    for (std::size_t slot = 0; slot < _workers.size(); ++slot)
+        if (isComputing(slot))
+            ++computing;
+    if (computing >= _most)
         return _workers.size();
-    std::size_t slot = 0;
-    while (slot < _workers.size() && _workers[slot].process > 0)
-        ++slot;
-    return slot;
+    return static_cast<std::size_t>(std::ranges::find(_workers, false, &Worker::isBusy) - _workers.begin());
 }
 
-bool WorkerPool::start(std::size_t slot, std::size_t job, const Work& work_) {
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+bool WorkerPool::start(std::size_t slot, std::size_t job, const std::string& folder, int log) {
+    Worker& worker = _workers[slot];
+    if (worker.jobs == kMostJobsOfAWorker)
+        dismiss(slot);
+    // One that was ended from outside since its last job does not count.
+    if (worker.process > 0 && !worker.channel.send(job, folder, log))
+        dismiss(slot);
+    if (worker.process < 0 && (!hire(slot) || !worker.channel.send(job, folder, log)))
         return false;
-    FileDescriptor answers(ends[0]);
-    const FileDescriptor workersEnd(ends[1]);
+    ++worker.jobs;
+    worker.isBusy = true;
+    worker.job = job;
+    worker.answer = WorkAnswer();
+    return true;
+}
+
+bool WorkerPool::hire(std::size_t slot) {
+    auto [ours, workers] = WorkerChannel::makePair();
+    if (!ours)
+        return false;
     const pid_t command = getpid();
     const pid_t process = fork();
     if (process < 0)
         return false;
     if (process == 0)
-        work(work_, workersEnd.get(), command);
-    _workers[slot] = Running{process, job, std::move(answers), {}, true};
+        serve(_work, slot, workers, command);
+    _workers[slot].process = process;
+    _workers[slot].channel = std::move(ours);
     return true;
 }
 
-std::vector<EndedWorker> WorkerPool::wait(int otherDescriptor, int milliseconds) {
+void WorkerPool::dismiss(std::size_t slot) {
+    if (_workers[slot].process < 0)
+        return;
+    _workers[slot].channel.endRequests();
+    static_cast<void>(collect(_workers[slot]));
+}
+
+std::vector<EndedJob> WorkerPool::wait(int otherDescriptor, int milliseconds) {
     std::vector<pollfd> waiting{{otherDescriptor, POLLIN, 0}};
     std::vector<std::size_t> slots;
     for (std::size_t slot = 0; slot < _workers.size(); ++slot) {
-        if (_workers[slot].process > 0) {
-            waiting.push_back({_workers[slot].answers.get(), POLLIN, 0});
+        if (_workers[slot].isBusy) {
+            waiting.push_back({_workers[slot].channel.descriptor(), POLLIN, 0});
             slots.push_back(slot);
         }
     }
-    std::vector<EndedWorker> ended;
+    std::vector<EndedJob> ended;
     if (poll(waiting.data(), waiting.size(), milliseconds) <= 0)
         return ended;
     for (std::size_t i = 0; i < slots.size(); ++i)
@@ -111,30 +135,35 @@ std::vector<EndedWorker> WorkerPool::wait(int otherDescriptor, int milliseconds)
     return ended;
 }
 
-void WorkerPool::readAnswer(std::size_t slot, std::vector<EndedWorker>& ended) {
+void WorkerPool::readAnswer(std::size_t slot, std::vector<EndedJob>& ended) {
+    Worker& worker = _workers[slot];
     std::array<char, 65536> piece;
-    const ssize_t got = read(_workers[slot].answers.get(), piece.data(), piece.size());
+    const ssize_t got = read(worker.channel.descriptor(), piece.data(), piece.size());
     if (got > 0) {
-        const std::string_view bytes(piece.data(), static_cast<std::size_t>(got));
-        const bool isFirst = std::exchange(_workers[slot].isComputing, false);
-        _workers[slot].answer.append(isFirst ? bytes.substr(kComputedMark.size()) : bytes);
+        worker.answer.append({piece.data(), static_cast<std::size_t>(got)});
+        if (std::optional<std::string> answer = worker.answer.whole()) {
+            worker.isBusy = false;
+            ended.push_back({worker.job, slot, std::move(*answer), {}});
+        }
     } else if (got == 0 || errno != EINTR) {
-        ended.push_back(collect(slot));
+        const std::size_t job = worker.job;
+        ended.push_back({job, slot, {}, collect(worker)});
     }
 }
 
-EndedWorker WorkerPool::collect(std::size_t slot) {
-    Running running = std::exchange(_workers[slot], Running{});
+/// Waits for the process, which is ending, to end, and tells how it did.
+std::string WorkerPool::collect(Worker& worker) {
+    const Worker last = std::exchange(worker, Worker{});
     int status = 0;
-    while (waitpid(running.process, &status, 0) < 0 && errno == EINTR)
+    while (waitpid(last.process, &status, 0) < 0 && errno == EINTR)
         continue;
-    return {running.job, slot, std::move(running.answer), descriptionOfDeath(status)};
+    return descriptionOfDeath(status);
 }
 
 void WorkerPool::sendToAll(int signalNumber) const {
-    for (const Running& running : _workers)
-        if (running.process > 0)
-            kill(running.process, signalNumber);
+    for (const Worker& worker : _workers)
+        if (worker.process > 0)
+            kill(worker.process, signalNumber);
 }
 
 } // namespace brackwater
