@@ -68,6 +68,9 @@ TEST_F(TextFile, MayBeAPipeOrADeviceWithinATimeLimit) {
     });
     EXPECT_EQ(stringWithContentsOfFile(pipe), "ab");
     writer.join();
+    std::thread silentWriter([&] { std::ofstream file(pipe); });
+    EXPECT_EQ(stringWithContentsOfFile(pipe), "") << "an empty text";
+    silentWriter.join();
     EXPECT_EQ(bytesOfFile("/dev/zero", 1000, FileKinds::Any), std::nullopt);
     EXPECT_EQ(bytesOfFile("/dev/null", 1000, FileKinds::Any), "");
     EXPECT_EQ(bytesOfFile("/dev/null", 1000, FileKinds::Regular), std::nullopt);
