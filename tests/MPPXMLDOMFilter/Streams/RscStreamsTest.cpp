@@ -111,6 +111,15 @@ TEST_F(ResourceStreams, TheIndexHasAnotherOrderThanTheData) {
     EXPECT_TRUE(sameBytes(records.at(12).payload, ByteImage(4).integer(0, 2)));
 }
 
+TEST_F(ResourceStreams, TextFieldsHaveTypesByPosition) {
+    addResource("Ada").customFieldsText.assign(30, "x");
+    preprocess();
+    ASSERT_TRUE(writeResources()) << failureReason;
+    EXPECT_EQ(idsAndTypes(varRecords()),
+              "0:739 1:1 1:8 1:9 1:30 1:31 1:32 1:97 1:98 1:99 1:100 1:101 1:225 1:226 1:227 1:228 1:229 1:230 "
+              "1:231 1:232 1:233 1:234 1:235 1:236 1:237 1:238 1:239 1:240 1:241 1:242 1:243 1:244 1:85 1:739");
+}
+
 TEST_F(ResourceStreams, MetaFollowsWhatAResourceHas) {
     addResource("plain");
     MPPResource& full = addResource("full");
