@@ -220,6 +220,16 @@ TEST_F(TaskStreams, TextFieldsHaveTypesAndBitsByPosition) {
     EXPECT_TRUE(sameBytes(fixedMeta(kFirstTaskRow), expected));
 }
 
+TEST_F(TaskStreams, AllThirtyTextFieldsHaveTheirTypes) {
+    addTask("a").customFieldValues.assign(30, "x");
+    addTask("b");
+    preprocess();
+    ASSERT_TRUE(writeTasks()) << failureReason;
+    EXPECT_EQ(idsAndTypes(varRecords()),
+              "0:14 0:1252 1:14 1:51 1:54 1:57 1:60 1:63 1:66 1:67 1:68 1:69 1:70 1:317 1:318 1:319 1:320 1:321 1:322 "
+              "1:323 1:324 1:325 1:326 1:327 1:328 1:329 1:330 1:331 1:332 1:333 1:334 1:335 1:336 2:14");
+}
+
 TEST_F(TaskStreams, ABaselineHasSixElements) {
     MPPTask& task = addTask("a");
     addTask("b");
