@@ -24,8 +24,9 @@ namespace brackwater {
 namespace {
 
 constexpr std::string_view kTableOfContentsName = "__TOC.xml";
-constexpr std::ptrdiff_t kMostBaselines = 11;        // the first and ten more
-constexpr std::uintmax_t kWorthAThread = 128 * 1024; // bytes of all files; a thread costs as much as reading 64 KB
+constexpr std::ptrdiff_t kMostBaselines = 11; // the first and ten more
+constexpr std::uintmax_t kWorthAThread =
+    std::uintmax_t{128} * 1024; // bytes of all files; a thread costs as much as reading 64 KB
 
 /// `fault` names the file and what is wrong with it.
 [[noreturn]] void raiseLoadFailure(std::string fault) {
