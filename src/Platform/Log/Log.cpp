@@ -133,7 +133,7 @@ void logPieces(std::span<const std::string_view> pieces) {
         innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
 }
 
-char* beginLogLine(std::size_t size) noexcept {
+char* beginLogLine(std::size_t size) {
     if (innermostSink != nullptr || !thread.isRunning())
         return nullptr;
     prefix.advance();

@@ -19,7 +19,7 @@ void logPieces(std::span<const std::string_view> pieces);
 
 /// Room in the log's own buffer for a message of this size, which the caller fills and ends before it logs anything
 /// else. Null where somebody else receives the messages, or there is no such room at hand: logPieces always works.
-[[nodiscard]] char* beginLogLine(std::size_t size) noexcept;
+[[nodiscard]] char* beginLogLine(std::size_t size);
 void endLogLine() noexcept;
 
 /// Formats and logs one message, whatever its arguments' number and kinds.
