@@ -103,7 +103,18 @@ private:
         return Key{own->view(), parents->view()};
     }
 
-    [[nodiscard]] std::uint32_t headOf(const Key& key) const { return headOf(key, key.hash()); }
+    // Readers mostly ask in document order, so the entry behind the last answer is tried first: it lies at hand, while
+    // buckets and their entries are spread over the memory.
+    std::uint32_t headOf(const Key& key) {
+        if (_expected < _entries.size() && isHead(_entries[_expected]) && _entries[_expected].key == key)
+            return _expected++;
+        const std::uint32_t head = headOf(key, key.hash());
+        if (head != kNone)
+            _expected = head + 1;
+        return head;
+    }
+
+    static bool isHead(const Entry& entry) { return entry.lastOfValue != kNone; }
 
     [[nodiscard]] std::uint32_t headOf(const Key& key, std::uint32_t hash) const {
         return _table.find(_entries, hash, [&](const Entry& entry) { return entry.key == key; });
@@ -128,6 +139,7 @@ private:
     std::string _parentAttribute;
     std::vector<Entry> _entries;
     PlaceTable _table;
+    std::uint32_t _expected = 0;
 };
 
 XMLIndex::XMLIndex(Element* document) : _document(document) {}

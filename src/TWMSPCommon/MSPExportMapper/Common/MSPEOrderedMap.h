@@ -15,8 +15,9 @@ namespace brackwater {
 
 /// Values by key, in insertion order. A key is a number, a text owned by the map, or a view of a text that outlives it.
 ///
-/// Designed for the tables of large documents, which exceed the processor's caches: the entries lie side by side, and
-/// the hash table stores indexes, so it allocates no memory per entry.
+/// Designed for the tables of large documents, which exceed the processor's caches. Look-ups mostly follow insertion
+/// order, one or a few per key: the last entry found and its successor are tried before the hash table. The table
+/// stores indexes, so it allocates no memory per entry.
 template <typename Key, typename Value>
 class MSPEOrderedMap {
 public:
@@ -48,8 +49,12 @@ public:
 
     /// Null if the key is missing. The pointer stays valid.
     [[nodiscard]] const Value* find(KeyView key) const {
+        const std::size_t triedEnd = std::min<std::size_t>(_entries.size(), _lastPlace + 2);
+        for (std::size_t place = _lastPlace; place < triedEnd; ++place)
+            if (_entries[place].key == key)
+                return answer(place);
         const std::uint32_t place = placeOf(key, hashOf(key));
-        return place == kNone ? nullptr : &_entries[place].value;
+        return place == kNone ? nullptr : answer(place);
     }
 
     [[nodiscard]] Value* find(KeyView key) { return const_cast<Value*>(std::as_const(*this).find(key)); }
@@ -83,8 +88,14 @@ private:
             _table.add(_entries, place);
     }
 
+    const Value* answer(std::size_t place) const {
+        _lastPlace = place;
+        return &_entries[place].value;
+    }
+
     std::deque<Entry> _entries; ///< a deque: values keep their addresses
     PlaceTable _table;
+    mutable std::size_t _lastPlace = 0;
 };
 
 } // namespace brackwater
