@@ -9,7 +9,6 @@
 #include <bzlib.h>
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <utility>
@@ -28,8 +27,6 @@ constexpr std::size_t kPiece = std::size_t{64} << 10;
 constexpr gsf_off_t kLargestReadAtOnce = gsf_off_t{4} << 20;
 
 using Bytes = std::vector<std::uint8_t>;
-/// Bytes that the library can take over.
-using GBytesPointer = std::unique_ptr<guint8, decltype(&g_free)>;
 
 bool isRegularFile(const std::string& path) {
     struct stat status {};
@@ -53,10 +50,11 @@ GObjectPointer<GsfInput> readAtOnce(GObjectPointer<GsfInput> input) {
     const gsf_off_t size = gsf_input_size(input.get());
     if (size <= 0 || size > kLargestReadAtOnce)
         return input;
-    GBytesPointer bytes(static_cast<guint8*>(g_try_malloc(static_cast<gsize>(size))), g_free);
-    if (!bytes || gsf_input_read(input.get(), static_cast<std::size_t>(size), bytes.get()) == nullptr)
+    Bytes bytes(static_cast<std::size_t>(size));
+    const bool isRead = gsf_input_read(input.get(), bytes.size(), bytes.data()) != nullptr;
+    GObjectPointer<GsfInput> inMemory = isRead ? inputOfBytes(bytes) : nullptr;
+    if (!inMemory)
         return gsf_input_seek(input.get(), 0, G_SEEK_SET) ? nullptr : std::move(input);
-    GObjectPointer<GsfInput> inMemory(gsf_input_memory_new(bytes.release(), size, TRUE));
     gsf_input_set_name(inMemory.get(), gsf_input_name(input.get()));
     return inMemory;
 }

@@ -21,9 +21,8 @@ struct RequestMessage {
 };
 
 /// Room for one descriptor that is passed to another process.
-union PassedDescriptor {
-    cmsghdr alignment;
-    std::array<char, CMSG_SPACE(sizeof(int))> bytes;
+struct PassedDescriptor {
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> bytes{};
 };
 
 msghdr headOf(iovec& content) {
@@ -89,7 +88,7 @@ bool WorkerChannel::send(std::size_t job, const std::string& folder, int log) co
     std::ranges::copy(folder, message.folder.begin());
     iovec content{&message, sizeof message};
     msghdr head = headOf(content);
-    PassedDescriptor passed{};
+    PassedDescriptor passed;
     if (log >= 0)
         attach(log, passed, head);
     ssize_t sent = -1;
@@ -103,7 +102,7 @@ std::optional<WorkRequest> WorkerChannel::receive() const {
     RequestMessage message;
     iovec content{&message, sizeof message};
     msghdr head = headOf(content);
-    PassedDescriptor passed{};
+    PassedDescriptor passed;
     head.msg_control = passed.bytes.data();
     head.msg_controllen = passed.bytes.size();
     ssize_t got = -1;
