@@ -72,7 +72,7 @@ std::optional<std::string> WorkAnswer::whole() const {
     return _bytes.substr(begin);
 }
 
-std::pair<WorkerChannel, WorkerChannel> WorkerChannel::makePair() {
+WorkerChannelEnds makeWorkerChannel() {
     std::array<int, 2> ends{-1, -1};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
         return {};

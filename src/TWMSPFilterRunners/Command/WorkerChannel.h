@@ -37,9 +37,6 @@ public:
     WorkerChannel() = default;
     explicit WorkerChannel(FileDescriptor socket) noexcept : _socket(std::move(socket)) {}
 
-    /// The command's end and the worker's. Without a socket, with errno set, if the system has none.
-    [[nodiscard]] static std::pair<WorkerChannel, WorkerChannel> makePair();
-
     explicit operator bool() const noexcept { return static_cast<bool>(_socket); }
     [[nodiscard]] int descriptor() const noexcept { return _socket.get(); }
 
@@ -56,5 +53,14 @@ public:
 private:
     FileDescriptor _socket;
 };
+
+/// Both ends of a connection.
+struct WorkerChannelEnds {
+    WorkerChannel ofCommand;
+    WorkerChannel ofWorker;
+};
+
+/// Without sockets, with errno set, if the system has none.
+[[nodiscard]] WorkerChannelEnds makeWorkerChannel();
 
 } // namespace brackwater

@@ -96,17 +96,17 @@ bool WorkerPool::start(std::size_t slot, std::size_t job, const std::string& fol
 }
 
 bool WorkerPool::hire(std::size_t slot) {
-    auto [ours, workers] = WorkerChannel::makePair();
-    if (!ours)
+    WorkerChannelEnds ends = makeWorkerChannel();
+    if (!ends.ofCommand)
         return false;
     const pid_t command = getpid();
     const pid_t process = fork();
     if (process < 0)
         return false;
     if (process == 0)
-        serve(_work, slot, workers, command);
+        serve(_work, slot, ends.ofWorker, command);
     _workers[slot].process = process;
-    _workers[slot].channel = std::move(ours);
+    _workers[slot].channel = std::move(ends.ofCommand);
     return true;
 }
 
