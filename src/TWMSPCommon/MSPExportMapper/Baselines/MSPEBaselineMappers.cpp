@@ -27,8 +27,8 @@ namespace {
 
 enum class Child : std::size_t { StartDate, EndDate, Duration, Effort, StaticCost };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 5>{"start-date", "end-date", "duration", "effort",
-                                                                     "static-cost"});
+constexpr NameTable kChildNames(std::array<std::string_view, 5>{"start-date", "end-date", "duration", "effort",
+                                                                "static-cost"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Platform/Text/TextReadings.h"
+#include "Platform/Values/NameTable.h"
 #include "Platform/Xml/XMLElement.h"
 #include "TWMSPCommon/MSPCExtensions.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -13,43 +13,13 @@
 
 namespace brackwater {
 
-/// The child names that a reader looks up, in the order of its enumeration.
-template <std::size_t Count>
-class MSPEChildNames {
-public:
-    consteval explicit MSPEChildNames(const std::array<std::string_view, Count>& names) : _names(names) {
-        for (std::size_t i = 0; i < Count; ++i)
-            _sorted[i] = i;
-        std::sort(_sorted.begin(), _sorted.end(),
-                  [&](std::size_t a, std::size_t b) { return less(names[a], names[b]); });
-    }
-
-    [[nodiscard]] constexpr std::size_t size() const noexcept { return Count; }
-    [[nodiscard]] constexpr std::string_view operator[](std::size_t index) const noexcept { return _names[index]; }
-
-    /// The name's index; `Count` for any other name.
-    [[nodiscard]] std::size_t find(std::string_view name) const noexcept {
-        const auto place = std::lower_bound(_sorted.begin(), _sorted.end(), name,
-                                            [this](std::size_t i, std::string_view n) { return less(_names[i], n); });
-        return place != _sorted.end() && _names[*place] == name ? *place : Count;
-    }
-
-private:
-    static constexpr bool less(std::string_view a, std::string_view b) noexcept {
-        return a.size() != b.size() ? a.size() < b.size() : a < b;
-    }
-
-    std::array<std::string_view, Count> _names;
-    std::array<std::size_t, Count> _sorted{};
-};
-
 /// The children of a source element by name, found in one pass. Results match queries for each name: the last of
 /// several; the functions named "only" treat several as none.
 template <typename Name, std::size_t Count>
 class MSPEChildElements {
 public:
     /// `names` must outlive the object.
-    MSPEChildElements(XMLElement element, const MSPEChildNames<Count>& names) : _element(element), _names(names) {
+    MSPEChildElements(XMLElement element, const NameTable<Count>& names) : _element(element), _names(names) {
         for (auto child = element.firstChildElement(); child; child = child->nextSiblingElement()) {
             if (const std::size_t index = names.find(child->name()); index < Count) {
                 _found[index].last = child;
@@ -110,7 +80,7 @@ private:
     [[nodiscard]] XMLQuery query(Name name) const noexcept { return XMLQuery(_names[static_cast<std::size_t>(name)]); }
 
     XMLElement _element;
-    const MSPEChildNames<Count>& _names;
+    const NameTable<Count>& _names;
     std::array<Found, Count> _found{};
     mutable std::string _buffer;
 };

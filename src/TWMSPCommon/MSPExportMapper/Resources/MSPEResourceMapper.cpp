@@ -34,9 +34,9 @@ enum class Child : std::size_t {
     EmailAddress
 };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 9>{"name", "type", "units-available", "efficiency",
-                                                                     "note", "user-data", "cost-per-use",
-                                                                     "cost-per-hour", "email-address"});
+constexpr NameTable kChildNames(std::array<std::string_view, 9>{"name", "type", "units-available", "efficiency", "note",
+                                                                "user-data", "cost-per-use", "cost-per-hour",
+                                                                "email-address"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 

@@ -19,7 +19,7 @@ using ConstraintType = MSPETaskConstraint::Type;
 
 enum class Child : std::size_t { Type, CostPerHour, CostPerUse };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 3>{"type", "cost-per-hour", "cost-per-use"});
+constexpr NameTable kChildNames(std::array<std::string_view, 3>{"type", "cost-per-hour", "cost-per-use"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 

@@ -36,27 +36,27 @@ enum class Child : std::size_t {
     ChildTask
 };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 21>{"leveled-start",
-                                                                      "start-date",
-                                                                      "end-date",
-                                                                      "duration",
-                                                                      "schedule-type",
-                                                                      "priority",
-                                                                      "effort",
-                                                                      "effort-done",
-                                                                      "type",
-                                                                      "completion-percentage",
-                                                                      "locked-start-date",
-                                                                      "locked-end-date",
-                                                                      "start-no-earlier-than",
-                                                                      "end-no-earlier-than",
-                                                                      "start-no-later-than",
-                                                                      "end-no-later-than",
-                                                                      "start-constraint-date",
-                                                                      "end-constraint-date",
-                                                                      "recalculate",
-                                                                      "prerequisite-task",
-                                                                      "child-task"});
+constexpr NameTable kChildNames(std::array<std::string_view, 21>{"leveled-start",
+                                                                 "start-date",
+                                                                 "end-date",
+                                                                 "duration",
+                                                                 "schedule-type",
+                                                                 "priority",
+                                                                 "effort",
+                                                                 "effort-done",
+                                                                 "type",
+                                                                 "completion-percentage",
+                                                                 "locked-start-date",
+                                                                 "locked-end-date",
+                                                                 "start-no-earlier-than",
+                                                                 "end-no-earlier-than",
+                                                                 "start-no-later-than",
+                                                                 "end-no-later-than",
+                                                                 "start-constraint-date",
+                                                                 "end-constraint-date",
+                                                                 "recalculate",
+                                                                 "prerequisite-task",
+                                                                 "child-task"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 

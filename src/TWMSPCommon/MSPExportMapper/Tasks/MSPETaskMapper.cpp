@@ -32,8 +32,8 @@ using Info = MSPEScheduledTaskInfo;
 
 enum class Child : std::size_t { Title, Recalculate, StaticCost, Splittable, Note, UserData };
 
-constexpr MSPEChildNames kChildNames(std::array<std::string_view, 6>{"title", "recalculate", "static-cost",
-                                                                     "splittable", "note", "user-data"});
+constexpr NameTable kChildNames(std::array<std::string_view, 6>{"title", "recalculate", "static-cost", "splittable",
+                                                                "note", "user-data"});
 
 using Children = MSPEChildElements<Child, kChildNames.size()>;
 
