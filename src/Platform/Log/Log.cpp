@@ -134,13 +134,18 @@ void logPieces(std::span<const std::string_view> pieces) {
 }
 
 char* beginLogLine(std::size_t size) {
-    if (innermostSink != nullptr || !thread.isRunning())
+    if (innermostSink != nullptr)
+        return innermostSink->begin(size);
+    if (!thread.isRunning())
         return nullptr;
     prefix.advance();
     return thread.begin(prefix.text(), size);
 }
 
-void endLogLine() noexcept { thread.finish(); }
+void endLogLine() noexcept {
+    if (innermostSink == nullptr)
+        thread.finish();
+}
 
 void logFormatted(fmt::string_view text, fmt::format_args arguments) {
     if (!isLogRead({text.data(), text.size()}))
@@ -159,6 +164,8 @@ void flushLog() {
 LogSink::LogSink() : _outer(innermostSink) { innermostSink = this; }
 
 LogSink::~LogSink() { innermostSink = _outer; }
+
+LogSink* LogSink::innermost() noexcept { return innermostSink; }
 
 void LogSink::passOn(std::string_view text) const {
     if (_outer != nullptr)

@@ -17,8 +17,8 @@ void logLine(std::string_view text);
 /// Logs one message that stands in pieces, without putting them together first.
 void logPieces(std::span<const std::string_view> pieces);
 
-/// Room in the log's own buffer for a message of this size, which the caller fills and ends before it logs anything
-/// else. Null where somebody else receives the messages, or there is no such room at hand: logPieces always works.
+/// Room for a message of this size in the buffer that it goes to, which the caller fills and ends before it logs
+/// anything else. Null where there is no such room at hand: logPieces always works.
 [[nodiscard]] char* beginLogLine(std::size_t size);
 void endLogLine() noexcept;
 
@@ -53,6 +53,14 @@ public:
         return true;
     }
     virtual void receive(std::string_view text) = 0;
+    /// Room for a message of this size, which then counts as received. Null if it cannot be filled in place.
+    [[nodiscard]] virtual char* begin(std::size_t size) {
+        static_cast<void>(size);
+        return nullptr;
+    }
+
+    /// Where log lines of the calling thread go; null for standard error.
+    [[nodiscard]] static LogSink* innermost() noexcept;
 
 protected:
     /// Hands a message on to where it would have gone without this object.

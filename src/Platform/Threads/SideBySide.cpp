@@ -1,7 +1,7 @@
 #include "Platform/Threads/SideBySide.h"
 
 #include "Platform/Log/FatalSignals.h"
-#include "Platform/Log/Log.h"
+#include "Platform/Values/Processors.h"
 
 #include <algorithm>
 #include <system_error>
@@ -9,20 +9,7 @@
 
 namespace brackwater {
 
-namespace {
-
-class LineCollector : public LogSink {
-public:
-    explicit LineCollector(std::vector<std::string>& lines) : _lines(lines) {}
-    void receive(std::string_view text) override { _lines.emplace_back(text); }
-
-private:
-    std::vector<std::string>& _lines;
-};
-
-} // namespace
-
-SideBySide::SideBySide(std::vector<std::function<void()>> steps, int threads) {
+SideBySide::SideBySide(std::vector<std::function<void()>> steps, int threads) : _reader(LogSink::innermost()) {
     _steps.reserve(steps.size());
     for (std::function<void()>& step : steps)
         _steps.push_back({std::move(step), {}, nullptr});
@@ -42,7 +29,10 @@ void SideBySide::startThreads(std::size_t count) {
     const SignalsHeldBack heldBack;
     try {
         while (_threads.size() < count)
-            _threads.emplace_back([this] { work(); });
+            _threads.emplace_back([this, processor = currentProcessor()] {
+                leaveProcessor(processor);
+                work();
+            });
     } catch (const std::system_error&) {
         // Continues with the threads that could be started.
     }
@@ -51,12 +41,13 @@ void SideBySide::startThreads(std::size_t count) {
 void SideBySide::work() noexcept {
     for (std::size_t place = _next++; place < _steps.size(); place = _next++) {
         Step& step = _steps[place];
+        LogCollector log(_reader);
         try {
-            const LineCollector log(step.lines);
             step.action();
         } catch (...) {
             step.failure = std::current_exception();
         }
+        step.lines = log.take();
     }
 }
 
@@ -75,8 +66,7 @@ void SideBySide::take(std::size_t place) {
     }
     if (!_areDone)
         step.action();
-    for (const std::string& line : std::exchange(step.lines, {}))
-        logLine(std::string_view(line));
+    std::exchange(step.lines, {}).log();
     if (step.failure)
         std::rethrow_exception(std::exchange(step.failure, nullptr));
 }

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Platform/Log/LogCollector.h"
+
 #include <atomic>
 #include <cstddef>
 #include <exception>
 #include <functional>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -31,7 +32,7 @@ public:
 private:
     struct Step {
         std::function<void()> action;
-        std::vector<std::string> lines;
+        CollectedLines lines;
         std::exception_ptr failure;
     };
 
@@ -39,6 +40,7 @@ private:
     void work() noexcept;
     void joinThreads();
 
+    const LogSink* _reader; ///< of the log lines
     std::vector<Step> _steps;
     std::atomic<std::size_t> _next = 0; ///< the next step to start
     std::vector<std::thread> _threads;
