@@ -99,7 +99,7 @@ bool MSPEMPPExporter::exportCheckedBundle(const FileURL& bundleUrl, NumberedPath
     begin(ExportPhase::Mapping);
     _info[std::string(kInfoMPPTemplateUrl)] = templateUrl.absoluteString();
     // The source documents go into the mapping and are freed with it: writing needs the project only.
-    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl, _mode, _progress);
+    const MappedProject mapped = mapSourceDocuments(std::move(documents), templateUrl, _mode, _progress, _threads);
     logLine("mspdiXmlDoc: {}", mapped.project ? "<MSPEXMLDocumentAdapter>" : "(null)");
     if (!mapped.project) {
         warnOfFailure(fmt::format("No scenario was mapped. {}", mapped.notMappedReason));

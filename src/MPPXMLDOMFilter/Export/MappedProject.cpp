@@ -22,11 +22,12 @@ std::string missingScenario(const std::optional<std::string>& editingScenarioId)
 } // namespace
 
 MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl, ExportMode mode,
-                                 ExportProgress* progress) {
+                                 ExportProgress* progress, int threads) {
     const bool hasMainDocument = documents.mainDocument != nullptr;
     MSPEMapper mapper(std::move(documents.mainDocument), std::move(documents.tableOfContents),
                       std::move(documents.baselines), templateUrl, mode == ExportMode::Corrected);
     mapper.setProgress(progress);
+    mapper.setThreads(threads);
     mapper.map();
     if (const auto& mapped = mapper.mspdiXmlDoc())
         return {mapped->rootElement()->mppDomObject(), {}};

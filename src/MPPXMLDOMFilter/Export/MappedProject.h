@@ -18,8 +18,9 @@ struct MappedProject {
 };
 
 /// Maps the documents and frees them. The records keep the source's values where the mode asks for corrections.
-/// `progress` may be null. Raises what the mapping raises.
+/// `progress` may be null; `threads` is how many may work at once, the caller's included. Raises what the mapping
+/// raises.
 [[nodiscard]] MappedProject mapSourceDocuments(MSPESourceDocuments documents, const FileURL& templateUrl,
-                                               ExportMode mode, ExportProgress* progress = nullptr);
+                                               ExportMode mode, ExportProgress* progress = nullptr, int threads = 1);
 
 } // namespace brackwater

@@ -14,8 +14,8 @@ public:
     ExportProgress(const ExportProgress&) = delete;
     ExportProgress& operator=(const ExportProgress&) = delete;
 
-    /// `done` steps of `all` of the phase are done; both 0 where the steps are not known. Called for every task: must
-    /// be quick.
+    /// `done` steps of `all` of the phase are done; both 0 where the steps are not known. Called for every few tasks:
+    /// must be quick.
     virtual void advance(ExportPhase phase, std::size_t done, std::size_t all) = 0;
 };
 

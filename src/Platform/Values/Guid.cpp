@@ -45,7 +45,7 @@ private:
 } // namespace
 
 Guid Guid::random() {
-    static RandomPool pool;
+    static thread_local RandomPool pool;
     Bytes bytes = pool.take();
     bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40); // version 4: random
     bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80); // variant of RFC 4122

@@ -3,7 +3,7 @@
 namespace brackwater {
 
 ProcessState& processState() noexcept {
-    static constinit ProcessState state;
+    static constinit thread_local ProcessState state;
     return state;
 }
 

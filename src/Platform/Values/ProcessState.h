@@ -5,7 +5,8 @@
 namespace brackwater {
 
 /// What an export leaves to the next one of its process, and the output or the log shows. Whoever wants an export to be
-/// as the first of its process assigns a new one before. Of the thread that exports.
+/// as the first of its process assigns a new one before. The thread that exports has the one that counts; a helper
+/// thread has its own.
 struct ProcessState {
     std::uint64_t links = 0; ///< made so far; each is the ID of its link
     /// The next dated work week's number, in each layout.

@@ -1,5 +1,6 @@
 #include "Platform/Xml/XMLIndex.h"
 
+#include "Platform/Values/PerThread.h"
 #include "Platform/Values/PlaceTable.h"
 #include "Platform/Xml/XMLTree.h"
 
@@ -18,8 +19,8 @@ using namespace xmltree;
 // the first element of a value heads the chain of all that share it and is the one that hangs in a bucket.
 class XMLIndex::Table {
 public:
-    Table(const XMLQuery& query, const Element* document)
-        : _form(query.form()), _name(query.name()), _attribute(query.attribute()),
+    Table(const XMLQuery& query, const Element* document, std::unique_ptr<const Table> older)
+        : _older(std::move(older)), _form(query.form()), _name(query.name()), _attribute(query.attribute()),
           _parentAttribute(query.parentAttribute()) {
         if (Element* root = elementFrom(document->first()))
             collect(root);
@@ -28,19 +29,22 @@ public:
             insert(index);
     }
 
+    /// The one built before.
+    [[nodiscard]] const Table* older() const noexcept { return _older.get(); }
+
     [[nodiscard]] bool answers(const XMLQuery& query) const {
         return query.form() == _form && query.name() == _name && query.attribute() == _attribute &&
                query.parentAttribute() == _parentAttribute;
     }
 
-    [[nodiscard]] LastFound lastFound(const XMLQuery& query) {
+    [[nodiscard]] LastFound lastFound(const XMLQuery& query) const {
         const std::uint32_t head = headOf(Key{query.value(), query.parentValue()});
         if (head == kNone)
             return {};
         return {_entries[head].count, _entries[_entries[head].lastOfValue].element};
     }
 
-    [[nodiscard]] std::vector<Element*> allFound(const XMLQuery& query) {
+    [[nodiscard]] std::vector<Element*> allFound(const XMLQuery& query) const {
         std::vector<Element*> found;
         for (std::uint32_t index = headOf(Key{query.value(), query.parentValue()}); index != kNone;
              index = _entries[index].nextOfValue)
@@ -105,12 +109,13 @@ private:
 
     // Readers mostly ask in document order, so the entry behind the last answer is tried first: it lies at hand, while
     // buckets and their entries are spread over the memory.
-    std::uint32_t headOf(const Key& key) {
-        if (_expected < _entries.size() && isHead(_entries[_expected]) && _entries[_expected].key == key)
-            return _expected++;
+    [[nodiscard]] std::uint32_t headOf(const Key& key) const {
+        std::uint32_t& expected = _expected.own();
+        if (expected < _entries.size() && isHead(_entries[expected]) && _entries[expected].key == key)
+            return expected++;
         const std::uint32_t head = headOf(key, key.hash());
         if (head != kNone)
-            _expected = head + 1;
+            expected = head + 1;
         return head;
     }
 
@@ -133,13 +138,14 @@ private:
         ++_entries[head].count;
     }
 
+    std::unique_ptr<const Table> _older;
     XMLQuery::Form _form;
     std::string _name;
     std::string _attribute;
     std::string _parentAttribute;
     std::vector<Entry> _entries;
     PlaceTable _table;
-    std::uint32_t _expected = 0;
+    mutable PerThread<std::uint32_t> _expected;
 };
 
 XMLIndex::XMLIndex(Element* document) : _document(document) {}
@@ -150,13 +156,27 @@ XMLIndex::LastFound XMLIndex::lastFound(const XMLQuery& query) { return tableFor
 
 std::vector<Element*> XMLIndex::allFound(const XMLQuery& query) { return tableFor(query).allFound(query); }
 
-void XMLIndex::clear() { _tables.clear(); }
+void XMLIndex::clear() {
+    _newest = nullptr;
+    _tables.reset();
+}
 
-XMLIndex::Table& XMLIndex::tableFor(const XMLQuery& query) {
-    for (const auto& table : _tables)
+const XMLIndex::Table* XMLIndex::existingTableFor(const XMLQuery& query) const noexcept {
+    for (const Table* table = _newest.load(std::memory_order_acquire); table != nullptr; table = table->older())
         if (table->answers(query))
-            return *table;
-    return *_tables.emplace_back(std::make_unique<Table>(query, _document));
+            return table;
+    return nullptr;
+}
+
+const XMLIndex::Table& XMLIndex::tableFor(const XMLQuery& query) {
+    if (const Table* table = existingTableFor(query))
+        return *table;
+    const std::lock_guard lock(_building);
+    if (const Table* table = existingTableFor(query)) // built while this thread waited
+        return *table;
+    _tables = std::make_unique<const Table>(query, _document, std::move(_tables));
+    _newest.store(_tables.get(), std::memory_order_release);
+    return *_tables;
 }
 
 } // namespace brackwater

@@ -2,8 +2,10 @@
 
 #include "Platform/Xml/XMLQuery.h"
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace brackwater {
@@ -15,7 +17,8 @@ struct Element;
 /// Elements of a document by the values of their attributes, for the two forms of query that name a value:
 /// NAME[@A='V'] relative to the root, and //NAME[@A='V' and ../@B='W']. For each combination of names that is asked for
 /// one table is built at the first question, in one pass over the tree; later questions cost the same whatever the
-/// document's size. The tables hold no copies of names or values.
+/// document's size. The tables hold no copies of names or values. The thread that exports and its helper may ask at the
+/// same time.
 class XMLIndex {
 public:
     /// `document` is the node above the root.
@@ -38,10 +41,13 @@ public:
 
 private:
     class Table;
-    Table& tableFor(const XMLQuery& query);
+    [[nodiscard]] const Table* existingTableFor(const XMLQuery& query) const noexcept;
+    const Table& tableFor(const XMLQuery& query);
 
     xmltree::Element* _document;
-    std::vector<std::unique_ptr<Table>> _tables;
+    std::mutex _building;
+    std::unique_ptr<const Table> _tables; ///< the newest, which owns the others
+    std::atomic<const Table*> _newest = nullptr;
 };
 
 } // namespace brackwater

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Values/PerThread.h"
 #include "Platform/Values/PlaceTable.h"
 
 #include <algorithm>
@@ -18,6 +19,7 @@ namespace brackwater {
 /// Designed for the tables of large documents, which exceed the processor's caches. Look-ups mostly follow insertion
 /// order, one or a few per key: the last entry found and its successor are tried before the hash table. The table
 /// stores indexes, so it allocates no memory per entry.
+/// The thread that exports and its helper may look up at the same time.
 template <typename Key, typename Value>
 class MSPEOrderedMap {
 public:
@@ -49,8 +51,9 @@ public:
 
     /// Null if the key is missing. The pointer stays valid.
     [[nodiscard]] const Value* find(KeyView key) const {
-        const std::size_t triedEnd = std::min<std::size_t>(_entries.size(), _lastPlace + 2);
-        for (std::size_t place = _lastPlace; place < triedEnd; ++place)
+        const std::size_t last = _lastPlace.own();
+        const std::size_t triedEnd = std::min<std::size_t>(_entries.size(), last + 2);
+        for (std::size_t place = last; place < triedEnd; ++place)
             if (_entries[place].key == key)
                 return answer(place);
         const std::uint32_t place = placeOf(key, hashOf(key));
@@ -89,13 +92,13 @@ private:
     }
 
     const Value* answer(std::size_t place) const {
-        _lastPlace = place;
+        _lastPlace.own() = place;
         return &_entries[place].value;
     }
 
     std::deque<Entry> _entries; ///< a deque: values keep their addresses
     PlaceTable _table;
-    mutable std::size_t _lastPlace = 0;
+    mutable PerThread<std::size_t> _lastPlace;
 };
 
 } // namespace brackwater

@@ -41,8 +41,10 @@ std::string MSPEIdMapper::resourceUIDFromZelbResourceId(std::optional<std::strin
 std::string MSPEIdMapper::taskUIDFromZelbId(std::optional<std::string_view> id) const {
     if (!id || id->empty())
         return {};
-    assertThat(id->starts_with(kTaskPrefix), "Invalid format of ZELB Task ID (must begin with 't'): {}", *id);
+    assertThat(isTaskId(*id), "Invalid format of ZELB Task ID (must begin with 't'): {}", *id);
     return uidFromId(*id, _topTaskId);
 }
+
+bool MSPEIdMapper::isTaskId(std::string_view id) { return id.empty() || id.starts_with(kTaskPrefix); }
 
 } // namespace brackwater

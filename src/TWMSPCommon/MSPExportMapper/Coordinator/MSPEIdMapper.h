@@ -16,6 +16,8 @@ public:
     /// empty id. Raises if the prefix is wrong.
     [[nodiscard]] std::string resourceUIDFromZelbResourceId(std::optional<std::string_view> id) const;
     [[nodiscard]] std::string taskUIDFromZelbId(std::optional<std::string_view> id) const;
+    /// Whether the call above does not raise.
+    [[nodiscard]] static bool isTaskId(std::string_view id);
 
 private:
     std::string _topResourceId;

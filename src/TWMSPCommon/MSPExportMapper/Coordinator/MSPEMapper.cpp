@@ -22,15 +22,17 @@ constexpr std::string_view kNamespacePath = "/namespace/Tarnwick/v2";
 constexpr std::string_view kApplicationVersion = "2.x";
 constexpr int kUnknownFormat = 0;
 constexpr int kAssumedFormat = 3;
+// Below, what a second thread does is hardly more than what it costs.
+constexpr std::size_t kTasksWorthAHelper = 3000;
 
-// The next number for each kind of record.
+// The next number for each kind of record, of a thread.
 struct Counters {
     std::int64_t taskID = 0;
     std::int64_t resourceID = 0;
     std::int64_t assignmentUID = 1;
     std::int64_t calendarUID = 1;
 };
-Counters counters;
+constinit thread_local Counters counters;
 
 int formatOfTemplate(const std::optional<FileURL>& templateUrl) {
     const int version = templateUrl ? formatVersionOfTemplateAtUrl(*templateUrl) : kUnknownFormat;
@@ -120,17 +122,30 @@ std::string MSPEMapper::faultOfRoot() const {
     return {};
 }
 
-void MSPEMapper::setMspdiProject(std::shared_ptr<MSPEXMLProjectAdapter> project) { _mspdiProject = std::move(project); }
+bool MSPEMapper::isWorthAHelper(std::size_t tasks) const noexcept {
+    return _threads > 1 && tasks >= kTasksWorthAHelper;
+}
+
+void MSPEMapper::setMspdiProject(std::shared_ptr<MSPEXMLProjectAdapter> project) {
+    _growing.own().project = std::move(project);
+}
 
 void MSPEMapper::setIdMapper(std::unique_ptr<MSPEIdMapper> idMapper) { _idMapper = std::move(idMapper); }
 
 void MSPEMapper::addConstraint(std::shared_ptr<MPPConstraint> constraint) {
-    _constraints.push_back(std::move(constraint));
+    _growing.own().constraints.push_back(std::move(constraint));
 }
+
+MSPEMapper::Constraints MSPEMapper::takeConstraints() noexcept { return std::exchange(_growing.own().constraints, {}); }
 
 std::int64_t MSPEMapper::nextTaskID() { return counters.taskID++; }
 std::int64_t MSPEMapper::nextResourceID() { return counters.resourceID++; }
 std::int64_t MSPEMapper::nextAssignmentUID() { return counters.assignmentUID++; }
 std::int64_t MSPEMapper::nextCalendarUID() { return counters.calendarUID++; }
+
+void MSPEMapper::continueWith(std::int64_t taskID, std::int64_t assignmentUID) noexcept {
+    counters.taskID = taskID;
+    counters.assignmentUID = assignmentUID;
+}
 
 } // namespace brackwater

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Files/FileURL.h"
+#include "Platform/Values/PerThread.h"
 
 #include <cstdint>
 #include <memory>
@@ -21,7 +22,8 @@ class XMLDocument;
 class XMLElement;
 struct MPPConstraint;
 
-/// The hub of one export: holds the source documents, the growing result, and the sub-mappers' shared state.
+/// The hub of one export: holds the source documents, the growing result, and the sub-mappers' shared state. While a
+/// helper thread maps tasks ahead, it has a project, links and counters of its own; it changes nothing else.
 class MSPEMapper {
 public:
     /// `zelbXmlDoc` may be null (no scenario matched the edited one); nothing is mapped then. A document's index in
@@ -52,8 +54,15 @@ public:
     [[nodiscard]] ExportProgress* progress() const noexcept { return _progress; }
     void setProgress(ExportProgress* progress) noexcept { _progress = progress; }
 
-    /// The root element; null until the project mapper creates it.
-    [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept { return _mspdiProject; }
+    /// On how many threads it may work at once, the caller's included. The result and the log are the same for any
+    /// number.
+    [[nodiscard]] bool isWorthAHelper(std::size_t tasks) const noexcept;
+    void setThreads(int threads) noexcept { _threads = threads; }
+
+    /// The calling thread's root element; null until the project mapper creates it.
+    [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept {
+        return _growing.own().project;
+    }
     void setMspdiProject(std::shared_ptr<MSPEXMLProjectAdapter> project);
     /// Null until the project mapper sets it.
     [[nodiscard]] const MSPEIdMapper* idMapper() const noexcept { return _idMapper.get(); }
@@ -62,19 +71,29 @@ public:
     [[nodiscard]] MSPEProjectMapper* projectMapper() const noexcept { return _projectMapper.get(); }
     [[nodiscard]] MSPECalendarMapper* calendarMapper() const noexcept { return _calendarMapper.get(); }
 
-    /// Every link record, in order of creation.
-    [[nodiscard]] const std::vector<std::shared_ptr<MPPConstraint>>& constraints() const noexcept {
-        return _constraints;
-    }
-    void addConstraint(std::shared_ptr<MPPConstraint> constraint);
+    using Constraints = std::vector<std::shared_ptr<MPPConstraint>>;
 
-    // Each returns the counter's value and then adds 1. Tasks and resources count from 0, the others from 1.
+    /// Every link record of the calling thread, in order of creation.
+    [[nodiscard]] const Constraints& constraints() const noexcept { return _growing.own().constraints; }
+    void addConstraint(std::shared_ptr<MPPConstraint> constraint);
+    /// Takes the records of the calling thread.
+    [[nodiscard]] Constraints takeConstraints() noexcept;
+
+    // Counters of the calling thread. Each returns the counter's value and then adds 1. Tasks and resources count from
+    // 0, the others from 1.
     [[nodiscard]] static std::int64_t nextTaskID();
     [[nodiscard]] static std::int64_t nextResourceID();
     [[nodiscard]] static std::int64_t nextAssignmentUID();
     [[nodiscard]] static std::int64_t nextCalendarUID();
+    /// Lets the two counters of tasks go on from elsewhere.
+    static void continueWith(std::int64_t taskID, std::int64_t assignmentUID) noexcept;
 
 private:
+    struct Growing {
+        std::shared_ptr<MSPEXMLProjectAdapter> project;
+        Constraints constraints;
+    };
+
     [[nodiscard]] std::string faultOfRoot() const;
 
     std::shared_ptr<XMLDocument> _zelbXmlDoc;
@@ -85,11 +104,11 @@ private:
     ExportProgress* _progress = nullptr;
     std::string _notMappedReason;
     std::shared_ptr<MSPEXMLDocumentAdapter> _mspdiXmlDoc;
-    std::shared_ptr<MSPEXMLProjectAdapter> _mspdiProject;
     std::unique_ptr<MSPEIdMapper> _idMapper;
     std::unique_ptr<MSPEProjectMapper> _projectMapper;
     std::unique_ptr<MSPECalendarMapper> _calendarMapper;
-    std::vector<std::shared_ptr<MPPConstraint>> _constraints;
+    int _threads = 1;
+    PerThread<Growing> _growing;
 };
 
 } // namespace brackwater

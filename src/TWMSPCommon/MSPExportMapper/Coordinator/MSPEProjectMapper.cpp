@@ -4,6 +4,7 @@
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLProjectAdapter.h"
 #include "MPPXMLDOMFilter/Adapters/MSPEXMLResourceAdapter.h"
 #include "Platform/Log/Log.h"
+#include "Platform/Threads/BlocksAhead.h"
 #include "Platform/Values/Exception.h"
 #include "Platform/Xml/XMLDocument.h"
 #include "TWMSPCommon/MSPCExtensions.h"
@@ -15,7 +16,7 @@
 #include "TWMSPCommon/MSPExportMapper/Coordinator/MSPEPostProcessor.h"
 #include "TWMSPCommon/MSPExportMapper/Resources/MSPEResourceMapper.h"
 #include "TWMSPCommon/MSPExportMapper/Resources/MSPEResourceTreeWalk.h"
-#include "TWMSPCommon/MSPExportMapper/Tasks/MSPETaskTreeWalk.h"
+#include "TWMSPCommon/MSPExportMapper/Tasks/MSPETaskPass.h"
 #include "TWMSPCommon/MSPImportMapper/MSPIUtilities.h"
 
 #include <algorithm>
@@ -114,12 +115,26 @@ void MSPEProjectMapper::addCurrency() {
 }
 
 void MSPEProjectMapper::indexTasks() {
-    forEachChildElement(_zelbScenario, "task", [this](XMLElement element) {
-        const MSPEScheduledTaskInfo* info = &_taskInfos.emplace_back(element);
-        // If several tasks have the same id, the last one counts.
-        _scheduledTasks.set(info->uid(), info);
-        _hasLinks = _hasLinks || !info->prerequisites().empty();
-    });
+    std::vector<XMLElement> elements;
+    forEachChildElement(_zelbScenario, "task", [&elements](XMLElement element) { elements.push_back(element); });
+    _numberOfTasks = elements.size();
+    const Blocks blocks(elements.size());
+    _taskInfos.resize(blocks.count());
+    const auto read = [&](std::size_t block) {
+        _taskInfos[block].reserve(blocks.endOf(block) - blocks.beginOf(block));
+        for (std::size_t place = blocks.beginOf(block); place < blocks.endOf(block); ++place)
+            _taskInfos[block].emplace_back(elements[place]);
+    };
+    BlocksAhead ahead(blocks, mapper()->isWorthAHelper(elements.size()), read);
+    for (std::size_t block = 0; block < blocks.count(); ++block) {
+        if (!ahead.take(block))
+            read(block);
+        for (const MSPEScheduledTaskInfo& info : _taskInfos[block]) {
+            // If several tasks have the same id, the last one counts.
+            _scheduledTasks.set(info.uid(), &info);
+            _hasLinks = _hasLinks || !info.prerequisites().empty();
+        }
+    }
 }
 
 void MSPEProjectMapper::findPriorityRange() {
@@ -150,9 +165,9 @@ void MSPEProjectMapper::mapResources(MSPEXMLAdapter& resources) {
 }
 
 void MSPEProjectMapper::mapTasks(MSPEXMLAdapter& tasks, MSPEXMLAdapter& assignments) {
-    logLine("Mapping {} Tasks ...", _taskInfos.size());
+    logLine("Mapping {} Tasks ...", _numberOfTasks);
     const auto top = singleObjectForXQuery(_zelbScenario, XMLQuery::childWithValue("task", "id", _topTaskId));
-    MSPETaskTreeWalk(mapper(), _zelbScenario, tasks, assignments).walkFrom(top);
+    MSPETaskPass(mapper(), _zelbScenario).mapTasksFrom(top, tasks, assignments);
 }
 
 MSPEProjectMapper& MSPEProjectMapper::ofMapper(MSPEMapper* mapper) {
@@ -168,14 +183,17 @@ const MSPEScheduledTaskInfo& MSPEProjectMapper::scheduledTaskWithId(std::string_
 }
 
 const MSPETaskDates& MSPEProjectMapper::datesOfTask(const MSPEScheduledTaskInfo& info) {
-    if (_datedTask != &info) {
-        _dates.emplace(info);
-        _datedTask = &info;
+    DatedTask& last = _datedTask.own();
+    if (last.info != &info) {
+        last.dates.emplace(info);
+        last.info = &info;
     }
-    return *_dates;
+    return *last.dates;
 }
 
 bool MSPEProjectMapper::registerTask(std::string_view uid, std::int64_t number) {
+    if (const std::int64_t* const present = _taskUidToIdMap.find(uid))
+        return *present == number;
     return _taskUidToIdMap.tryAdd(uid, number);
 }
 

@@ -1,17 +1,19 @@
 #pragma once
 
+#include "Platform/Values/PerThread.h"
 #include "Platform/Xml/XMLElement.h"
 #include "TWMSPCommon/MSPExportMapper/Common/MSPEObjectMapperBase.h"
 #include "TWMSPCommon/MSPExportMapper/Common/MSPEOrderedMap.h"
 #include "TWMSPCommon/MSPExportMapper/Tasks/MSPEScheduledTaskInfo.h"
 #include "TWMSPCommon/MSPExportMapper/Tasks/MSPETaskDates.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brackwater {
 
@@ -50,13 +52,18 @@ public:
     [[nodiscard]] static MSPEProjectMapper& ofMapper(MSPEMapper* mapper);
     /// Raises if the document has no task with that id.
     [[nodiscard]] const MSPEScheduledTaskInfo& scheduledTaskWithId(std::string_view id) const;
-    /// A task's dates as texts. They are cached until the next task: a task's assignments follow the task.
+    /// A task's dates as texts. Each thread caches them until its next task: a task's assignments follow the task.
     [[nodiscard]] const MSPETaskDates& datesOfTask(const MSPEScheduledTaskInfo& info);
-    /// Both register a UID with its ID; false if the UID is taken.
+    /// Both register a UID with its ID; false if the UID is taken. A task may be registered ahead, and then again.
     [[nodiscard]] bool registerTask(std::string_view uid, std::int64_t number);
     [[nodiscard]] bool registerResource(std::string_view uid, std::int64_t number);
 
 private:
+    struct DatedTask {
+        const MSPEScheduledTaskInfo* info = nullptr;
+        std::optional<MSPETaskDates> dates;
+    };
+
     void addHeader();
     void createIdMapper();
     void addDates();
@@ -78,15 +85,15 @@ private:
     std::string _zelbProjectFinishDate;
     std::int64_t _minTaskPriority = 0;
     std::int64_t _maxTaskPriority = 0;
-    std::deque<MSPEScheduledTaskInfo> _taskInfos;
+    std::size_t _numberOfTasks = 0;
+    std::vector<std::vector<MSPEScheduledTaskInfo>> _taskInfos; ///< in blocks
     ScheduledTasks _scheduledTasks;
     UidToIdMap _taskUidToIdMap;
     UidToIdMap _resourceUidToIdMap;
 
     std::shared_ptr<MSPEXMLProjectAdapter> _project;
     bool _hasLinks = false;
-    const MSPEScheduledTaskInfo* _datedTask = nullptr;
-    std::optional<MSPETaskDates> _dates;
+    PerThread<DatedTask> _datedTask;
 };
 
 } // namespace brackwater
