@@ -1,3 +1,5 @@
+#include "MPPXMLDOMFilter/Corrections/AssignmentIndex.h"
+#include "MPPXMLDOMFilter/Corrections/Baselines.h"
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
 #include "MPPXMLDOMFilter/Corrections/GuidOrder.h"
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
@@ -7,6 +9,29 @@
 
 namespace brackwater::test {
 namespace {
+
+TEST(Baselines, OnlySummariesOfTheBaselineGetTotals) {
+    MPPProject project;
+    const auto add = [&project](MPPTask* parent, bool isInBaseline) {
+        const auto& task = project.tasks.emplace_back(std::make_shared<MPPTask>());
+        task->ID = project.tasks.size() - 1;
+        task->parent = parent;
+        if (isInBaseline) {
+            task->baseline0 = std::make_shared<MPPTaskBaseline>();
+            task->baseline0->work = 8;
+            task->baseline0->cost = 300;
+        }
+        return task.get();
+    };
+    MPPTask* const top = add(nullptr, false);
+    MPPTask* const group = add(top, true);
+    add(group, true);
+    add(add(group, false), true);
+    correctBaselines(project, AssignmentIndex(project));
+    EXPECT_EQ(top->baseline0, nullptr);
+    EXPECT_EQ(group->baseline0->work, 16);
+    EXPECT_EQ(group->baseline0->cost, 600);
+}
 
 TEST(GuidOrder, FirstThreeGroupsOfEveryRecordAreSwappedOnce) {
     MPPProject project;

@@ -91,6 +91,8 @@ TEST_F(SplitTasks, ActualAndRemainingWorkAreSpreadOverThePieces) {
         {"efforts of their own", 24, 6, 0, 30, start, start, "0 in 0",
          "30 in 36, 24@15000 to 16, 24@0 to 24, 30@5000 to 36"},
         {"no efforts", 0, 0, 0, 14, start, start, "0 in 0", "14 in 36, 8@5000 to 16, 8@0 to 24, 14@5000 to 36"},
+        {"less than an hour", 16, 12, 0, 0.7, start, start, "0 in 0",
+         "0.7 in 36, 0.4@250 to 16, 0.4@0 to 24, 0.7@250 to 36"},
         {"within the first piece", 16, 12, 8, 20, march(1, 16), march(2, 8), "8 in 8, 8@10000 to 8",
          "20 in 28, 8@10000 to 8, 8@0 to 16, 20@10000 to 28"},
         {"at the pause", 16, 12, 16, 12, march(2, 16), march(4, 8), "16 in 16, 16@10000 to 16", "12 in 12"},
