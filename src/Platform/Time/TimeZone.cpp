@@ -33,9 +33,9 @@ SharedRules rulesOfZone(std::unique_ptr<icu::TimeZone> zone) {
     return std::make_shared<TimeZone::Rules>(std::unique_ptr<icu::BasicTimeZone>(basic));
 }
 
-/// The rules of a zone in ICU's table, or null. Each zone is loaded once.
+/// The rules of a zone in ICU's table, or null. Each thread loads each zone once.
 SharedRules rulesWithName(const std::string& name) {
-    static std::unordered_map<std::string, SharedRules> known;
+    thread_local std::unordered_map<std::string, SharedRules> known;
     const auto found = known.find(name);
     if (found != known.end())
         return found->second;
@@ -89,20 +89,20 @@ constinit const TimeZone* heldSystemZone = nullptr;
 
 TimeZone::TimeZone(std::shared_ptr<const Rules> rules) : _rules(std::move(rules)) {}
 
-TimeZone TimeZone::system() {
+const TimeZone& TimeZone::system() {
     if (heldSystemZone != nullptr)
         return *heldSystemZone;
     struct Present {
         bool fromTZ = false;
         std::string tz;
-        SharedRules rules;
+        std::optional<TimeZone> zone;
     };
-    static Present present;
+    thread_local Present present;
     const char* tz = std::getenv("TZ");
-    const bool same = present.rules && present.fromTZ == (tz != nullptr) && (!tz || present.tz == tz);
+    const bool same = present.zone && present.fromTZ == (tz != nullptr) && (!tz || present.tz == tz);
     if (!same)
-        present = tz ? Present{true, tz, rulesFromTZ(tz)} : Present{false, {}, rulesOfMachine()};
-    return TimeZone(present.rules);
+        present = tz ? Present{true, tz, TimeZone(rulesFromTZ(tz))} : Present{false, {}, TimeZone(rulesOfMachine())};
+    return *present.zone;
 }
 
 SystemTimeZoneHold::SystemTimeZoneHold() : _zone(TimeZone::system()), _outer(heldSystemZone) {

@@ -13,8 +13,9 @@ namespace brackwater {
 class TimeZone {
 public:
     /// The system zone: from TZ (a zone name, the path of a zone file, or a POSIX rule), or the machine's setting if TZ
-    /// is not set. Follows changes of TZ. A TZ that names no zone means UTC, as in the C library.
-    [[nodiscard]] static TimeZone system();
+    /// is not set. Follows changes of TZ. A TZ that names no zone means UTC, as in the C library. The reference is good
+    /// until this thread asks again, or until the hold ends that answers.
+    [[nodiscard]] static const TimeZone& system();
     [[nodiscard]] static TimeZone forSecondsFromGMT(std::int64_t seconds);
     [[nodiscard]] static std::optional<TimeZone> withName(const std::string& name);
 
@@ -38,8 +39,8 @@ private:
     std::shared_ptr<const Rules> _rules;
 };
 
-/// Freezes the system zone for its lifetime: an export needs it several times per date, and each lookup searches the
-/// whole environment.
+/// Freezes the system zone for its lifetime, for all threads: an export needs it several times per date, and each
+/// lookup searches the whole environment. No other thread may read dates while a hold begins or ends.
 class SystemTimeZoneHold {
 public:
     SystemTimeZoneHold();

@@ -198,7 +198,7 @@ std::optional<Date> MSPIUtilities::zelbToMppDateTime(std::string_view text) {
 std::optional<std::string> MSPIUtilities::mppToZelbDateTime(std::optional<Date> date) {
     if (!date)
         return std::nullopt;
-    const TimeZone zone = TimeZone::system();
+    const TimeZone& zone = TimeZone::system();
     if (auto text = usualdates::zelbFromDate(*date, zone))
         return text;
     MSPCDateComponents components(DateComponents::fromCivilTime(GregorianCalendar(zone).fieldsOfDate(*date)));
