@@ -133,6 +133,20 @@ void logPieces(std::span<const std::string_view> pieces) {
         innermostSink->receive(fmt::format("{}", fmt::join(pieces, "")));
 }
 
+void logLines(std::string_view text, std::span<const std::size_t> sizes) {
+    const bool isForThread = innermostSink == nullptr && thread.isRunning();
+    if (isForThread)
+        prefix.advance();
+    for (const std::size_t size : sizes) {
+        const std::string_view line = text.substr(0, size);
+        text.remove_prefix(size);
+        if (isForThread)
+            thread.append(prefix.text(), {&line, 1});
+        else
+            logLine(line);
+    }
+}
+
 char* beginLogLine(std::size_t size) {
     if (innermostSink != nullptr)
         return innermostSink->begin(size);

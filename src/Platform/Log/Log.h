@@ -17,6 +17,9 @@ void logLine(std::string_view text);
 /// Logs one message that stands in pieces, without putting them together first.
 void logPieces(std::span<const std::string_view> pieces);
 
+/// Logs messages of these sizes, which stand one behind the other in a text, with one time stamp.
+void logLines(std::string_view text, std::span<const std::size_t> sizes);
+
 /// Room for a message of this size in the buffer that it goes to, which the caller fills and ends before it logs
 /// anything else. Null where there is no such room at hand: logPieces always works.
 [[nodiscard]] char* beginLogLine(std::size_t size);

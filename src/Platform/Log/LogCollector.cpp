@@ -4,13 +4,7 @@
 
 namespace brackwater {
 
-void CollectedLines::log() const {
-    std::string_view rest = _text;
-    for (const std::size_t size : _sizes) {
-        logLine(rest.substr(0, size));
-        rest.remove_prefix(size);
-    }
-}
+void CollectedLines::log() const { logLines(_text, _sizes); }
 
 void LogCollector::receive(std::string_view text) {
     _lines._text += text;

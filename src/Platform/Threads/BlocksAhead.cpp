@@ -13,7 +13,7 @@ namespace brackwater {
 namespace {
 
 // Bounds the memory for what waits to be taken.
-constexpr std::size_t kFarthestAhead = 32;
+constexpr std::size_t kFarthestAhead = 8;
 
 } // namespace
 

@@ -24,7 +24,7 @@ public:
 
 private:
     // Few enough that no thread waits long for another one's block, enough that handing a block over costs little.
-    static constexpr std::size_t kItems = 50;
+    static constexpr std::size_t kItems = 200;
 
     std::size_t _items;
 };

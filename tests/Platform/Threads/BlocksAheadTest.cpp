@@ -21,7 +21,7 @@ struct Outcome {
 Outcome goThrough(bool hasHelper, std::size_t last) {
     const test::LogCapture log;
     Outcome outcome;
-    const Blocks blocks(1010);
+    const Blocks blocks(4010);
     std::vector<std::vector<std::size_t>> items(blocks.count());
     std::atomic<bool> wasHelped = !hasHelper;
     const auto doBlock = [&](std::size_t block) {
@@ -57,7 +57,7 @@ TEST(BlocksAhead, LinesAndFailuresComeInOrderWithAndWithoutAHelper) {
     EXPECT_FALSE(alone.wasHelped);
     EXPECT_THAT(alone.log, testing::SizeIs(7 * 2 + 2));
     EXPECT_EQ(alone.log.back(), "failed");
-    EXPECT_EQ(alone.items.size(), 350U);
+    EXPECT_EQ(alone.items.size(), 1400U);
     const Outcome helped = goThrough(true, 20);
     EXPECT_TRUE(helped.wasHelped);
     EXPECT_EQ(helped.log, alone.log);
@@ -67,7 +67,7 @@ TEST(BlocksAhead, LinesAndFailuresComeInOrderWithAndWithoutAHelper) {
 TEST(BlocksAhead, OwnerMayStopAtAnyBlock) {
     EXPECT_EQ(goThrough(true, 2).log, goThrough(false, 2).log);
     EXPECT_EQ(Blocks(0).count(), 0U);
-    EXPECT_EQ(Blocks(1010).endOf(20), 1010U);
+    EXPECT_EQ(Blocks(4010).endOf(20), 4010U);
 }
 
 } // namespace

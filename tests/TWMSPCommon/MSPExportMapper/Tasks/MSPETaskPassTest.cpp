@@ -80,7 +80,7 @@ TEST(TaskPass, HelperThreadChangesNeitherRecordsNorLogNorFailure) {
     };
     expectSame(manyTasks(), "");
     // Of two neighbouring blocks, the helper has one.
-    for (const int number : {1025, 1075})
+    for (const int number : {1025, 1225})
         expectSame(manyTasks({{number, "completion-percentage=2"}, {number + 1, "completion-percentage=3"}}),
                    "Incorrect value of percentComplete (2.000000). Must be from 0.0 to 1.0.");
     expectSame(manyTasks({{1075, "start-date=-"}, {1076, "duration=none"}}), "Task element 'start-date' not found.");
