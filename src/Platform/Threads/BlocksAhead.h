@@ -64,8 +64,7 @@ private:
 
     std::function<void(std::size_t)> _doBlock;
     std::vector<Block> _blocks;
-    std::atomic<std::size_t> _front =
-        0; ///< the block that the owner is at; the number of blocks tells the helper to end
+    std::atomic<std::size_t> _front = 0; ///< the block that the owner is at; behind the last one, the helper ends
     std::thread _helper;
 };
 
