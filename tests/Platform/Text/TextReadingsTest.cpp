@@ -101,13 +101,17 @@ TEST(Saturating, TruncatesAndStaysWithinTheType) {
 
 TEST(Guid, RandomOnesAreDistinctAndOfVersion4) {
     std::set<std::string> texts;
+    Guid::Bytes seen{};              // each bit that was ever set
     for (int i = 0; i < 1000; ++i) { // more than one fetch of random bytes
         const Guid guid = Guid::random();
+        for (std::size_t place = 0; place < seen.size(); ++place)
+            seen[place] |= guid.bytes()[place];
         EXPECT_EQ(guid.bytes()[6] & 0xF0, 0x40);
         EXPECT_EQ(guid.bytes()[8] & 0xC0, 0x80);
         texts.insert(guid.text());
     }
     EXPECT_EQ(texts.size(), 1000U);
+    EXPECT_EQ(Guid(seen).text(), "ffffffff-ffff-4fff-bfff-ffffffffffff");
 }
 
 TEST(Guid, BytesAreInTheOrderOfTheText) {
