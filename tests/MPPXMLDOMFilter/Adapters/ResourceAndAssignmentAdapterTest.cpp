@@ -26,11 +26,14 @@ TEST(AssignmentAdapter, AcceptsOnlyBaselines) {
     const auto element = MSPEXMLAssignmentAdapter::elementWithName("Assignment", nullptr);
     const auto baseline = MSPEXMLAssignmentBaselineAdapter::elementWithName("Baseline", nullptr);
     baseline->addChildElementWithName("Number", "1");
+    const auto ofTask = MSPEXMLTaskBaselineAdapter::elementWithName("Baseline", nullptr);
+    ofTask->addChildElementWithName("Number", "2");
     element->addChild(baseline);
     element->addChild(MSPEXMLNotesAdapter::elementWithName("Notes", nullptr, "dropped"));
 
     EXPECT_THAT(element->mppDomObject()->baselines, ::testing::ElementsAre(baseline->mppDomObject()));
     EXPECT_EQ(baseline->baselineNumber(), 1);
+    EXPECT_EQ(ofTask->baselineNumber(), 2);
     EXPECT_FALSE(element->mppDomObject()->notes);
     EXPECT_TRUE(log.lines().empty());
     expectAssertion("Unexpected 'child' argument class: MSPEXMLNotesAdapter",

@@ -8,9 +8,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <functional>
 #include <sched.h>
@@ -18,6 +20,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,7 +55,16 @@ bool endsIn(const std::string& text, const std::string& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
+// Of the present minute.
+long milliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return now.tv_sec % 60 * 1000 + now.tv_nsec / 1'000'000;
+}
+
 TEST(Log, LineBeginsWithLocalTimeAndProcess) {
+    constexpr long kCoarseness = 11; // of the log's clock
+    const long before = milliseconds() - kCoarseness;
     const Outcome outcome = runInChild([] {
         logLine("plain {} text");
         logLine("{} and {}", "formatted", 42);
@@ -63,6 +75,10 @@ TEST(Log, LineBeginsWithLocalTimeAndProcess) {
                                "[.][0-9]" + digits2 + " Brackwater\\[" + std::to_string(outcome.process) + "\\] ";
     EXPECT_THAT(outcome.standardError,
                 testing::MatchesRegex(prefix + "plain \\{\\} text\n" + prefix + "formatted and 42\n"));
+    constexpr std::size_t kSeconds = std::string_view("YYYY-MM-DD HH:MM:").size();
+    const double logged = std::stod(outcome.standardError.substr(kSeconds, std::string_view("SS.mmm").size()));
+    const auto since = [before](long time) { return (time - before + 120'000) % 60'000; };
+    EXPECT_LE(since(std::lround(logged * 1000)), since(milliseconds()));
 }
 
 void useOneProcessor() {
