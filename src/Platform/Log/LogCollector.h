@@ -13,7 +13,6 @@ class CollectedLines {
 public:
     /// Logs them on the calling thread.
     void log() const;
-    [[nodiscard]] bool isEmpty() const noexcept { return _sizes.empty(); }
 
 private:
     friend class LogCollector;
