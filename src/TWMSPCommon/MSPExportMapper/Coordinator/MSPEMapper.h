@@ -56,8 +56,8 @@ public:
 
     /// On how many threads it may work at once, the caller's included. The result and the log are the same for any
     /// number.
-    [[nodiscard]] bool isWorthAHelper(std::size_t tasks) const noexcept;
     void setThreads(int threads) noexcept { _threads = threads; }
+    [[nodiscard]] bool isWorthAHelper(std::size_t tasks) const noexcept; ///< whether so many gain from a second thread
 
     /// The calling thread's root element; null until the project mapper creates it.
     [[nodiscard]] const std::shared_ptr<MSPEXMLProjectAdapter>& mspdiProject() const noexcept {
