@@ -33,6 +33,32 @@ TEST(Baselines, OnlySummariesOfTheBaselineGetTotals) {
     EXPECT_EQ(group->baseline0->cost, 600);
 }
 
+TEST(Baselines, MaterialAloneHasNoWorkAndTheTaskKeepsItsEffort) {
+    MPPProject project;
+    const auto sand = project.resources.emplace_back(std::make_shared<MPPResource>());
+    sand->source = std::make_unique<MPPResourceSource>();
+    sand->source->id = "r1";
+    sand->source->kind = MPPResourceKind::Material;
+    const auto task = project.tasks.emplace_back(std::make_shared<MPPTask>());
+    task->ID = 1;
+    task->baseline0 = std::make_shared<MPPTaskBaseline>();
+    task->baseline0->start = Date{0};
+    task->source = std::make_unique<MPPTaskSource>();
+    auto& source = task->source->baseline.emplace();
+    source.effort = 7200;
+    source.staticCost = 5;
+    source.assignments = {{"r1", 3}};
+    const auto assignment = project.assignments.emplace_back(std::make_shared<MPPAssignment>());
+    assignment->task.setRecord(task.get());
+    assignment->resource.setRecord(sand.get());
+    assignment->baseline0 = std::make_shared<MPPAssignmentBaseline>();
+    correctBaselines(project, AssignmentIndex(project));
+    EXPECT_EQ(assignment->baseline0->work, 0);
+    EXPECT_EQ(assignment->baseline0->start, std::nullopt);
+    EXPECT_EQ(task->baseline0->work, 2);
+    EXPECT_EQ(task->baseline0->cost, 500);
+}
+
 TEST(GuidOrder, FirstThreeGroupsOfEveryRecordAreSwappedOnce) {
     MPPProject project;
     const auto calendar = std::make_shared<MPPCalendar>();
@@ -73,12 +99,14 @@ TEST(DateBounds, DatesThatWouldWrapAroundAreRemoved) {
         MPPProject project;
         auto task = std::make_shared<MPPTask>();
         task->startDate = Date{row.second};
+        task->progressPoints = {{true, 0, Date{row.second}}, {false, 50, std::nullopt}};
         task->baselines.push_back(std::make_shared<MPPTaskBaseline>());
         task->baselines[0]->finish = Date{row.second};
         project.tasks.push_back(task);
         project.baseline0SaveDate = Date{row.second};
         dropDatesOutsideFormat(project);
         EXPECT_EQ(task->startDate.has_value(), row.stays) << row.second;
+        EXPECT_EQ(task->progressPoints.empty(), !row.stays) << row.second;
         EXPECT_EQ(task->baselines[0]->finish.has_value(), row.stays) << row.second;
         EXPECT_EQ(project.baseline0SaveDate.has_value(), row.stays) << row.second;
     }

@@ -77,14 +77,17 @@ TEST(ScheduledTaskInfo, EffortIsTruncatedAndNonNumericTextFails) {
 }
 
 TEST(ScheduledTaskInfo, ParsesPrerequisites) {
-    const ReadTask task("", "<prerequisite-task idref='t1' kind='SF' external='other.zelb#t9'>"
-                            "<is-resource-dependency>yes</is-resource-dependency>"
-                            "<lead-time is-percentage='true'>0.5</lead-time></prerequisite-task>"
-                            "<prerequisite-task kind='XX'><is-resource-dependency>maybe</is-resource-dependency>"
-                            "<lead-time is-percentage='TRUE'>-86400s</lead-time></prerequisite-task>"
-                            "<prerequisite-task idref='t3' kind='FF'><lead-time>soon</lead-time></prerequisite-task>"
-                            "<prerequisite-task idref='t3' kind='SS'><lead-time>1</lead-time><lead-time>2</lead-time>"
-                            "</prerequisite-task>");
+    const ReadTask task("",
+                        "<prerequisite-task idref='t1' kind='SF' external='other.zelb#t9'>"
+                        "<is-resource-dependency>yes</is-resource-dependency>"
+                        "<lead-time is-percentage='true'>0.5</lead-time></prerequisite-task>"
+                        "<prerequisite-task kind='XX'><is-resource-dependency>maybe</is-resource-dependency>"
+                        "<lead-time is-percentage='TRUE'>-86400s</lead-time></prerequisite-task>"
+                        "<prerequisite-task idref='t3' kind='FF'><is-resource-dependency>no</is-resource-dependency>"
+                        "<lead-time>soon</lead-time></prerequisite-task>"
+                        "<prerequisite-task idref='t3' kind='SS'><is-resource-dependency>yes</is-resource-dependency>"
+                        "<is-resource-dependency>yes</is-resource-dependency>"
+                        "<lead-time>1</lead-time><lead-time>2</lead-time></prerequisite-task>");
     const auto& links = task->prerequisites();
     ASSERT_EQ(links.size(), 4U);
     EXPECT_EQ(links[0].predecessorId, "t1");
@@ -101,8 +104,10 @@ TEST(ScheduledTaskInfo, ParsesPrerequisites) {
     EXPECT_FALSE(links[1].leadIsPercent);
 
     EXPECT_EQ(links[2].kind, Info::LinkKind::FinishFinish);
+    EXPECT_FALSE(links[2].isResourceDependency);
     EXPECT_EQ(links[2].lead, 0.0) << "a text that is no number";
     EXPECT_EQ(links[3].kind, Info::LinkKind::StartStart);
+    EXPECT_FALSE(links[3].isResourceDependency) << "a repeated item";
     EXPECT_EQ(links[3].lead, 0.0) << "a repeated item";
 }
 
