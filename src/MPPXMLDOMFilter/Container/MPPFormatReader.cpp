@@ -36,7 +36,7 @@ MPPFormatReader::~MPPFormatReader() {
 bool MPPFormatReader::open() {
     if (_root != nullptr)
         return true;
-    logLine("opening a file at path {}", _mppFilePath.path());
+    logOpening(_mppFilePath);
     const auto input = openTemplateInput(_mppFilePath.path());
     if (!input || !hasSensibleDirectory(input.get()))
         return false;
@@ -47,6 +47,8 @@ bool MPPFormatReader::open() {
     _root = GSF_INPUT(infile);
     return true;
 }
+
+void MPPFormatReader::logOpening(const FileURL& file) { logLine("opening a file at path {}", file.path()); }
 
 std::int32_t MPPFormatReader::numberOfChildren() const {
     if (_root == nullptr)

@@ -27,6 +27,8 @@ public:
 
     /// True if already open. Also opens gzip and bzip2 files.
     bool open();
+    /// The line that `open` begins with, also for whoever knows what is in the file.
+    static void logOpening(const FileURL& file);
     /// Children of a storage, -1 for a stream, 0 with no node.
     [[nodiscard]] std::int32_t numberOfChildren() const;
     [[nodiscard]] bool isDirectory() const { return numberOfChildren() >= 0; }

@@ -1,6 +1,7 @@
 #include "MPPXMLDOMFilter/Container/MPPTemplateFormat.h"
 
 #include "MPPXMLDOMFilter/Container/MPPFormatReader.h"
+#include "Platform/Files/FileIdentity.h"
 
 #include <algorithm>
 #include <array>
@@ -68,9 +69,7 @@ int versionNamedBy(std::span<const std::uint8_t> compObj) {
     return found == kFormatNames.end() ? 0 : found->version;
 }
 
-} // namespace
-
-int formatVersionOfTemplateAtUrl(const FileURL& url) {
+int readVersion(const FileURL& url) {
     MPPFormatReader root(url);
     if (!root.open())
         return 0;
@@ -79,6 +78,27 @@ int formatVersionOfTemplateAtUrl(const FileURL& url) {
         return 0;
     const auto bytes = compObj->readAll();
     return bytes ? versionNamedBy(*bytes) : 0;
+}
+
+/// The template whose version was read last. Each export asks twice, and those of a list mostly have one template.
+struct KnownTemplate {
+    FileIdentity identity;
+    int version = 0;
+};
+constinit thread_local KnownTemplate lastTemplate;
+
+} // namespace
+
+int formatVersionOfTemplateAtUrl(const FileURL& url) {
+    const auto identity = FileIdentity::ofFile(url.path());
+    if (identity && *identity == lastTemplate.identity) {
+        MPPFormatReader::logOpening(url);
+        return lastTemplate.version;
+    }
+    const int version = readVersion(url);
+    if (version != 0 && identity && identity->isSettled())
+        lastTemplate = {*identity, version};
+    return version;
 }
 
 } // namespace brackwater

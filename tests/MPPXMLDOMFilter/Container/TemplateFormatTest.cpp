@@ -4,7 +4,12 @@
 #include "support/LogCapture.h"
 #include "support/TempFolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
 
 namespace brackwater::test {
 namespace {
@@ -72,6 +77,21 @@ TEST_F(TemplateFormat, LengthsPastTheEndAreNotFollowed) {
             EXPECT_EQ(versionOf({entry}), 0);
         }
     }
+}
+
+// Past the time in which a file's version is not remembered.
+TEST_F(TemplateFormat, IsReadAgainOnceTheFileChanges) {
+    EXPECT_EQ(versionOf("Microsoft Project 12.0", "MSProject.MPP12"), 2);
+    const FileURL url = FileURL::fileURLWithPath(_folder.path("T.mpp"), false);
+    std::this_thread::sleep_for(std::chrono::milliseconds(3100));
+    EXPECT_EQ(formatVersionOfTemplateAtUrl(url), 2);
+    EXPECT_EQ(formatVersionOfTemplateAtUrl(url), 2);
+    EXPECT_THAT(_log.lines(), testing::Each(testing::StartsWith("opening a file at path ")));
+    EXPECT_EQ(_log.lines().size(), 3U);
+
+    EXPECT_EQ(versionOf("Microsoft Project 12.0", "MSProject.MPP14"), 3);
+    std::filesystem::remove(url.path());
+    EXPECT_EQ(formatVersionOfTemplateAtUrl(url), 0);
 }
 
 } // namespace
