@@ -16,24 +16,6 @@ constexpr std::uint32_t kFirstHighSurrogate = 0xD800, kFirstLowSurrogate = 0xDC0
 
 } // namespace
 
-std::optional<std::uint8_t> ByteView::u8(std::size_t offset) const {
-    if (!has(offset, 1))
-        return std::nullopt;
-    return _bytes[offset];
-}
-
-std::optional<std::uint16_t> ByteView::u16(std::size_t offset) const {
-    if (!has(offset, 2))
-        return std::nullopt;
-    return static_cast<std::uint16_t>(_bytes[offset] | _bytes[offset + 1] << 8);
-}
-
-std::optional<std::uint32_t> ByteView::u32(std::size_t offset) const {
-    if (!has(offset, 4))
-        return std::nullopt;
-    return *u16(offset) | static_cast<std::uint32_t>(*u16(offset + 2)) << 16;
-}
-
 std::optional<std::int32_t> ByteView::i32(std::size_t offset) const {
     const auto value = u32(offset);
     if (!value)
@@ -42,9 +24,10 @@ std::optional<std::int32_t> ByteView::i32(std::size_t offset) const {
 }
 
 std::optional<double> ByteView::f64(std::size_t offset) const {
-    if (!has(offset, 8))
+    const auto value = number<std::uint64_t>(offset);
+    if (!value)
         return std::nullopt;
-    return std::bit_cast<double>(*u32(offset) | static_cast<std::uint64_t>(*u32(offset + 4)) << 32);
+    return std::bit_cast<double>(*value);
 }
 
 std::optional<Guid> ByteView::guid(std::size_t offset) const {

@@ -26,9 +26,9 @@ public:
         return offset <= _bytes.size() && count <= _bytes.size() - offset;
     }
 
-    [[nodiscard]] std::optional<std::uint8_t> u8(std::size_t offset) const;
-    [[nodiscard]] std::optional<std::uint16_t> u16(std::size_t offset) const;
-    [[nodiscard]] std::optional<std::uint32_t> u32(std::size_t offset) const;
+    [[nodiscard]] std::optional<std::uint8_t> u8(std::size_t offset) const { return number<std::uint8_t>(offset); }
+    [[nodiscard]] std::optional<std::uint16_t> u16(std::size_t offset) const { return number<std::uint16_t>(offset); }
+    [[nodiscard]] std::optional<std::uint32_t> u32(std::size_t offset) const { return number<std::uint32_t>(offset); }
     [[nodiscard]] std::optional<std::int32_t> i32(std::size_t offset) const;
     [[nodiscard]] std::optional<double> f64(std::size_t offset) const;
     [[nodiscard]] std::optional<Guid> guid(std::size_t offset) const;
@@ -44,6 +44,17 @@ public:
     [[nodiscard]] std::string hex(std::size_t most) const;
 
 private:
+    // Here, since maps and records are read number by number.
+    template <typename Number>
+    [[nodiscard]] std::optional<Number> number(std::size_t offset) const {
+        if (!has(offset, sizeof(Number)))
+            return std::nullopt;
+        Number number = 0;
+        for (std::size_t i = 0; i < sizeof(Number); ++i)
+            number = static_cast<Number>(number | Number{_bytes[offset + i]} << (8 * i));
+        return number;
+    }
+
     std::span<const std::uint8_t> _bytes;
 };
 
