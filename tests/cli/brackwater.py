@@ -106,6 +106,10 @@ ROWS = [
     ("empty.zelb", 1, "^$", "it has no __TOC.xml"),
     ("bad.zelb a.zelb", 1, r"^a.zelb -> a.mpp", r"bad.zelb: not exported: '.*\.xml' could not be read"),
     ("--fail-on-loss losing.zelb", 3, "(?s)losing.mpp: .* [1-9][0-9]* loss.*Lost or changed:", "^$"),
+    ("--fail-on-loss --accept-loss scenario-name losing.zelb", 3, " losses", "^$"),
+    ("--fail-on-loss --accept-loss scenario-name,top-task --accept-loss hammock a.zelb", 0, " 2 losses", "^$"),
+    ("--accept-loss top-task a.zelb", 2, "^$", "--accept-loss requires --fail-on-loss"),
+    ("--fail-on-loss --accept-loss top-task,top a.zelb", 2, "^$", "there is no kind of loss 'top'"),
     ("--fail-on-loss losing.zelb bad.zelb", 1, "(?s)Lost or changed:\n +[0-9]+ x ", "bad.zelb: not exported"),
     ("--input-list list", 0, "2 bundles: 2 exported", "^$"),
 ]

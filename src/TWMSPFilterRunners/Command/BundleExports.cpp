@@ -53,7 +53,7 @@ BundleExports::BundleExports(const CommandOptions& options)
             [this](std::size_t slot, const WorkRequest& request, const WorkerPool::IsComputed& isComputed) {
                 return workInProcess(slot, request, isComputed);
             }),
-      _progress(!options.quiet) {
+      _progress(!options.quiet), _summary(options.acceptedLosses) {
     if (options.log)
         _log.emplace(*options.log, _stopRequests);
     if (options.report)
@@ -216,7 +216,7 @@ int BundleExports::status() const {
         return kSignalStatus + _stopSignal;
     if (_summary.failed() > 0)
         return static_cast<int>(CommandStatus::SomeFailed);
-    const bool isLossAFailure = _options.failsOnLoss && _summary.isAnythingLost();
+    const bool isLossAFailure = _options.failsOnLoss && _summary.hasUnacceptedLoss();
     return static_cast<int>(isLossAFailure ? CommandStatus::Losses : CommandStatus::Exported);
 }
 

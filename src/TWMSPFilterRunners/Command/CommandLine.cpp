@@ -1,5 +1,7 @@
 #include "TWMSPFilterRunners/Command/CommandLine.h"
 
+#include "loss-report/LossKinds.h"
+
 #include "Platform/Values/Processors.h"
 #include "TWMSPFilterRunners/Command/UsageError.h"
 
@@ -35,6 +37,11 @@ public:
 
     std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override {
         return fmt::format("{}{}\n{}\n{}", kUsage, kPurpose, make_groups(app, CLI::AppFormatMode::Normal), kEnd);
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        const std::string kind = option->get_type_name();
+        return kind.empty() ? kind : " " + kind;
     }
 };
 
@@ -73,6 +80,13 @@ std::string optionNear(const CLI::App& app, std::string_view typed) {
     return nearest;
 }
 
+/// Empty for a kind of loss that reports may name.
+std::string faultOfLossKind(const std::string& id) {
+    const bool isKnown =
+        std::ranges::any_of(lossreport::lossKinds(), [&id](const auto& kind) { return kind.id == id; });
+    return isKnown ? std::string() : fmt::format("there is no kind of loss '{}'", id);
+}
+
 class CommandLine {
 public:
     CommandLine() {
@@ -93,7 +107,14 @@ public:
         takeFlag("--exact", _options.exact, "write the same values as Brackwater, even where readers misread them");
         takeText("--log", _options.log, "FILE", "log every step of each export");
         takeText("--report", _options.report, "FILE", "write a report in JSON");
-        takeFlag("--fail-on-loss", _options.failsOnLoss, "exit with status 3 if a document lost something");
+        CLI::Option* const failOnLoss =
+            takeFlag("--fail-on-loss", _options.failsOnLoss, "exit with status 3 if a document lost something");
+        _app.add_option("--accept-loss", _options.acceptedLosses, "but not for losses of these kinds")
+            ->type_name("KIND,...")
+            ->delimiter(',')
+            ->allow_extra_args(false)
+            ->needs(failOnLoss)
+            ->check(faultOfLossKind);
         takeFlag("-q,--quiet", _options.quiet, "report failures only");
     }
 
@@ -122,8 +143,8 @@ private:
             ->check([](const std::string& text) { return std::string(text.empty() ? "the name is empty" : ""); });
     }
 
-    void takeFlag(const char* names, bool& value, const char* help) {
-        _app.add_flag(names, value, help)->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    CLI::Option* takeFlag(const char* names, bool& value, const char* help) {
+        return _app.add_flag(names, value, help)->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     }
 
     [[noreturn]] void refuseUnknownOption() const {

@@ -22,10 +22,11 @@ struct CommandOptions {
     std::optional<std::string> templatePath;
     std::optional<std::string> log;
     std::optional<std::string> report;
+    std::vector<std::string> acceptedLosses; ///< kinds, as in the report
     unsigned jobs = 1;
     bool replacesOutputs = false;
     bool exact = false;
-    bool failsOnLoss = false;
+    bool failsOnLoss = false; ///< unless all losses are accepted
     bool quiet = false;
 };
 

@@ -56,7 +56,7 @@ void Summary::add(const ExportJob& job, const ExportResult& result) {
             _warnings.push_back({warning.text, 0});
         _warnings[place->second].count += warning.count;
     }
-    _isAnythingLost = _isAnythingLost || !result.losses.losses.empty() || !result.comparisonFault.empty();
+    _hasUnacceptedLoss = _hasUnacceptedLoss || !result.comparisonFault.empty();
     addLosses(result.losses);
     _lossesOfTheOnly = _exported + _failed == 1 ? result.losses : lossreport::LossReport();
 }
@@ -64,8 +64,11 @@ void Summary::add(const ExportJob& job, const ExportResult& result) {
 void Summary::addLosses(const lossreport::LossReport& report) {
     for (const lossreport::Loss& loss : report.losses) {
         const auto [place, isNew] = _placeOfLoss.try_emplace(loss.kind, _losses.size());
-        if (isNew)
+        if (isNew) {
             _losses.push_back({loss.why, 0});
+            _hasUnacceptedLoss =
+                _hasUnacceptedLoss || std::ranges::find(_acceptedLosses, loss.kind) == _acceptedLosses.end();
+        }
         ++_losses[place->second].count;
     }
 }

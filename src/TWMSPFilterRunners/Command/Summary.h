@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace brackwater {
@@ -16,12 +17,15 @@ namespace brackwater {
 /// Collects the results of a run for its end.
 class Summary {
 public:
+    /// Kinds of losses that are expected, as in the report.
+    explicit Summary(std::vector<std::string> acceptedLosses = {}) : _acceptedLosses(std::move(acceptedLosses)) {}
+
     void add(const ExportJob& job, const ExportResult& result);
 
     [[nodiscard]] std::size_t exported() const noexcept { return _exported; }
     [[nodiscard]] std::size_t failed() const noexcept { return _failed; }
-    /// Whether an exported bundle lost something, or its losses are unknown.
-    [[nodiscard]] bool isAnythingLost() const noexcept { return _isAnythingLost; }
+    /// Whether an exported bundle lost something that is not accepted, or its losses are unknown.
+    [[nodiscard]] bool hasUnacceptedLoss() const noexcept { return _hasUnacceptedLoss; }
     /// Text for people: the warnings grouped by text, the losses (each of a single bundle, otherwise grouped by
     /// reason), the failed bundles with their reasons, and the totals. At most twenty lines of each; the rest is
     /// counted.
@@ -37,6 +41,7 @@ private:
     void appendLosses(std::string& text) const;
     void appendWarnings(std::string& text) const;
 
+    std::vector<std::string> _acceptedLosses;
     std::size_t _exported = 0;
     std::size_t _failed = 0;
     std::vector<WarningCount> _warnings;
@@ -45,7 +50,7 @@ private:
     lossreport::LossReport _lossesOfTheOnly; ///< if there is only one bundle
     std::vector<LossCount> _losses;
     std::unordered_map<std::string, std::size_t> _placeOfLoss; ///< by kind
-    bool _isAnythingLost = false;
+    bool _hasUnacceptedLoss = false;
 };
 
 } // namespace brackwater
