@@ -18,7 +18,7 @@ namespace brackwater {
 class Summary {
 public:
     /// Kinds of losses that are expected, as in the report.
-    explicit Summary(std::vector<std::string> acceptedLosses = {}) : _acceptedLosses(std::move(acceptedLosses)) {}
+    explicit Summary(std::vector<std::string> acceptedLosses) : _acceptedLosses(std::move(acceptedLosses)) {}
 
     void add(const ExportJob& job, const ExportResult& result);
 
