@@ -47,6 +47,9 @@ struct TaskRow {
         MoreOfBaseline1 = 850, ///< seven more fields of the baseline
         MoreRowsOfBaseline = 7,
         ProjectElement = 927,
+        /// Maps of files with long second rows have four fixed fields more, in front of the baselines' rows.
+        FieldsOfLongRows = 4,
+        ProjectElementOfLongRows = 926,
     };
     /// Of the text field at a position counted from 1.
     [[nodiscard]] static constexpr std::size_t text(std::size_t position) {

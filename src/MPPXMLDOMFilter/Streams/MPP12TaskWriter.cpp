@@ -313,20 +313,13 @@ void MPP12TaskWriter::writeFixed2Meta(MPPFixedMeta& fixed2Meta, StreamOutput& st
     stream.writeEach(project().tasks, [&](const MPPTask& task) { writeTaskFixed2Meta(task, fixed2Meta); });
 }
 
-namespace {
-
-constexpr SecondTaskRecord kEverySecondTask = [] {
-    SecondTaskRecord record;
-    record.bits(TaskRow::SecondBlock, TaskRow::LastSecondField);
-    return record;
-}();
-
-} // namespace
-
 void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fixed2Meta) const {
-    SecondTaskRecord record = kEverySecondTask;
+    const bool isLong = hasLongFixed2Rows();
+    const std::size_t moreFields = isLong ? TaskRow::FieldsOfLongRows : 0;
+    SecondTaskRecord record;
+    record.bits(TaskRow::SecondBlock, TaskRow::LastSecondField + moreFields);
     for (std::size_t i = 0; i < std::min(task.baselines.size(), kMaxBaselines); ++i) {
-        const std::size_t baseline = TaskRow::Baseline1 + TaskRow::RowsOfBaseline * i;
+        const std::size_t baseline = TaskRow::Baseline1 + moreFields + TaskRow::RowsOfBaseline * i;
         record.bits(baseline, baseline + 5);
         if (marksElementsOnly())
             continue;
@@ -335,7 +328,7 @@ void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fix
         const std::size_t more = TaskRow::MoreOfBaseline1 + TaskRow::MoreRowsOfBaseline * i;
         record.bits(more, more + 4);
     }
-    record.bit(TaskRow::ProjectElement, isProject(task));
+    record.bit(isLong ? TaskRow::ProjectElementOfLongRows : TaskRow::ProjectElement, isProject(task));
     record.end(fixed2Meta, 0);
 }
 

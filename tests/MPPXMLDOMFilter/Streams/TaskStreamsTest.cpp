@@ -3,7 +3,10 @@
 #include "MPPXMLDOMFilter/Streams/MPP12TaskWriter.h"
 #include "support/ExpectException.h"
 
+#include <gmock/gmock.h>
+
 #include <initializer_list>
+#include <numeric>
 
 namespace brackwater::test {
 namespace {
@@ -280,6 +283,36 @@ TEST_F(TaskStreams, EachBaselineHasBitsOfItsOwn) {
         }
         EXPECT_TRUE(sameBytes(fixed2Meta(kFirstTaskRow + n), expected)) << n << " baselines";
     }
+}
+
+// As in maps of files whose second rows are long: rows 307 to 317 are fixed fields, 319 begins the first baseline, and
+// 926 is the project's element.
+TEST_F(TaskStreams, LongSecondRowsHaveFourBitsMoreInFrontOfTheBaselines) {
+    MPPTask& task = addTask("a");
+    addTask("b");
+    task.baseline0 = std::make_shared<MPPTaskBaseline>();
+    task.baselines = {std::make_shared<MPPTaskBaseline>()};
+    project.bookkeeping = std::make_unique<MPPBookkeeping>();
+    project.bookkeeping->taskSecondRowSize = 80;
+    preprocess();
+    ASSERT_TRUE(writeTasks()) << failureReason;
+
+    EXPECT_EQ(stream("Fixed2Data").size(), 80U * (kFirstTaskRow + 2));
+    const auto rowsOf = [this](std::size_t index) {
+        const Bytes record = fixed2Meta(index);
+        std::vector<std::size_t> rows;
+        for (std::size_t bit = 0; bit < 8 * (record.size() - 8); ++bit)
+            if ((record[8 + bit / 8] >> bit % 8 & 1) != 0)
+                rows.push_back(307 + bit);
+        return rows;
+    };
+    std::vector<std::size_t> fixed(11);
+    std::iota(fixed.begin(), fixed.end(), 307);
+    EXPECT_THAT(rowsOf(kFirstTaskRow), testing::IsSupersetOf(fixed));
+    EXPECT_THAT(rowsOf(kFirstTaskRow), testing::IsSupersetOf({319, 320, 321, 322, 323, 324}));
+    EXPECT_THAT(rowsOf(kFirstTaskRow), testing::Not(testing::Contains(318)));
+    fixed.push_back(926);
+    EXPECT_THAT(rowsOf(kProjectRow), testing::ElementsAreArray(fixed));
 }
 
 TEST_F(TaskStreams, LimitsAreMetBehindTheWholeOfVar2Data) {
