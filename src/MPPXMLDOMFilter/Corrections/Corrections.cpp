@@ -7,6 +7,7 @@
 #include "MPPXMLDOMFilter/Corrections/Bookkeeping.h"
 #include "MPPXMLDOMFilter/Corrections/CalendarHours.h"
 #include "MPPXMLDOMFilter/Corrections/Costs.h"
+#include "MPPXMLDOMFilter/Corrections/CriticalPath.h"
 #include "MPPXMLDOMFilter/Corrections/CustomFields.h"
 #include "MPPXMLDOMFilter/Corrections/DateBounds.h"
 #include "MPPXMLDOMFilter/Corrections/GuidOrder.h"
@@ -47,6 +48,8 @@ void applyCorrections(MPPProject& project) {
     correctResourceTotals(project);
     // Applies to all records, whichever pass has set their fields.
     dropDatesOutsideFormat(project);
+    // Among dates of the format, and so are its own: none is later than the last finish.
+    findCriticalPath(project, assignments);
     numberCalendarExceptions(project);
     correctGuidOrder(project);
     correctSummaryTexts(project);

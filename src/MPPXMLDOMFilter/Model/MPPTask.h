@@ -32,6 +32,16 @@ struct MPPProgressPoint {
     std::optional<Date> moment; ///< nothing: the end of time
 };
 
+/// How far a task can move without moving the end of the project.
+struct MPPTaskSlack {
+    std::optional<Date> lateStart;
+    std::optional<Date> lateFinish;
+    double start = 0;  ///< seconds of working time up to the late start
+    double finish = 0; ///< up to the late finish
+    double free = 0;   ///< without moving a successor
+    bool isCritical = false;
+};
+
 /// A task. Work is in hours, durations in seconds, percentages are whole numbers.
 ///
 /// The stream writers use the accessors named `get...`, which also define constants for values that the system does not
@@ -88,6 +98,7 @@ struct MPPTask {
     double sheetPosition = 2.0;                   ///< position in the sheet; the project's row is at 1.0
 
     std::unique_ptr<MPPTaskSource> source; ///< null in an exact export
+    std::unique_ptr<MPPTaskSlack> slack;   ///< null in an exact export, where all tasks are critical
 
     /// Custom fields from the mapping; post-processing turns them into `customFieldValues`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
@@ -100,9 +111,9 @@ struct MPPTask {
     [[nodiscard]] std::uint32_t calendarID() const;
 
     [[nodiscard]] std::optional<Date> getEarlyStart() const { return startDate; }
-    [[nodiscard]] std::optional<Date> getLateStart() const { return startDate; }
+    [[nodiscard]] std::optional<Date> getLateStart() const { return slack ? slack->lateStart : startDate; }
     [[nodiscard]] std::optional<Date> getEarlyFinish() const { return endDate; }
-    [[nodiscard]] std::optional<Date> getLateFinish() const { return endDate; }
+    [[nodiscard]] std::optional<Date> getLateFinish() const { return slack ? slack->lateFinish : endDate; }
     [[nodiscard]] std::optional<Date> getActualStart() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getActualFinish() const { return actualFinish; }
     [[nodiscard]] std::optional<Date> getBaselineStart() const { return std::nullopt; }
@@ -113,9 +124,10 @@ struct MPPTask {
     [[nodiscard]] std::optional<Date> getStop() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getResume() const { return std::nullopt; }
     [[nodiscard]] std::optional<Date> getSummaryProgress() const { return std::nullopt; }
-    [[nodiscard]] double getFreeSlack() const { return 0.0; }
-    [[nodiscard]] double getStartSlack() const { return 0.0; }
-    [[nodiscard]] double getFinishSlack() const { return 0.0; }
+    [[nodiscard]] double getFreeSlack() const { return slack ? slack->free : 0.0; }
+    [[nodiscard]] double getStartSlack() const { return slack ? slack->start : 0.0; }
+    [[nodiscard]] double getFinishSlack() const { return slack ? slack->finish : 0.0; }
+    [[nodiscard]] bool isCritical() const { return !slack || slack->isCritical; }
     [[nodiscard]] double getBaselineDuration() const { return 0.0; }
     [[nodiscard]] double getLevelingDelay() const { return 0.0; }
     [[nodiscard]] double getBaselineWork() const { return 0.0; }

@@ -221,7 +221,6 @@ namespace {
 constexpr TaskRecord kEveryTask = [] {
     TaskRecord record;
     record.bits(TaskRow::UniqueID, TaskRow::ID);
-    record.bit(TaskRow::Critical);
     record.bit(TaskRow::Flag9);
     record.bit(TaskRow::Flag32);
     record.bits(TaskRow::FirstField, TaskRow::LastField);
@@ -245,6 +244,7 @@ void MPP12TaskWriter::writeTaskFixedMeta(const MPPTask& task, MPPFixedMeta& fixe
     const bool hasNotes = hasText(task.notes);
     TaskRecord record = kEveryTask;
     record.bit(TaskRow::Milestone, task.milestone);
+    record.bit(TaskRow::Critical, task.isCritical());
     record.bit(TaskRow::OfProject, isProjectRow);
     record.bit(TaskRow::Summary, isProjectRow || task.isSummary);
     record.bit(TaskRow::Marked, task.getMarked());

@@ -1,7 +1,8 @@
 #include "MPPXMLDOMFilter/Corrections/SplitTasks.h"
 
+#include "EightHourDays.h"
+
 #include "MPPXMLDOMFilter/Model/MPPProject.h"
-#include "Platform/Time/GregorianCalendar.h"
 #include "support/ScopedTimeZone.h"
 
 #include <fmt/format.h>
@@ -9,27 +10,6 @@
 
 namespace brackwater::test {
 namespace {
-
-// All days of the calendar have working time from 8 to 16.
-Date march(std::int64_t day, std::int64_t hour) {
-    return GregorianCalendar().dateFromFields({2027, 3, day, hour, 0, 0}).value();
-}
-
-std::shared_ptr<MPPCalendar> calendarOfEightHours() {
-    auto calendar = std::make_shared<MPPCalendar>();
-    calendar->defaultWorkWeek = std::make_shared<MPPCalendarWorkWeek>();
-    MPPCalendarWorkWeek& week = *calendar->defaultWorkWeek;
-    MPPCalendarTime begin;
-    begin.setHours(8);
-    MPPCalendarTime end;
-    end.setHours(16);
-    for (MPPDayRanges* day :
-         {&week.sundayWorkRanges, &week.mondayWorkRanges, &week.tuesdayWorkRanges, &week.wednesdayWorkRanges,
-          &week.thursdayWorkRanges, &week.fridayWorkRanges, &week.saturdayWorkRanges})
-        *day = std::make_shared<MPPRangeList>(
-            MPPRangeList{std::make_shared<MPPCalendarTimeRange>(MPPCalendarTimeRange{begin, end})});
-    return calendar;
-}
 
 // "work in elapsed hours: work@units to elapsed, ...".
 std::string textOf(const MPPWorkSpread& spread) {
