@@ -325,7 +325,7 @@ void MPP12TaskWriter::writeTaskFixed2Meta(const MPPTask& task, MPPFixedMeta& fix
             continue;
         record.bit(baseline + 6);
         record.bits(baseline + 8, baseline + 9);
-        const std::size_t more = TaskRow::MoreOfBaseline1 + TaskRow::MoreRowsOfBaseline * i;
+        const std::size_t more = TaskRow::MoreOfBaseline1 + moreFields + TaskRow::MoreRowsOfBaseline * i;
         record.bits(more, more + 4);
     }
     record.bit(isLong ? TaskRow::ProjectElementOfLongRows : TaskRow::ProjectElement, isProject(task));
