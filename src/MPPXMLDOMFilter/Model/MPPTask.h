@@ -98,7 +98,7 @@ struct MPPTask {
     double sheetPosition = 2.0;                   ///< position in the sheet; the project's row is at 1.0
 
     std::unique_ptr<MPPTaskSource> source; ///< null in an exact export
-    std::unique_ptr<MPPTaskSlack> slack;   ///< null in an exact export, where all tasks are critical
+    std::unique_ptr<MPPTaskSlack> slack;   ///< null where it is not calculated; the task counts as critical then
 
     /// Custom fields from the mapping; post-processing turns them into `customFieldValues`.
     std::vector<std::shared_ptr<const MPPExtendedAttribute>> extendedAttributes;
